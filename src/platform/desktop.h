@@ -1,0 +1,56 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "platform/exceptions.h"
+#include "platform/user_action.h"
+
+namespace dunvey {
+
+class MessageDialog;
+class Window;
+
+/// There is no screen to show anything on; the message says why and what to do.
+DUNVEY_NAMED_EXCEPTION(DesktopUnavailableException);
+
+/// What a desktop holds while it shows something; letting it go takes it off the screen.
+class Shown {
+ public:
+    virtual ~Shown() = default;
+};
+
+/// The one seam to the screen, the keyboard and the mouse. It is loaded at its first use; a run in
+/// which nothing is asked does without.
+class Desktop {
+ public:
+    virtual ~Desktop() = default;
+
+    /// Runs the toolkit's loop until LeaveLoop; serves the event loop's documents and timers on the
+    /// way, each through EventLoop::Enter. Calls nest.
+    virtual void RunLoop() = 0;
+    /// Ends the innermost RunLoop soon. Without one it does nothing.
+    virtual void LeaveLoop() = 0;
+    /// Tells a running loop that there is something new to serve: a document or a timer.
+    virtual void Wake() = 0;
+    /// Makes the program the one in front.
+    virtual void BringToFront() = 0;
+    /// Shows the dialog, as a sheet of the window if that isn't nullptr, and returns at once. The
+    /// dialog lives longer than what is returned.
+    virtual std::unique_ptr<Shown> Show(MessageDialog& dialog, Window* parent) = 0;
+
+    using Loader = std::unique_ptr<Desktop> (*)();
+    /// Names what makes the desktop at its first use. The loader raises DesktopUnavailableException
+    /// where there is no screen.
+    static void SetLoader(Loader loader);
+    /// Puts a desktop in place, nullptr takes it away.
+    static void Install(std::unique_ptr<Desktop> desktop);
+    /// The desktop, loaded now if need be. Raises DesktopUnavailableException.
+    static Desktop& Current();
+    static bool IsLoaded();
+
+ protected:
+    static UserAction ByUser() { return {}; }
+};
+
+}  // namespace dunvey

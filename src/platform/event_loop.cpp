@@ -1,0 +1,137 @@
+#include "platform/event_loop.h"
+
+#include <algorithm>
+
+#include "platform/application.h"
+#include "platform/desktop.h"
+#include "platform/exceptions.h"
+#include "platform/timer.h"
+
+namespace dunvey {
+namespace {
+
+EventLoop* current = nullptr;
+
+}  // namespace
+
+EventLoop::EventLoop() {
+    current = this;
+}
+
+EventLoop::~EventLoop() {
+    current = nullptr;
+}
+
+EventLoop& EventLoop::Current() {
+    if (current == nullptr) throw RuntimeException("There is no event loop.");
+    return *current;
+}
+
+void EventLoop::PostOpenDocument(Ref<FolderItem> document) {
+    documents_.push_back(std::move(document));
+    if (Desktop::IsLoaded()) Desktop::Current().Wake();
+}
+
+void EventLoop::AddTimer(Timer& timer) {
+    timers_.push_back(&timer);
+    if (Desktop::IsLoaded()) Desktop::Current().Wake();
+}
+
+int EventLoop::Run(Application& application) {
+    try {
+        application.Event_Open();
+        application_ = &application;
+        for (;;)
+            Turn();
+    } catch (const EndException& end) {
+        application_ = nullptr;
+        return end.ExitCode;
+    }
+}
+
+void EventLoop::Turn() {
+    const std::optional<Clock::Time> wait = UntilNext();
+    if (Desktop::IsLoaded() || !wait) {
+        RunDesktop();
+        return;
+    }
+    if (*wait > Clock::Time::zero()) Clock::SleepUntil(Clock::Now() + *wait);
+    ServeNext();
+}
+
+void EventLoop::RunDesktop() {
+    Desktop::Current().RunLoop();
+    RaiseKept();
+}
+
+bool EventLoop::ServeNext() {
+    if (Deliverable()) {
+        const Ref<FolderItem> document = std::move(documents_.front());
+        documents_.pop_front();
+        application_->Event_OpenDocument(document);
+        return true;
+    }
+    Timer* timer = NextTimer();
+    if (timer == nullptr || timer->Due() > Clock::Now()) return false;
+    timer->Fire();
+    return true;
+}
+
+std::optional<Clock::Time> EventLoop::UntilNext() const {
+    if (Deliverable()) return Clock::Time::zero();
+    const Timer* timer = NextTimer();
+    if (timer == nullptr) return std::nullopt;
+    return std::max(Clock::Time::zero(), timer->Due() - Clock::Now());
+}
+
+Timer* EventLoop::NextTimer() const {
+    const auto next = std::min_element(
+        timers_.begin(), timers_.end(),
+        [](const Timer* left, const Timer* right) { return left->Due() < right->Due(); });
+    return next == timers_.end() ? nullptr : *next;
+}
+
+void EventLoop::Keep(std::exception_ptr failure) {
+    failure_ = std::move(failure);
+    Desktop::Current().LeaveLoop();
+}
+
+void EventLoop::RaiseKept() {
+    if (failure_) std::rethrow_exception(std::exchange(failure_, nullptr));
+}
+
+void ModalLoop::Run() {
+    EventLoop& loop = EventLoop::Current();
+    struct Nesting {
+        explicit Nesting(EventLoop& outer, ModalLoop& inner) : outer_(outer) {
+            outer_.nested_.push_back(&inner);
+            inner.running_ = true;
+        }
+        ~Nesting() {
+            outer_.nested_.back()->running_ = false;
+            outer_.nested_.pop_back();
+            // A loop further out that was left meanwhile could not end before this one.
+            if (!outer_.nested_.empty() && outer_.nested_.back()->left_) {
+                Desktop::Current().LeaveLoop();
+            }
+        }
+        EventLoop& outer_;
+    } nesting(loop, *this);
+    while (!left_)
+        loop.RunDesktop();
+}
+
+void ModalLoop::Leave() {
+    left_ = true;
+    EventLoop& loop = EventLoop::Current();
+    if (running_ && loop.nested_.back() == this) Desktop::Current().LeaveLoop();
+}
+
+void RuntimeBackgroundTask() {}
+
+void Quit(int exitCode) {
+    Application::Current()->Close();
+    throw EndException(exitCode);
+}
+
+}  // namespace dunvey

@@ -1,0 +1,11 @@
+#include "platform/exceptions.h"
+
+#include "platform/reference.h"
+
+namespace dunvey {
+
+void RaiseNilObject() {
+    throw NilObjectException("A nil reference was used.");
+}
+
+}  // namespace dunvey

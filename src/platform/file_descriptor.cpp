@@ -1,0 +1,49 @@
+#include "platform/file_descriptor.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+
+namespace dunvey {
+
+int FileDescriptor::Close() {
+    const int number = std::exchange(number_, -1);
+    return number >= 0 && close(number) != 0 ? errno : 0;
+}
+
+FileDescriptor OpenRegularFile(const std::string& path, int& error) {
+    FileDescriptor file(open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
+    struct stat status;
+    if (!file || fstat(file.Get(), &status) != 0) {
+        error = errno;
+        return FileDescriptor();
+    }
+    error = S_ISREG(status.st_mode) ? 0 : S_ISDIR(status.st_mode) ? EISDIR : EINVAL;
+    return error == 0 ? std::move(file) : FileDescriptor();
+}
+
+ssize_t ReadFully(int descriptor, char* buffer, size_t count) {
+    size_t done = 0;
+    while (done < count) {
+        const ssize_t got = read(descriptor, buffer + done, count - done);
+        if (got < 0 && errno == EINTR) continue;
+        if (got < 0) return -1;
+        if (got == 0) break;
+        done += static_cast<size_t>(got);
+    }
+    return static_cast<ssize_t>(done);
+}
+
+int WriteFully(int descriptor, std::string_view bytes) {
+    while (!bytes.empty()) {
+        const ssize_t written = write(descriptor, bytes.data(), bytes.size());
+        if (written < 0 && errno == EINTR) continue;
+        if (written < 0) return errno;
+        bytes.remove_prefix(static_cast<size_t>(written));
+    }
+    return 0;
+}
+
+}  // namespace dunvey

@@ -1,0 +1,44 @@
+#pragma once
+
+#include <sys/types.h>
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <utility>
+
+namespace dunvey {
+
+/// Owns a file descriptor and closes it in the end. -1 is none.
+class FileDescriptor {
+ public:
+    explicit FileDescriptor(int number = -1) : number_(number) {}
+    ~FileDescriptor() { Close(); }
+    FileDescriptor(FileDescriptor&& other) noexcept : number_(std::exchange(other.number_, -1)) {}
+    FileDescriptor& operator=(FileDescriptor&& other) noexcept {
+        std::swap(number_, other.number_);
+        return *this;
+    }
+
+    int Get() const { return number_; }
+    explicit operator bool() const { return number_ >= 0; }
+    /// Closes it now. Returns 0 or the errno of the close, where some file systems report a failed
+    /// write.
+    int Close();
+
+ private:
+    int number_;
+};
+
+/// Opens a regular file for reading without ever waiting for it: a FIFO or a device is refused with
+/// EINVAL, a folder with EISDIR. On failure the descriptor is none and `error` the errno.
+FileDescriptor OpenRegularFile(const std::string& path, int& error);
+
+/// Reads until `count` bytes have come or the file ends; interrupted reads go on. Returns the
+/// number of bytes, or -1 with errno set.
+ssize_t ReadFully(int descriptor, char* buffer, size_t count);
+
+/// Writes all bytes; interrupted and short writes go on. Returns 0 or the errno.
+int WriteFully(int descriptor, std::string_view bytes);
+
+}  // namespace dunvey

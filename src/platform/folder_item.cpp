@@ -1,0 +1,121 @@
+#include "platform/folder_item.h"
+
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+
+#include "platform/file_copy.h"
+
+namespace dunvey {
+namespace {
+
+std::string CurrentDirectory() {
+    std::string buffer(256, '\0');
+    while (getcwd(buffer.data(), buffer.size()) == nullptr) {
+        if (errno != ERANGE) return "/";
+        buffer.resize(buffer.size() * 2);
+    }
+    buffer.resize(buffer.find('\0'));
+    return buffer;
+}
+
+/// The path without doubled slashes, "." components and a slash at the end. ".." stays: behind a
+/// link it doesn't lead back.
+std::string Tidied(const std::string& path) {
+    std::string tidy;
+    for (size_t begin = 0; begin < path.size();) {
+        const size_t end = std::min(path.find('/', begin), path.size());
+        const bool nothing = end == begin || (end == begin + 1 && path[begin] == '.');
+        if (!nothing) tidy.append("/").append(path, begin, end - begin);
+        begin = end + 1;
+    }
+    return tidy.empty() ? "/" : tidy;
+}
+
+}  // namespace
+
+FolderItem::FolderItem(std::string path)
+    : path_(Tidied(!path.empty() && path[0] == '/' ? path : CurrentDirectory() + "/" + path)) {}
+
+std::string FolderItem::Name() const {
+    return path_ == "/" ? path_ : path_.substr(path_.rfind('/') + 1);
+}
+
+bool FolderItem::Exists() const {
+    struct stat status;
+    return (followsLinks_ ? &stat : &lstat)(path_.c_str(), &status) == 0;
+}
+
+bool FolderItem::Directory() const {
+    struct stat status;
+    return (followsLinks_ ? &stat : &lstat)(path_.c_str(), &status) == 0 && S_ISDIR(status.st_mode);
+}
+
+int64_t FolderItem::Count() const {
+    return static_cast<int64_t>(listing_.Names(path_).size());
+}
+
+Ref<FolderItem> FolderItem::Parent() const {
+    if (path_ == "/") return nullptr;
+    return New<FolderItem>(path_.substr(0, path_.rfind('/')) + "/");
+}
+
+Ref<FolderItem> FolderItem::Child(const std::string& name) const {
+    return New<FolderItem>(path_ + "/" + name);
+}
+
+Ref<FolderItem> FolderItem::TrueItem(int64_t position) const {
+    const std::vector<std::string>& names = listing_.Names(path_);
+    if (position < 1 || position > static_cast<int64_t>(names.size())) return nullptr;
+    Ref<FolderItem> item = Child(names[static_cast<size_t>(position - 1)]);
+    item->followsLinks_ = false;
+    return item;
+}
+
+void FolderItem::CopyFileTo(const FolderItem& destination) const {
+    const std::string target =
+        destination.Directory() ? destination.Child(Name())->path_ : destination.path_;
+    lastErrorCode_ = CopyFile(path_, target);
+}
+
+void FolderItem::CreateAsFolder() const {
+    lastErrorCode_ = mkdir(path_.c_str(), 0777) == 0 ? 0 : errno;
+}
+
+void FolderItem::Delete() const {
+    if (unlink(path_.c_str()) == 0 || rmdir(path_.c_str()) == 0) {
+        lastErrorCode_ = 0;
+    } else {
+        lastErrorCode_ = errno;
+    }
+}
+
+std::string FolderItem::ShellPath() const {
+    return ShellWord(path_);
+}
+
+std::string UnixpathMBS(const FolderItem& item) {
+    return item.NativePath();
+}
+
+std::string ShellWord(const std::string& text) {
+    if (text.empty()) return "''";
+    static const std::string kPlain =
+        "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789/._-+:,@%";
+    std::string word;
+    word.reserve(text.size() + text.size() / 4);
+    for (const char c : text) {
+        if (c == '\n') {
+            word += "'\n'";  // a backslash in front of it would make both vanish
+        } else {
+            const bool plain = static_cast<signed char>(c) < 0 || kPlain.find(c) != kPlain.npos;
+            if (!plain) word += '\\';
+            word += c;
+        }
+    }
+    return word;
+}
+
+}  // namespace dunvey

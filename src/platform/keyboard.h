@@ -1,0 +1,10 @@
+#pragma once
+
+/// The keys held down at this instant, from the hardware state, not from the event queue. False
+/// where the state can't be read. On Linux Control stands for Command and Alt for Option.
+namespace dunvey::Keyboard {
+
+bool AsyncCommandKey();
+bool AsyncOptionKey();
+
+}  // namespace dunvey::Keyboard

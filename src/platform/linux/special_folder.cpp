@@ -1,0 +1,45 @@
+#include "platform/special_folder.h"
+
+#include <pwd.h>
+#include <unistd.h>
+
+#include <cstdlib>
+#include <memory>
+#include <string>
+
+namespace dunvey::SpecialFolder {
+namespace {
+
+bool IsAbsolute(const char* path) {
+    return path != nullptr && path[0] == '/';
+}
+
+std::string Home() {
+    const char* home = std::getenv("HOME");
+    if (IsAbsolute(home)) return home;
+    const passwd* user = getpwuid(getuid());
+    return user != nullptr && IsAbsolute(user->pw_dir) ? user->pw_dir : "/";
+}
+
+}  // namespace
+
+Ref<FolderItem> Applications() {
+    Ref<FolderItem> system = New<FolderItem>("/Applications");
+    return system->Directory() ? system : New<FolderItem>(Home() + "/Applications");
+}
+
+Ref<FolderItem> ApplicationData() {
+    // The XDG base directory rules: a relative path is to be ignored.
+    const char* configuration = std::getenv("XDG_CONFIG_HOME");
+    return New<FolderItem>(IsAbsolute(configuration) ? configuration : Home() + "/.config");
+}
+
+std::vector<std::string> ApplicationsPaths() {
+    std::vector<std::string> paths = {Applications()->NativePath()};
+    const std::unique_ptr<char, decltype(&std::free)> resolved(realpath(paths[0].c_str(), nullptr),
+                                                               &std::free);
+    if (resolved && paths[0] != resolved.get()) paths.emplace_back(resolved.get());
+    return paths;
+}
+
+}  // namespace dunvey::SpecialFolder

@@ -1,0 +1,166 @@
+#include "platform/shell.h"
+
+#include <fcntl.h>
+#include <signal.h>
+#include <spawn.h>
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+#include <vector>
+
+#include "platform/anonymous_file.h"
+#include "platform/file_descriptor.h"
+#include "platform/shell_environment.h"
+
+namespace dunvey {
+namespace {
+
+// The kernel's limit for one argument is 131,072 bytes with its end mark.
+constexpr size_t kArgumentLimit = 131'071;
+// A quarter of the stack's size limit is what a command's arguments may take, up to 6 MiB.
+constexpr rlim_t kStackForArguments = 24 * 1024 * 1024;
+constexpr int kScriptDescriptor = 3;
+
+void Complain(const char* what, int error) {
+    std::fprintf(stderr, "Dunvey: %s: %s. The command was not run.\n", what, std::strerror(error));
+}
+
+/// Raises the limit of the stack's size, which commands inherit, and puts it back in the end.
+class RoomForArguments {
+ public:
+    RoomForArguments() {
+        changed_ = getrlimit(RLIMIT_STACK, &before_) == 0 && before_.rlim_cur < kStackForArguments;
+        if (!changed_) return;
+        rlimit raised = before_;
+        raised.rlim_cur = std::min(before_.rlim_max, kStackForArguments);
+        changed_ = setrlimit(RLIMIT_STACK, &raised) == 0;
+    }
+    ~RoomForArguments() {
+        if (changed_) setrlimit(RLIMIT_STACK, &before_);
+    }
+    RoomForArguments(const RoomForArguments&) = delete;
+    RoomForArguments& operator=(const RoomForArguments&) = delete;
+
+ private:
+    rlimit before_{};
+    bool changed_ = false;
+};
+
+/// What the shell is started with: descriptors and signals.
+class SpawnPlan {
+ public:
+    explicit SpawnPlan(int output) {
+        posix_spawn_file_actions_init(&actions_);
+        posix_spawn_file_actions_addopen(&actions_, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
+        posix_spawn_file_actions_adddup2(&actions_, output, STDOUT_FILENO);
+        posix_spawnattr_init(&attributes_);
+        sigset_t set;
+        sigemptyset(&set);
+        posix_spawnattr_setsigmask(&attributes_, &set);
+        sigfillset(&set);
+        posix_spawnattr_setsigdefault(&attributes_, &set);
+        posix_spawnattr_setflags(&attributes_, POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETSIGDEF);
+    }
+    ~SpawnPlan() {
+        posix_spawn_file_actions_destroy(&actions_);
+        posix_spawnattr_destroy(&attributes_);
+    }
+    SpawnPlan(const SpawnPlan&) = delete;
+    SpawnPlan& operator=(const SpawnPlan&) = delete;
+
+    void PassScript(int script) {
+        posix_spawn_file_actions_adddup2(&actions_, script, kScriptDescriptor);
+    }
+
+    /// Returns 0 or the error.
+    int Start(pid_t& process, std::vector<const char*> arguments) const {
+        const std::vector<std::string> environment = ShellEnvironment();
+        std::vector<char*> variables;
+        variables.reserve(environment.size() + 1);
+        for (const std::string& variable : environment) {
+            variables.push_back(const_cast<char*>(variable.c_str()));
+        }
+        variables.push_back(nullptr);
+        arguments.push_back(nullptr);
+        return posix_spawn(&process, "/bin/sh", &actions_, &attributes_,
+                           const_cast<char* const*>(arguments.data()), variables.data());
+    }
+
+ private:
+    posix_spawn_file_actions_t actions_;
+    posix_spawnattr_t attributes_;
+};
+
+struct Pipe {
+    FileDescriptor reading;
+    FileDescriptor writing;
+};
+
+/// Both ends are kept from commands; neither is 0, 1, 2 or the script's.
+bool MakePipe(Pipe& made) {
+    std::array<int, 2> ends;
+    if (pipe(ends.data()) != 0) return false;
+    const FileDescriptor low[] = {FileDescriptor(ends[0]), FileDescriptor(ends[1])};
+    made.reading = FileDescriptor(fcntl(ends[0], F_DUPFD_CLOEXEC, kScriptDescriptor + 1));
+    made.writing = FileDescriptor(fcntl(ends[1], F_DUPFD_CLOEXEC, kScriptDescriptor + 1));
+    return made.reading && made.writing;
+}
+
+std::string ReadAll(int descriptor) {
+    constexpr size_t kBlock = 1 << 16;
+    std::string text;
+    for (;;) {
+        const size_t end = text.size();
+        text.resize(end + kBlock);
+        const ssize_t got = ReadFully(descriptor, text.data() + end, kBlock);
+        text.resize(end + static_cast<size_t>(got > 0 ? got : 0));
+        if (got < static_cast<ssize_t>(kBlock)) return text;
+    }
+}
+
+/// Starts the shell; false if that failed, which has then been said.
+bool StartShell(const std::string& command, int output, pid_t& process) {
+    SpawnPlan plan(output);
+    if (command.size() <= kArgumentLimit) {
+        const int error = plan.Start(process, {"sh", "-c", command.c_str()});
+        if (error != 0) Complain("The shell can't be started", error);
+        return error == 0;
+    }
+    const FileDescriptor made = MakeAnonymousFile(command);
+    const FileDescriptor script(made ? fcntl(made.Get(), F_DUPFD_CLOEXEC, kScriptDescriptor + 1)
+                                     : -1);
+    if (!script) {
+        Complain("A long command can't be kept", errno);
+        return false;
+    }
+    plan.PassScript(script.Get());
+    const RoomForArguments room;
+    const int error = plan.Start(process, {"sh", "/dev/fd/3"});
+    if (error != 0) Complain("The shell can't be started", error);
+    return error == 0;
+}
+
+}  // namespace
+
+void Shell::Execute(const std::string& command) {
+    result_.clear();
+    Pipe output;
+    if (!MakePipe(output)) {
+        Complain("No pipe for the output of a command", errno);
+        return;
+    }
+    pid_t process = 0;
+    if (!StartShell(command, output.writing.Get(), process)) return;
+    output.writing.Close();
+    result_ = ReadAll(output.reading.Get());
+    while (waitpid(process, nullptr, 0) < 0 && errno == EINTR) {
+    }
+}
+
+}  // namespace dunvey

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <string>
+
+namespace dunvey {
+
+/// Runs command lines through the system's shell, /bin/sh; one object for each command. On Linux
+/// the bundle's Helpers folder stands first in its PATH.
+class Shell {
+ public:
+    /// Runs the command line and returns when it has ended. It may be longer than one argument can
+    /// be; what the shell then hands to one command may have about 6 MiB. Standard input is empty,
+    /// standard error is the program's own. If the shell can't be started, standard error says so
+    /// and Result is empty.
+    void Execute(const std::string& command);
+
+    /// The standard output of the command.
+    const std::string& Result() const { return result_; }
+
+ private:
+    std::string result_;
+};
+
+}  // namespace dunvey

@@ -1,0 +1,79 @@
+#pragma once
+
+#include <algorithm>
+#include <cmath>
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+/// Operations on text. Text is UTF-8 bytes; a "character" is a code point, and a byte that belongs
+/// to no valid sequence counts as a character of its own. Nothing here depends on the locale, and
+/// every comparison is exact.
+namespace dunvey {
+
+/// The 1-based character position of `find` in `text` at or after the character position `start`
+/// (0 and 1 both mean the beginning); 0 if there is none or `find` is empty.
+int64_t InStr(int64_t start, std::string_view text, std::string_view find);
+
+/// The first `count` characters, fewer if the text is shorter.
+std::string Left(std::string_view text, int64_t count);
+/// The first and the last `count` bytes, fewer if the text is shorter.
+std::string LeftB(std::string_view text, int64_t count);
+std::string RightB(std::string_view text, int64_t count);
+/// The length in bytes.
+int64_t LenB(std::string_view text);
+/// The length in characters.
+int64_t Len(std::string_view text);
+
+/// The text with the ASCII letters in lower case; other letters stay.
+std::string Lowercase(std::string_view text);
+
+/// The piece at the 1-based position `number` between separators; empty beyond the last piece.
+std::string NthField(std::string_view text, std::string_view separator, int64_t number);
+
+/// The text with the first occurrence of `find` replaced; unchanged if there is none.
+std::string Replace(std::string_view text, std::string_view find, std::string_view replacement);
+
+/// The pieces between separators. A text without the separator, the empty one too, is one piece.
+std::vector<std::string> SplitB(std::string_view text, std::string_view separator);
+
+/// The UTF-8 form of a code point; of U+FFFD for a lone surrogate or a value beyond U+10FFFF.
+std::string Chr(uint32_t codePoint);
+
+/// Two upper-case hexadecimal digits for each byte, with a blank between bytes if asked for.
+std::string EncodeHex(std::string_view bytes, bool blanks = false);
+
+/// The value of the number at the beginning of the text, after white space: decimal, or hexadecimal
+/// behind "&h". 0 if there is none; never a NaN or an infinity from their names.
+double Val(std::string_view text);
+
+/// The decimal text of a number.
+std::string Str(int64_t number);
+
+/// The number truncated to an integer, under a pattern of zeros: at least as many digits.
+std::string Format(double number, std::string_view pattern);
+
+inline int64_t Floor(double number) {
+    return static_cast<int64_t>(std::floor(number));
+}
+
+template <typename Number>
+Number Min(Number left, Number right) {
+    return std::min(left, right);
+}
+
+/// A whole number from a floating-point one, cut towards zero; values beyond 64 bits end at the
+/// nearest limit, so that a number out of a file can't be undefined behaviour.
+int64_t Truncate(double number);
+
+/// The bytes that the first `characters` characters of the text take.
+int64_t BytesOfCharacters(std::string_view text, int64_t characters);
+
+namespace EndOfLine {
+inline constexpr std::string_view UNIX = "\n";
+/// The line ending of this platform.
+inline constexpr std::string_view Platform = UNIX;
+}  // namespace EndOfLine
+
+}  // namespace dunvey

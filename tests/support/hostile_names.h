@@ -1,0 +1,61 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace dunvey::test {
+
+/// Text that a file name can hold and a careless command line can't.
+inline std::vector<std::string> HostileNames() {
+    std::vector<std::string> names = {"two words",
+                                      "it's",
+                                      "\"quoted\"",
+                                      "back\\slash",
+                                      "end\\",
+                                      "$HOME",
+                                      "$(touch canary)",
+                                      "`touch canary`",
+                                      "a;touch canary",
+                                      "a&&touch canary",
+                                      "a|cat",
+                                      "a>canary",
+                                      "<in",
+                                      "line\nfeed",
+                                      "\nfirst",
+                                      "last\n",
+                                      "\n",
+                                      "\n\n",
+                                      "\\\n",
+                                      "'\n'",
+                                      "tab\ttab",
+                                      "\r",
+                                      "-dash",
+                                      "--help",
+                                      "~",
+                                      "~root",
+                                      "*",
+                                      "?",
+                                      "[a-z]",
+                                      "{a,b}",
+                                      "!history",
+                                      "#comment",
+                                      "a=b",
+                                      "%s%n",
+                                      "(paren)",
+                                      "^caret",
+                                      "\x7F",
+                                      "\x01\x02",
+                                      "\xFF\xFE invalid",
+                                      "\x81\x88\x82 shell marks",
+                                      "\xE6\x97\xA5\xE6\x9C\xAC\xE8\xAA\x9E",
+                                      "\xE2\x80\xAEright to left",
+                                      "...",
+                                      "..hidden",
+                                      std::string(250, 'x')};
+    for (int byte = 1; byte < 256; ++byte) {
+        if (byte != '/') names.push_back(std::string("b") + static_cast<char>(byte) + "e");
+    }
+    return names;
+}
+
+}  // namespace dunvey::test
