@@ -1,0 +1,51 @@
+#include "version/booting_apps.h"
+
+#include "platform/array.h"
+#include "platform/reg_ex_xojo.h"
+#include "platform/shell.h"
+#include "platform/special_folder.h"
+#include "platform/text.h"
+
+namespace dunvey::InDesign {
+namespace {
+
+constexpr const char* kProcessPath =
+    "/Applications/Adobe InDesign .+?/Adobe InDesign .+?.app/Contents/MacOS/"
+    "Adobe InDesign [^/]+$";
+constexpr const char* kBundleInPath =
+    "/Applications/Adobe InDesign .+?/(Adobe InDesign .+?.app)/Contents/MacOS/"
+    "Adobe InDesign .+";
+
+/// The line with the applications folder as the patterns have it. Nothing stands ahead of it in the
+/// result then, also where the folder is the user's own.
+std::string SeenFromApplications(const std::string& line, const std::vector<std::string>& folders) {
+    for (const std::string& folder : folders) {
+        if (line.starts_with(folder + "/")) return "/Applications" + line.substr(folder.size());
+    }
+    return line;
+}
+
+}  // namespace
+
+std::vector<std::string> BootingAppNames;
+
+void GetBootingAppNames() {
+    BootingAppNames.clear();
+    Shell shell;
+    shell.Execute("ps -ax -o comm");
+    const std::vector<std::string> folders = SpecialFolder::ApplicationsPaths();
+    for (const std::string& entry : SplitB(shell.Result(), EndOfLine::UNIX)) {
+        const std::string line = SeenFromApplications(entry, folders);
+        if (RegExXojo::Mach(line, kProcessPath, 0, true)) {
+            BootingAppNames.push_back(RegExXojo::Replace(line, kBundleInPath, "\\1", 0, true));
+        }
+    }
+}
+
+bool IsBootedDiffApp(const Ref<FolderItem>& application) {
+    GetBootingAppNames();
+    if (BootingAppNames.empty()) return false;
+    return IndexOf(BootingAppNames, application->Name()) == -1;
+}
+
+}  // namespace dunvey::InDesign

@@ -1,0 +1,110 @@
+#include "version/booting_apps.h"
+
+#include <gtest/gtest.h>
+
+#include "support/world.h"
+#include "version/launch_command.h"
+
+namespace dunvey {
+namespace {
+
+class Booting : public test::World {
+ protected:
+    std::string Names(const std::string& output) {
+        folder_.Write("ps-output", output);
+        InDesign::GetBootingAppNames();
+        std::string names;
+        for (const std::string& name : InDesign::BootingAppNames)
+            names += name + "|";
+        return names;
+    }
+    std::string Line(const std::string& path) { return Names("COMM\n" + path + "\n"); }
+};
+
+TEST_F(Booting, NamesComeInTheOrderOfTheListAndAreNoSet) {
+    EXPECT_EQ(
+        Names("COMM\n/sbin/init\n" + ProcessLine("CC") + ProcessLine("CS6") + ProcessLine("CC")),
+        "Adobe InDesign CC.app|Adobe InDesign CS6.app|Adobe InDesign CC.app|");
+}
+
+TEST_F(Booting, OnlyTheProgramOfAnInstallationCounts) {
+    const std::string cs6 =
+        "/Applications/Adobe InDesign CS6/Adobe InDesign CS6.app/Contents/MacOS/Adobe InDesign CS6";
+    const std::string found = "Adobe InDesign CS6.app|";
+    EXPECT_EQ(Line(cs6), found);
+    EXPECT_EQ(Names(cs6), found) << "with no line feed behind it";
+    EXPECT_EQ(Line(folder_.Path() + cs6), found) << "the applications folder may be the user's";
+    EXPECT_EQ(Line(cs6 + "/helper"), "");
+    EXPECT_EQ(Line("/Users/me/" + cs6.substr(14)), "");
+    EXPECT_EQ(Line("/applications/" + cs6.substr(14)), "") << "letter case counts";
+    EXPECT_EQ(Line("/Applications/Adobe InDesign /Adobe InDesign CS6.app/Contents/MacOS/"
+                   "Adobe InDesign CS6"),
+              "")
+        << "at least one character behind the blank";
+    EXPECT_EQ(Line("/Applications/Adobe InDesign CS6/Adobe InDesign CS6.app/Contents/MacOS/Other"),
+              "");
+    EXPECT_EQ(Line("/Applications/Adobe InDesign CS6/Adobe InDesign CS6Xapp/Contents/MacOS/"
+                   "Adobe InDesign CS6"),
+              "Adobe InDesign CS6Xapp|")
+        << "the dot takes any character";
+    EXPECT_EQ(Line("/Applications/Adobe InDesign \u65e5\u672c/Adobe InDesign \u65e5\u672c.app/"
+                   "Contents/MacOS/Adobe InDesign \u65e5\u672c"),
+              "Adobe InDesign \u65e5\u672c.app|");
+}
+
+TEST_F(Booting, TheUsersApplicationsFolderMayBeALink) {
+    folder_.MakeFolder("elsewhere/Programs");
+    rmdir((folder_ / "Applications").c_str());
+    ASSERT_EQ(symlink("elsewhere/Programs", (folder_ / "Applications").c_str()), 0);
+    const std::string name = "/Adobe InDesign CC";
+    const std::string process = name + name + ".app/Contents/MacOS" + name;
+    EXPECT_EQ(Line(folder_ / "elsewhere/Programs" + process), "Adobe InDesign CC.app|");
+    EXPECT_EQ(Line(folder_ / "Applications" + process), "Adobe InDesign CC.app|");
+    EXPECT_EQ(Line(folder_ / "elsewhere" + process), "");
+}
+
+TEST_F(Booting, AListThatFailsReadsAsNothingRunning) {
+    Names(ProcessLine("CS6"));
+    EXPECT_EQ(Names(""), "");
+    unlink((folder_ / "ps-output").c_str());
+    InDesign::GetBootingAppNames();
+    EXPECT_TRUE(InDesign::BootingAppNames.empty());
+    EXPECT_EQ(Names("\xFF\xFE\n" + ProcessLine("CS6") + "\x80"), "Adobe InDesign CS6.app|");
+    std::string hostile;
+    while (hostile.size() < 16'000)
+        hostile += "/Applications/Adobe InDesign ";
+    EXPECT_EQ(Names(hostile + "\n" + ProcessLine("CS6")), "Adobe InDesign CS6.app|");
+}
+
+TEST_F(Booting, ADifferentApplicationRunsOnlyWhereTheGivenOneDoesNot) {
+    const auto cs6 = Installed("CS6", "8.0.1");
+    const auto cc = Installed("CC", "9.2.0");
+    Running({});
+    EXPECT_FALSE(InDesign::IsBootedDiffApp(cs6));
+    Running({"CS6"});
+    EXPECT_FALSE(InDesign::IsBootedDiffApp(cs6));
+    EXPECT_TRUE(InDesign::IsBootedDiffApp(cc));
+    Running({"CS6", "CC"});
+    EXPECT_FALSE(InDesign::IsBootedDiffApp(cc));
+}
+
+using Launch = Booting;
+
+TEST_F(Launch, HandsTheDocumentsOverThenOpensTheApplication) {
+    const auto cs6 = Installed("CS6", "8.0.1");
+    InDesign::OpenWith(cs6, "/a/One.indd /a/Two\\ Pages.indd ");
+    const std::vector<std::vector<std::string>> expected = {
+        {"-a", AppPath("CS6"), "/a/One.indd", "/a/Two Pages.indd"}, {AppPath("CS6")}};
+    EXPECT_EQ(OpenCalls(), expected);
+}
+
+TEST_F(Launch, NothingIsStartedWithoutAnApplicationOrDocuments) {
+    const auto cs6 = Installed("CS6", "8.0.1");
+    InDesign::OpenWith(nullptr, "/a");
+    InDesign::OpenWith(New<FolderItem>(AppPath("gone")), "/a");
+    InDesign::OpenWith(cs6, "");
+    EXPECT_TRUE(OpenCalls().empty());
+}
+
+}  // namespace
+}  // namespace dunvey
