@@ -1,0 +1,90 @@
+#include "platform/linux/helpers/bundle_executable.h"
+
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstring>
+#include <string_view>
+
+#include "platform/file_descriptor.h"
+#include "platform/linux/helpers/message.h"
+#include "platform/property_list.h"
+
+namespace dunvey {
+namespace {
+
+constexpr std::string_view kExtension = ".app";
+
+/// The bytes of a regular file up to the limit of property lists and one more; none if it can't be
+/// read.
+std::string ReadPropertyList(const std::string& path) {
+    int error = 0;
+    const FileDescriptor file = OpenRegularFile(path, error);
+    struct stat status;
+    if (!file || fstat(file.Get(), &status) != 0) return {};
+    if (status.st_size > static_cast<off_t>(kPropertyListLimit)) return {};
+    std::string bytes(static_cast<size_t>(status.st_size), '\0');
+    const ssize_t count = ReadFully(file.Get(), bytes.data(), bytes.size());
+    bytes.resize(count > 0 ? static_cast<size_t>(count) : 0);
+    return bytes;
+}
+
+/// The name that the property list gives; empty if it gives none.
+std::string DeclaredName(const std::string& propertyList) {
+    using namespace CoreFoundationGlobalsMBS;
+    const auto list = NewCFObjectMBSFromXML(NewCFBinaryDataMBSStr(ReadPropertyList(propertyList)));
+    if (!list) return {};
+    const Ref<CFStringMBS> name = list->Lookup(*NewCFStringMBS("CFBundleExecutable"));
+    return name ? name->Text() : std::string();
+}
+
+std::string NameOf(const Bundle& bundle, const std::string& declared) {
+    if (!declared.empty()) return declared;
+    std::string_view name = bundle.Name();
+    if (name.ends_with(kExtension)) name.remove_suffix(kExtension.size());
+    return std::string(name);
+}
+
+bool IsFileName(const std::string& name) {
+    return !name.empty() && name != "." && name != ".." && name.find('/') == std::string::npos;
+}
+
+std::string ProblemWith(const std::string& path, const std::string& propertyList) {
+    struct stat status;
+    if (stat(path.c_str(), &status) != 0) {
+        if (errno != ENOENT)
+            return Quoted(path) + " can't be reached: " + std::strerror(errno) + ".";
+        return "the executable " + Quoted(path) +
+               " is missing. Put the program or a start script there, or name another one under "
+               "CFBundleExecutable in " +
+               Quoted(propertyList) + ".";
+    }
+    if (!S_ISREG(status.st_mode)) {
+        return Quoted(path) +
+               " is no file that could be started. Put the program or a start script"
+               " in its place.";
+    }
+    if (access(path.c_str(), X_OK) == 0) return {};
+    return Quoted(path) + " may not be executed: " + std::strerror(errno) +
+           ". Allow it with chmod +x.";
+}
+
+}  // namespace
+
+BundleExecutable ExecutableOf(const Bundle& bundle) {
+    const std::string propertyList = bundle.Path() + "/Contents/Info.plist";
+    const std::string name = NameOf(bundle, DeclaredName(propertyList));
+    if (!IsFileName(name)) {
+        return {{},
+                "CFBundleExecutable in " + Quoted(propertyList) + " is " + Quoted(name) +
+                    ", which is no name of a file. Write the plain name of a file in " +
+                    Quoted(bundle.Programs()) + "."};
+    }
+    std::string path = bundle.Programs() + "/" + name;
+    std::string problem = ProblemWith(path, propertyList);
+    if (!problem.empty()) path.clear();
+    return {std::move(path), std::move(problem)};
+}
+
+}  // namespace dunvey

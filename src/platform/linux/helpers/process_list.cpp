@@ -1,0 +1,157 @@
+#include "platform/linux/helpers/process_list.h"
+
+#include <dirent.h>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <climits>
+#include <cstdlib>
+#include <ctime>
+#include <memory>
+#include <string_view>
+
+#include "platform/linux/helpers/interpreter_line.h"
+
+namespace dunvey {
+namespace {
+
+constexpr size_t kWordsLimit = 8192;
+/// A script stands among the first words: behind its interpreter, the interpreter's arguments, and
+/// where the interpreter is a script again, behind that one's.
+constexpr size_t kPlacesOfScript = 8;
+constexpr std::string_view kDeleted = " (deleted)";
+constexpr std::string_view kPrograms = "/Contents/MacOS/";
+
+struct FolderCloser {
+    void operator()(DIR* folder) const { closedir(folder); }
+};
+
+std::string ReadLink(int folder, const std::string& path) {
+    std::array<char, PATH_MAX> buffer;
+    const ssize_t length = readlinkat(folder, path.c_str(), buffer.data(), buffer.size());
+    const bool isWhole = length > 0 && static_cast<size_t>(length) < buffer.size();
+    return isWhole ? std::string(buffer.data(), static_cast<size_t>(length)) : std::string();
+}
+
+bool IsSameFile(int folder, const std::string& link, const std::string& path) {
+    struct stat running;
+    struct stat named;
+    return fstatat(folder, link.c_str(), &running, 0) == 0 && stat(path.c_str(), &named) == 0 &&
+           running.st_dev == named.st_dev && running.st_ino == named.st_ino;
+}
+
+/// The path in a link to an executable. The kernel marks a file that was deleted or replaced behind
+/// its path; a file may as well be named like that.
+std::string WithoutDeletedMark(int folder, const std::string& link, std::string path) {
+    if (!path.ends_with(kDeleted) || IsSameFile(folder, link, path)) return path;
+    path.resize(path.size() - kDeleted.size());
+    return path;
+}
+
+/// Whether an absolute path leads through the programs of a bundle.
+bool IsInBundle(const std::string& path) {
+    return path.starts_with('/') && path.find(kPrograms) != std::string::npos;
+}
+
+bool IsLink(const std::string& path) {
+    struct stat status;
+    return lstat(path.c_str(), &status) == 0 && S_ISLNK(status.st_mode);
+}
+
+/// Whether an absolute path names a file in a roundabout way. The program of a bundle may well be a
+/// link to one that is installed elsewhere, and is the bundle's all the same.
+bool IsRoundabout(const std::string& path) {
+    const auto has = [&](const char* part) { return path.find(part) != std::string::npos; };
+    return has("//") || has("/./") || has("/../") || (!IsInBundle(path) && IsLink(path));
+}
+
+std::string Resolved(const std::string& path) {
+    const std::unique_ptr<char, decltype(&std::free)> real(realpath(path.c_str(), nullptr),
+                                                           &std::free);
+    return real ? std::string(real.get()) : path;
+}
+
+/// The script among the words that a process was started with, as an absolute path; empty if it
+/// runs none. `currentFolder` is the process's own.
+std::string ScriptAmong(const std::vector<std::string>& words, const std::string& currentFolder) {
+    std::string script;
+    std::vector<std::string_view> before;
+    for (size_t i = 0; i < std::min(words.size(), kPlacesOfScript); ++i) {
+        if (i > 0 && !words[i].empty() && words[i].front() != '-') {
+            const bool isAbsolute = words[i].front() == '/';
+            const std::string path = isAbsolute ? words[i] : currentFolder + "/" + words[i];
+            const InterpreterLine line = ReadInterpreterLine(path);
+            if (line && StartsWith(line, before)) {
+                script = isAbsolute && !IsRoundabout(path) ? path : Resolved(path);
+                before.clear();  // the interpreter of a further script, if there is one
+            }
+        }
+        before.push_back(words[i]);
+    }
+    return script;
+}
+
+}  // namespace
+
+ProcessList::ProcessList() : folder_(open("/proc", O_RDONLY | O_DIRECTORY | O_CLOEXEC)) {}
+
+std::vector<pid_t> ProcessList::Ids() const {
+    std::vector<pid_t> ids;
+    const std::unique_ptr<DIR, FolderCloser> entries(opendir("/proc"));
+    while (const dirent* entry = entries ? readdir(entries.get()) : nullptr) {
+        const std::string_view name = entry->d_name;
+        pid_t id = 0;
+        const auto [end, error] = std::from_chars(name.data(), name.data() + name.size(), id);
+        if (error == std::errc() && end == name.data() + name.size()) ids.push_back(id);
+    }
+    std::sort(ids.begin(), ids.end());
+    return ids;
+}
+
+ProgramFile ProcessList::Program(pid_t id) const {
+    const std::string link = std::to_string(id) + "/exe";
+    std::string executable = ReadLink(folder_.Get(), link);
+    if (!executable.starts_with('/')) return {};
+    const std::vector<std::string> words = SettledWords(id);
+    const std::string currentFolder = "/proc/" + std::to_string(id) + "/cwd";
+    std::string script = ScriptAmong(words, currentFolder);
+    if (!script.empty()) return {std::move(script), true};
+    const bool isStartedInBundle = !words.empty() && IsInBundle(words[0]) &&
+                                   !IsRoundabout(words[0]) &&
+                                   IsSameFile(folder_.Get(), link, words[0]);
+    if (isStartedInBundle) return {words[0], true};
+    return {WithoutDeletedMark(folder_.Get(), link, std::move(executable)), false};
+}
+
+std::vector<std::string> ProcessList::SettledWords(pid_t id) const {
+    constexpr timespec kPause{0, 100'000};
+    constexpr int kPauses = 20;
+    std::vector<std::string> words = Words(id);
+    for (int i = 0; i < kPauses && words.empty(); ++i) {
+        nanosleep(&kPause, nullptr);
+        words = Words(id);
+    }
+    return words;
+}
+
+std::vector<std::string> ProcessList::Words(pid_t id) const {
+    const std::string path = std::to_string(id) + "/cmdline";
+    const FileDescriptor file(openat(folder_.Get(), path.c_str(), O_RDONLY | O_CLOEXEC));
+    if (!file) return {};
+    std::array<char, kWordsLimit> buffer;
+    // The kernel hands over in one piece what fits; a second read would only find the end.
+    const ssize_t count = read(file.Get(), buffer.data(), buffer.size());
+    std::string_view rest(buffer.data(), count > 0 ? static_cast<size_t>(count) : 0);
+    std::vector<std::string> words;
+    for (size_t end; (end = rest.find('\0')) != std::string_view::npos;) {
+        words.emplace_back(rest.substr(0, end));
+        rest.remove_prefix(end + 1);
+    }
+    return words;
+}
+
+}  // namespace dunvey

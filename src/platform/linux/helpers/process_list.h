@@ -1,0 +1,46 @@
+#pragma once
+
+#include <sys/types.h>
+
+#include <string>
+#include <vector>
+
+#include "platform/file_descriptor.h"
+
+namespace dunvey {
+
+/// The file that a process runs.
+struct ProgramFile {
+    /// The absolute path; empty if it can't be read. Links are resolved, with two exceptions: a
+    /// script keeps the folders of the absolute path it was started by, and a program that was
+    /// started as one of a bundle, from its Contents/MacOS, keeps the whole path.
+    std::string path;
+    /// Whether the path may lead through links.
+    bool hasLinks = false;
+};
+
+/// The processes of the system, as they are at each call.
+class ProcessList {
+ public:
+    ProcessList();
+
+    /// The ids of all processes, ascending; none if the system doesn't tell.
+    std::vector<pid_t> Ids() const;
+
+    /// The script that the process runs, else its executable. Without a path for a process that has
+    /// ended, has no executable (the kernel's own) or is not ours to look at.
+    ProgramFile Program(pid_t id) const;
+
+    /// The words the process was started with, as far as they fit into 8 KiB; none while it is just
+    /// being started.
+    std::vector<std::string> Words(pid_t id) const;
+
+ private:
+    /// The words, waited for up to two milliseconds where a process is just being started: `env`
+    /// starts a second program in its place, in the midst of which it has none.
+    std::vector<std::string> SettledWords(pid_t id) const;
+
+    FileDescriptor folder_;
+};
+
+}  // namespace dunvey

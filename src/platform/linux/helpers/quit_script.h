@@ -1,0 +1,30 @@
+#pragma once
+
+#include <optional>
+#include <string_view>
+#include <vector>
+
+namespace dunvey {
+
+/// One step of a script.
+struct QuitStep {
+    enum class Kind { Quit, Delay };
+
+    Kind kind;
+    /// Of a delay, at most a day.
+    double seconds;
+};
+
+/// Reads a script of the form
+///
+///     on run {NAME}
+///     quit application NAME
+///     delay SECONDS
+///     end run
+///
+/// with any number of the two steps, in any order, between the first line and the last. NAME is a
+/// word of letters, digits and underscores, SECONDS a decimal number. Gives back the steps, or
+/// nothing for any other text.
+std::optional<std::vector<QuitStep>> ReadQuitScript(std::string_view script);
+
+}  // namespace dunvey

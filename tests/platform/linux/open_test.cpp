@@ -1,0 +1,351 @@
+#include <fcntl.h>
+#include <sched.h>
+#include <sys/ioctl.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <csignal>
+#include <sstream>
+
+#include "platform/linux/helper_test.h"
+#include "support/hostile_names.h"
+
+namespace dunvey {
+namespace {
+
+class OpenTest : public HelperTest {
+ protected:
+    OpenTest() : bundle_(MakeBundle("An App.app")), program_(Program("An App")) {}
+
+    std::string Program(const std::string& name) const {
+        return bundle_ + "/Contents/MacOS/" + name;
+    }
+    std::string PropertyListPath() const { return bundle_ + "/Contents/Info.plist"; }
+
+    /// Opens files with the application and gives back the record of its start.
+    Record OpenFiles(const Words& files, const Preparation& prepare = {}) const {
+        Words arguments{"-a", bundle_};
+        arguments.insert(arguments.end(), files.begin(), files.end());
+        const size_t before = Records().size();
+        const Finished open = Run("open", arguments, prepare);
+        EXPECT_EQ(open.code, 0) << open.errors;
+        EXPECT_EQ(open.errors, "");
+        EXPECT_TRUE(Eventually([&] { return Records().size() > before; }));
+        return Records().size() > before ? Records().back() : Record();
+    }
+
+    void StartsAlone(const Preparation& prepare);
+
+    const std::string bundle_;
+    /// The place of the executable that a bundle without a property list has.
+    const std::string program_;
+};
+
+std::string ProcessFile(pid_t process, const std::string& name) {
+    return "/proc/" + std::to_string(process) + "/" + name;
+}
+
+std::string LinkTarget(const std::string& path) {
+    char target[4096];
+    const ssize_t length = readlink(path.c_str(), target, sizeof target);
+    return std::string(target, length > 0 ? static_cast<size_t>(length) : 0);
+}
+
+/// The numbers behind the state in the line that the system keeps of a process.
+struct ProcessState {
+    pid_t parent = 0, group = 0, session = 0;
+    int terminal = 0;
+};
+
+ProcessState StateOf(pid_t process) {
+    const std::string text = ReadText(ProcessFile(process, "stat"));
+    std::istringstream fields(text.substr(text.rfind(')') + 4));
+    ProcessState state;
+    fields >> state.parent >> state.group >> state.session >> state.terminal;
+    return state;
+}
+
+/// The hexadecimal set of signals under a name such as "SigBlk".
+std::string SignalSet(pid_t process, const std::string& name) {
+    const std::string text = ReadText(ProcessFile(process, "status"));
+    return text.substr(text.find(name + ":\t") + name.size() + 2, 16);
+}
+
+std::string PropertyList(const std::string& value) {
+    return "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<plist version=\"1.0\"><dict>"
+           "<key>CFBundleExecutable</key>" +
+           value + "</dict></plist>\n";
+}
+
+/// {CFBundleExecutable: "Named"} in the binary form.
+std::string BinaryPropertyList() {
+    using namespace std::string_literals;
+    return "bplist00\xD1\x01\x02\x5F\x10\x12"s + "CFBundleExecutable" + "\x55"s + "Named" +
+           "\x08\x0B\x20\0\0\0\0\0\0\x01\x01\0\0\0\0\0\0\0\x03\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\x26"s;
+}
+
+/// Takes a pseudo terminal as controlling terminal, as in a terminal window.
+void TakeTerminal() {
+    setsid();
+    const int master = posix_openpt(O_RDWR | O_NOCTTY);
+    if (grantpt(master) != 0 || unlockpt(master) != 0) _exit(97);
+    const int terminal = open(ptsname(master), O_RDWR);
+    if (ioctl(terminal, TIOCSCTTY, 0) != 0) _exit(97);
+}
+
+TEST_F(OpenTest, FilesArriveByteForByte) {
+    MakeRecorder(program_);
+    Words files = {"-a", "--", "./dots/../kept", "/" + std::string(255, 'x')};
+    for (const std::string& name : test::HostileNames()) {
+        files.push_back(name);
+        files.push_back("/" + name);
+    }
+    Words expected = files;
+    for (std::string& file : expected) {
+        if (file.front() != '/') file = In("folder/" + file);
+    }
+    MakeFolder("folder");
+    const Record record = OpenFiles(files, [&] { (void)!chdir(In("folder").c_str()); });
+    EXPECT_EQ(record.arguments, expected);
+    EXPECT_EQ(record.executable, program_);
+}
+
+TEST_F(OpenTest, TakesMoreFilesThanAUsualCommandLine) {
+    MakeRecorder(program_);
+    Words files;
+    for (int i = 0; i < 15'000; ++i)
+        files.push_back("/" + std::string(200, 'x') + std::to_string(i));
+    const Record record = OpenFiles(files, [] {
+        rlimit limit;
+        getrlimit(RLIMIT_STACK, &limit);
+        limit.rlim_cur = rlim_t{64} << 20;
+        if (setrlimit(RLIMIT_STACK, &limit) != 0) _exit(97);
+    });
+    EXPECT_EQ(record.arguments, files);
+}
+
+void OpenTest::StartsAlone(const Preparation& prepare) {
+    MakeRecorder(program_);
+    const std::string home = MakeFolder("home");
+    const Record record = OpenFiles({"/x"}, [&] {
+        TakeTerminal();
+        for (const int number : {7, 63, 500})
+            dup2(STDOUT_FILENO, number);
+        close(STDIN_FILENO);
+        for (const int number : {SIGINT, SIGCHLD, SIGPIPE, SIGHUP})
+            std::signal(number, SIG_IGN);
+        sigset_t all;
+        sigfillset(&all);
+        sigprocmask(SIG_SETMASK, &all, nullptr);
+        setenv("HOME", home.c_str(), 1);
+        if (prepare) prepare();
+    });
+    const pid_t process = record.process;
+    const ProcessState state = StateOf(process);
+    EXPECT_EQ(state.parent, getpid());  // adopted: the helper is gone
+    EXPECT_EQ(state.group, process);
+    EXPECT_EQ(state.session, process);
+    EXPECT_EQ(state.terminal, 0);
+    EXPECT_EQ(Children(), std::vector<pid_t>{process});
+    EXPECT_EQ(SignalSet(process, "SigBlk"), "0000000000000000");
+    EXPECT_EQ(SignalSet(process, "SigIgn"), "0000000000000000");
+    EXPECT_EQ(LinkTarget(ProcessFile(process, "cwd")), home);
+    for (const char* stream : {"fd/0", "fd/1", "fd/2"}) {
+        EXPECT_EQ(LinkTarget(ProcessFile(process, stream)), "/dev/null");
+    }
+    // The recorder closes its own file a moment after the record can be read.
+    EXPECT_TRUE(Eventually([&] { return !Exists(ProcessFile(process, "fd/3")); }));
+    for (const char* inherited : {"fd/7", "fd/63", "fd/500"}) {
+        EXPECT_EQ(LinkTarget(ProcessFile(process, inherited)), "");
+    }
+}
+
+TEST_F(OpenTest, TheApplicationSharesNothingWithItsStarter) {
+    StartsAlone({});
+}
+
+TEST_F(OpenTest, TheApplicationSharesNothingOnAnOldKernelEither) {
+    StartsAlone(BecomeOldKernel);
+}
+
+TEST_F(OpenTest, OnlyItsOwnFolderLeavesTheSearchPath) {
+    MakeRecorder(program_);
+    const std::string own = Helper("");
+    const std::string plain = own.substr(0, own.size() - 1);
+    ASSERT_EQ(symlink(plain.c_str(), In("link").c_str()), 0);
+    const struct {
+        std::string given;
+        std::string expected;
+    } cases[] = {
+        {plain + ":/usr/bin::/bin", "PATH=/usr/bin::/bin"},
+        {In("link") + ":/bin:/missing", "PATH=/bin:/missing"},
+        {"/bin:" + own + ":", "PATH=/bin:"},
+        {"/bin", "PATH=/bin"},
+    };
+    for (const auto& each : cases) {
+        const Record record = OpenFiles({"/x"}, [&] {
+            setenv("PATH", each.given.c_str(), 1);
+            setenv("HOME", "/missing", 1);
+            setenv("OTHER", "kept", 1);
+        });
+        const std::string environment = '\0' + ReadText(ProcessFile(record.process, "environ"));
+        EXPECT_NE(environment.find('\0' + each.expected + '\0'), std::string::npos) << each.given;
+        EXPECT_NE(environment.find(std::string("\0OTHER=kept\0", 12)), std::string::npos);
+        EXPECT_EQ(LinkTarget(ProcessFile(record.process, "cwd")), "/");
+    }
+}
+
+TEST_F(OpenTest, FilesAlwaysStartItAndAloneItStartsOnlyOnce) {
+    MakeRecorder(program_);
+    OpenFiles({"/1"});
+    OpenFiles({"/2"});
+    EXPECT_EQ(Run("open", {bundle_}).code, 0);
+    EXPECT_EQ(Run("open", {"An App.app/"}, [&] { (void)!chdir(In("").c_str()); }).code, 0);
+    EXPECT_EQ(Children().size(), 2U);
+    for (const pid_t child : Children())
+        End(child);
+    EXPECT_EQ(Run("open", {bundle_ + "//"}).code, 0);
+    ASSERT_TRUE(Eventually([&] { return Records().size() == 3; }));
+    EXPECT_EQ(Records()[2].arguments, Words());
+}
+
+TEST_F(OpenTest, AScriptRunsAsSoonAsItIsOpened) {
+    // On one processor a start may be interrupted at any point by whoever looks for it.
+    cpu_set_t processors;
+    CPU_ZERO(&processors);
+    CPU_SET(sched_getcpu(), &processors);
+    sched_setaffinity(0, sizeof processors, &processors);
+    const std::string both = "\"$0\" -a \"$1\" /x && \"$0\" \"$1\"";
+    for (const char* firstLine : {"#!/bin/sh", "#!/usr/bin/env sh", "#!/usr/bin/env -S sh -e"}) {
+        MakeStayingScript(program_, firstLine);
+        for (int i = 0; i < 50; ++i) {
+            int status = -1;
+            waitpid(Start({"/bin/sh", "-c", both, Helper("open"), bundle_}), &status, 0);
+            EXPECT_EQ(status, 0);
+            const std::vector<pid_t> children = Children();
+            EXPECT_EQ(children.size(), 1U) << firstLine;
+            for (const pid_t child : children)
+                End(child);
+        }
+    }
+}
+
+TEST_F(OpenTest, ALinkInTheBundleRunsAsTheBundlesProgram) {
+    const std::string programs[] = {MakeRecorder(In("program elsewhere")),
+                                    MakeStayingScript(In("script elsewhere"), "#!/bin/sh")};
+    ASSERT_EQ(symlink(In("").c_str(), In("other way").c_str()), 0);
+    const std::string started = In("other way/An App.app/Contents/MacOS/An App");
+    for (const std::string& program : programs) {
+        unlink(program_.c_str());
+        ASSERT_EQ(symlink(program.c_str(), program_.c_str()), 0);
+        for (const std::string& path : {In("other way/An App.app"), bundle_, bundle_}) {
+            EXPECT_EQ(Run("open", {path}).code, 0);
+        }
+        EXPECT_NE(Run("ps", {"-ax", "-o", "comm"}).output.find("\n" + started + "\n"),
+                  std::string::npos);
+        EXPECT_EQ(Children().size(), 1U);
+        for (const pid_t child : Children())
+            End(child);
+    }
+}
+
+TEST_F(OpenTest, AScriptHandsTheFilesOn) {
+    const std::string real = MakeRecorder(In("real program"));
+    WriteText(program_, "#!/bin/sh\n'" + real + "' \"$@\"\n", 0755);
+    const Record record = OpenFiles({"/a b", "/c"});
+    EXPECT_EQ(record.executable, real);
+    EXPECT_EQ(record.arguments, (Words{"/a b", "/c"}));
+}
+
+TEST_F(OpenTest, ThePropertyListNamesTheExecutableElseTheBundleDoes) {
+    MakeRecorder(program_);
+    MakeRecorder(Program("Named"));
+    MakeRecorder(Program("Im Größten"));
+    const struct {
+        std::string text;
+        std::string expected;
+    } cases[] = {
+        {PropertyList("<string>Named</string>"), "Named"},
+        {PropertyList("<string>Im Größten</string>"), "Im Größten"},
+        {BinaryPropertyList(), "Named"},
+        {PropertyList("<integer>5</integer>"), "An App"},
+        {PropertyList("<string></string>"), "An App"},
+        {"<plist version=\"1.0\"><dict></dict></plist>", "An App"},
+        {"<plist version=\"1.0\"><array><string>Named</string></array></plist>", "An App"},
+        {PropertyList("<string>Named</string>") + std::string(256 * 1024, ' '), "An App"},
+        {"nonsense", "An App"},
+        {"", "An App"},
+    };
+    for (const auto& each : cases) {
+        WriteText(PropertyListPath(), each.text);
+        EXPECT_EQ(OpenFiles({"/x"}).executable, Program(each.expected)) << each.text.substr(0, 200);
+    }
+    // Must not be read whole before it is found to be too large.
+    ASSERT_EQ(truncate(PropertyListPath().c_str(), off_t{1} << 40), 0);
+    EXPECT_EQ(OpenFiles({"/x"}).executable, program_);
+    unlink(PropertyListPath().c_str());
+    ASSERT_EQ(mkfifo(PropertyListPath().c_str(), 0600), 0);
+    EXPECT_EQ(OpenFiles({"/x"}).executable, program_);
+}
+
+TEST_F(OpenTest, SaysWhatCannotBeStarted) {
+    MakeRecorder(Program("../outside"));
+    WriteText(Program("locked"), "#!/bin/sh\n", 0644);
+    WriteText(Program("stranger"), "#!/missing/interpreter\r\n", 0755);
+    WriteText(Program("words"), "just words", 0755);
+    MakeFolder("An App.app/Contents/MacOS/folder");
+    const struct {
+        const char* declared;
+        const char* message;
+    } cases[] = {
+        {"gone", "/Contents/MacOS/gone\" is missing"},
+        {"locked", "/Contents/MacOS/locked\" may not be executed"},
+        {"stranger", "\"/missing/interpreter?\", which is missing"},
+        {"words", "/Contents/MacOS/words\" is no program"},
+        {"folder", "/Contents/MacOS/folder\" is no file that could be started"},
+        {"../outside", "\"../outside\", which is no name of a file"},
+        {"..", "\"..\", which is no name of a file"},
+        {"/bin/sh", "\"/bin/sh\", which is no name of a file"},
+    };
+    for (const auto& each : cases) {
+        WriteText(PropertyListPath(),
+                  PropertyList("<string>" + std::string(each.declared) + "</string>"));
+        for (const Words& arguments : {Words{"-a", bundle_, "/x"}, Words{bundle_}}) {
+            const Finished open = Run("open", arguments);
+            EXPECT_EQ(open.code, 1);
+            EXPECT_NE(open.errors.find(each.message), std::string::npos) << open.errors;
+        }
+    }
+    MakeFolder("plain");
+    for (const char* path : {"missing.app", "plain", "records"}) {
+        const Finished open = Run("open", {"-a", In(path), "/x"});
+        EXPECT_EQ(open.code, 1);
+        EXPECT_NE(open.errors.find(In(path) + "\" is no application"), std::string::npos);
+    }
+    EXPECT_EQ(Children(), std::vector<pid_t>());
+}
+
+TEST_F(OpenTest, RefusesNonsense) {
+    MakeRecorder(program_);
+    const Words calls[] = {{},
+                           {""},
+                           {"-a"},
+                           {"-a", bundle_},
+                           {"-b", bundle_, "/x"},
+                           {"-a", bundle_, ""},
+                           {"-a", "", "/x"},
+                           {bundle_, "/x"},
+                           {"--help"}};
+    for (const Words& arguments : calls) {
+        const Finished open = Run("open", arguments);
+        EXPECT_EQ(open.code, 2) << testing::PrintToString(arguments);
+        EXPECT_NE(open.errors.find("usage"), std::string::npos);
+    }
+    EXPECT_EQ(Children(), std::vector<pid_t>());
+}
+
+}  // namespace
+}  // namespace dunvey

@@ -1,0 +1,183 @@
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <csignal>
+
+#include "platform/linux/helper_test.h"
+
+namespace dunvey {
+namespace {
+
+std::string Script(const std::string& steps) {
+    return "on run {AppPath}\n" + steps + "\nend run";
+}
+
+const char kQuit[] = "quit application AppPath";
+
+class OsascriptTest : public HelperTest {
+ protected:
+    Finished Quit(const std::string& bundle, const Preparation& prepare = {}) const {
+        return Run("osascript", {"-e", Script(std::string(kQuit) + "\ndelay 0"), bundle}, prepare);
+    }
+    static bool EventuallyEnded(pid_t process) {
+        return Eventually([&] { return !IsRunning(process); });
+    }
+    /// Starts the helper and waits until it does nothing but wait.
+    pid_t StartWaiting(const std::string& steps, const std::string& bundle) const {
+        const pid_t helper = Start({Helper("osascript"), "-e", Script(steps), bundle}, [this] {
+            dup2(open(In("messages").c_str(), O_WRONLY | O_CREAT | O_APPEND, 0600), STDERR_FILENO);
+        });
+        const std::string sleeping = std::to_string(helper) + " (osascript) S";
+        EXPECT_TRUE(Eventually([&] {
+            return ReadText("/proc/" + std::to_string(helper) + "/stat").starts_with(sleeping);
+        }));
+        return helper;
+    }
+
+    /// What belongs to the bundle ends, everything around it runs on.
+    void EndsTheBundleOnly(const Preparation& prepare) {
+        const std::string bundle = MakeBundle("Folder/A.app");
+        const std::string programs = bundle + "/Contents/MacOS/";
+        MakeFolder("Folder/A.app/Contents/MacOS/Deeper");
+        MakeFolder("Folder/A.app/Contents/Resources");
+        MakeFolder("Folder/A.app/Contents/MacOS (old)");
+        const std::string child = MakeRecorder(bundle + "/Contents/Resources/child");
+        WriteText(programs + "wrapper", "#!/bin/sh\n'" + child + "'\nexit 5\n", 0755);
+        const std::string link = In("script link");
+        ASSERT_EQ(symlink((programs + "wrapper").c_str(), link.c_str()), 0);
+
+        const std::string old = bundle + "/Contents/MacOS (old)/program";
+        const std::string lie = "exec -a \"$0\" \"$1\"";
+        const pid_t staying[] = {
+            StartRecorder({"/bin/bash", "-c", lie, programs + "program", MakeRecorder(In("liar"))}),
+            StartRecorder({MakeRecorder(old)}),
+            StartRecorder({MakeRecorder(In("reader")), programs + "wrapper"})};
+        const pid_t ending[] = {StartRecorder({MakeRecorder(programs + "program")}),
+                                StartRecorder({programs + "program"}),
+                                StartRecorder({MakeRecorder(programs + "Deeper/program")}),
+                                StartRecorder({programs + "wrapper"}), StartRecorder({link})};
+        const Finished osascript = Quit(bundle, prepare);
+        EXPECT_EQ(osascript.code, 0) << osascript.errors;
+        for (const pid_t process : ending)
+            EXPECT_TRUE(EventuallyEnded(process));
+        for (const pid_t process : staying)
+            EXPECT_TRUE(IsRunning(process));
+        const std::vector<Record> records = Records();
+        EXPECT_EQ(records.back().executable, child);
+        EXPECT_TRUE(IsRunning(records.back().process));
+    }
+};
+
+TEST_F(OsascriptTest, EndsTheProcessesOfTheBundleAndNoOthers) {
+    EndsTheBundleOnly({});
+}
+
+TEST_F(OsascriptTest, EndsThemOnAnOldKernelToo) {
+    EndsTheBundleOnly(BecomeOldKernel);
+}
+
+TEST_F(OsascriptTest, FindsTheBundleBehindLinksAndRelativePaths) {
+    const std::string bundle = MakeBundle("real/A.app");
+    ASSERT_EQ(symlink("real", In("link").c_str()), 0);
+    const std::string program = MakeRecorder(bundle + "/Contents/MacOS/program");
+    MakeStayingScript(bundle + "/Contents/MacOS/script", "#!/bin/sh");
+    const Preparation inRoot = [this] { (void)!chdir(In("").c_str()); };
+    for (const std::string& path :
+         {bundle, bundle + "//", In("link/A.app"), std::string("link/A.app")}) {
+        SCOPED_TRACE(path);
+        const pid_t ending[] = {StartRecorder({In("link/A.app/Contents/MacOS/program")}),
+                                Start({In("link/A.app/Contents/MacOS/script")})};
+        // The script counts from the moment its process runs it.
+        const auto areEnded = [&] {
+            EXPECT_EQ(Quit(path, inRoot).code, 0);
+            return !IsRunning(ending[0]) && !IsRunning(ending[1]);
+        };
+        EXPECT_TRUE(Eventually(areEnded));
+    }
+}
+
+TEST_F(OsascriptTest, SparesItselfAndItsParent) {
+    const std::string bundle = MakeBundle("A.app");
+    const std::string own = bundle + "/Contents/MacOS/osascript";
+    WriteText(own, ReadText(Helper("osascript")), 0755);
+    const std::string parent = bundle + "/Contents/MacOS/parent";
+    const std::string result = In("result");
+    WriteText(parent,
+              "#!/bin/sh\n'" + own + "' -e \"$1\" \"$2\"\necho \"code $?\" >'" + result + "'\n",
+              0755);
+    Start({parent, Script(kQuit), bundle});
+    EXPECT_TRUE(Eventually([&] { return ReadText(result) == "code 0\n"; }));
+}
+
+TEST_F(OsascriptTest, TakesTheStepsInOrderAndWaitsBehindAFailureToo) {
+    const std::string bundle = MakeBundle("A.app");
+    const std::string program = MakeRecorder(bundle + "/Contents/MacOS/program");
+    const std::string quitFirst = std::string(kQuit) + "\ndelay 3600";
+    const pid_t process = StartRecorder({program});
+    StartWaiting("delay 3600.5\n" + std::string(kQuit), bundle);
+    EXPECT_TRUE(IsRunning(process));
+    const pid_t helper = StartWaiting(quitFirst, bundle);
+    EXPECT_TRUE(EventuallyEnded(process));
+    EXPECT_TRUE(IsRunning(helper));
+    EXPECT_EQ(ReadText(In("messages")), "");
+    EXPECT_TRUE(IsRunning(StartWaiting(quitFirst, In("missing.app"))));
+    EXPECT_NE(ReadText(In("messages")).find("is no application"), std::string::npos);
+}
+
+TEST_F(OsascriptTest, QuittingWhatDoesNotRunIsNoFailureButAMissingBundleIs) {
+    EXPECT_EQ(Quit(MakeBundle("A.app")).code, 0);
+    MakeFolder("Folder/Contents");
+    WriteText(In("Folder/Contents/MacOS"), "no folder");
+    for (const std::string& path : {In("missing\n.app"), In("Folder")}) {
+        const Finished osascript = Quit(path);
+        EXPECT_EQ(osascript.code, 1);
+        EXPECT_NE(osascript.errors.find("is no application"), std::string::npos);
+        EXPECT_EQ(osascript.errors.find('\n'), osascript.errors.size() - 1);
+    }
+}
+
+TEST_F(OsascriptTest, DoesNothingForAnythingButItsLittleLanguage) {
+    const std::string bundle = MakeBundle("A.app");
+    const pid_t process = StartRecorder({MakeRecorder(bundle + "/Contents/MacOS/program")});
+    const std::string quit = kQuit;
+    const std::string scripts[] = {
+        "",
+        quit,
+        "on run {AppPath}\n" + quit,
+        "on run {AppPath}\n" + quit + "\nend run\n",
+        "on run {AppPath}\n" + quit + "\nend run\n" + quit,
+        "on run {}\nquit application \nend run",
+        "on run {App Path}\nquit application App Path\nend run",
+        "on run AppPath\n" + quit + "\nend run",
+        Script(quit + "\nquit application Other"),
+        Script(quit + "\n"),
+        Script(quit + "\ndelay"),
+        Script(quit + "\ndelay "),
+        Script(quit + "\ndelay -1"),
+        Script(quit + "\ndelay nan"),
+        Script(quit + "\ndelay 1x"),
+        Script(quit + "\ndelay 0x1"),
+        Script(quit + "\ndelay 99999999999999999999"),
+        Script(quit + "\ndo shell script \"true\""),
+    };
+    for (const std::string& script : scripts) {
+        const Finished osascript = Run("osascript", {"-e", script, bundle});
+        EXPECT_EQ(osascript.code, 2) << script;
+        EXPECT_NE(osascript.errors.find("isn't understood"), std::string::npos) << script;
+    }
+    const Words calls[] = {{},
+                           {"-e", Script(quit)},
+                           {Script(quit), bundle},
+                           {"-e", Script(quit), ""},
+                           {"-x", Script(quit), bundle},
+                           {"-e", Script(quit), bundle, bundle}};
+    for (const Words& arguments : calls) {
+        const Finished osascript = Run("osascript", arguments);
+        EXPECT_EQ(osascript.code, 2) << testing::PrintToString(arguments);
+        EXPECT_NE(osascript.errors.find("usage"), std::string::npos);
+    }
+    EXPECT_TRUE(IsRunning(process));
+}
+
+}  // namespace
+}  // namespace dunvey

@@ -1,0 +1,147 @@
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <csignal>
+#include <sstream>
+
+#include "platform/linux/helper_test.h"
+
+namespace dunvey {
+namespace {
+
+class PsTest : public HelperTest {
+ protected:
+    Words Lines() const {
+        std::istringstream output(Run("ps", {"-ax", "-o", "comm"}).output);
+        Words lines;
+        for (std::string line; std::getline(output, line);)
+            lines.push_back(line);
+        return lines;
+    }
+    bool Shows(const std::string& path) const {
+        const Words lines = Lines();
+        return std::find(lines.begin(), lines.end(), path) != lines.end();
+    }
+    bool EventuallyShows(const std::string& path) const {
+        return Eventually([&] { return Shows(path); });
+    }
+};
+
+TEST_F(PsTest, ListsExecutablesUnderAHeadingInTheOrderOfTheirIds) {
+    const std::string first = MakeRecorder(In("first program"));
+    const std::string second = MakeRecorder(In("second"));
+    const bool isAscending = StartRecorder({first}) < StartRecorder({second});
+    const Words lines = Lines();
+    EXPECT_EQ(lines.front(), "COMM");
+    const auto isPath = [](const std::string& line) { return line.front() == '/'; };
+    EXPECT_TRUE(std::all_of(lines.begin() + 1, lines.end(), isPath));
+    const auto firstPlace = std::find(lines.begin(), lines.end(), first);
+    const auto secondPlace = std::find(lines.begin(), lines.end(), second);
+    ASSERT_NE(firstPlace, lines.end());
+    ASSERT_NE(secondPlace, lines.end());
+    EXPECT_EQ(firstPlace < secondPlace, isAscending);
+}
+
+TEST_F(PsTest, ShowsAScriptByItsOwnPath) {
+    WriteText(In("interpreter"), "#!/bin/sh\n. \"$1\"\n", 0755);
+    const std::string nested = "#!" + In("interpreter");
+    const struct {
+        const char* firstLine;
+        Words before;
+        Words behind;
+    } cases[] = {
+        {"#!/bin/sh", {}, {"argument", "-c", "--"}},
+        {"#! /bin/sh", {}, {}},
+        {"#!/bin/sh -e", {}, {"-x"}},
+        {"#!/usr/bin/env sh", {}, {}},
+        {"#!/usr/bin/env -S sh -e -u", {}, {"argument"}},
+        {nested.c_str(), {}, {}},
+        {"#!/bin/sh", {"/bin/sh"}, {}},
+        {"#!/bin/sh", {}, {In("other")}},
+    };
+    MakeStayingScript(In("other"), "#!/bin/sh");
+    for (const auto& each : cases) {
+        SCOPED_TRACE(each.firstLine);
+        const std::string script = MakeStayingScript(In("a wrapper's name"), each.firstLine);
+        Words words = each.before;
+        words.push_back(script);
+        words.insert(words.end(), each.behind.begin(), each.behind.end());
+        const pid_t process = Start(words);
+        EXPECT_TRUE(EventuallyShows(script));
+        EXPECT_FALSE(Shows(In("other")));
+        End(process);
+    }
+}
+
+TEST_F(PsTest, ResolvesTheRoundaboutPathOfAScript) {
+    const std::string script = MakeStayingScript(MakeFolder("folder") + "/script", "#!/bin/sh");
+    ASSERT_EQ(symlink(script.c_str(), In("link").c_str()), 0);
+    const Words paths = {"./script", "../folder/script", In("folder/./script"), In("link")};
+    for (const std::string& path : paths) {
+        const pid_t process = Start({path}, [&] { (void)!chdir(In("folder").c_str()); });
+        EXPECT_TRUE(EventuallyShows(script)) << path;
+        End(process);
+    }
+}
+
+TEST_F(PsTest, AScriptThatIsOnlyMentionedDoesNotRun) {
+    const std::string script = MakeStayingScript(In("script"), "#!/bin/sh");
+    const std::string reader = MakeRecorder(In("reader"));
+    const std::string tool = MakeStayingScript(In("tool"), "#!/bin/sh");
+    const std::string waits = "read -r unused <'" + In("never-written") + "'";
+    Start({tool, script});
+    StartRecorder({reader, script});
+    const pid_t shell = Start({"/bin/sh", "-c", waits, script});
+    EXPECT_TRUE(EventuallyShows(tool));
+    EXPECT_TRUE(Shows(reader));
+    EXPECT_TRUE(IsRunning(shell));
+    EXPECT_FALSE(Shows(script));
+}
+
+TEST_F(PsTest, ShowsTheOldPathOfAnExecutableThatWasReplaced) {
+    const std::string replaced = MakeRecorder(In("replaced"));
+    const std::string marked = MakeRecorder(In("marked (deleted)"));
+    StartRecorder({replaced});
+    StartRecorder({marked});
+    MakeRecorder(In("new"));
+    ASSERT_EQ(rename(In("new").c_str(), replaced.c_str()), 0);
+    EXPECT_TRUE(Shows(replaced));
+    EXPECT_TRUE(Shows(marked));
+}
+
+TEST_F(PsTest, AControlCharacterCannotForgeALine) {
+    StartRecorder({MakeRecorder(MakeFolder("x\n") + "/usr\x1b\x7f")});
+    EXPECT_TRUE(Shows(In("x?/usr??")));
+    EXPECT_FALSE(Shows("/usr??"));
+}
+
+TEST_F(PsTest, RefusesOtherArguments) {
+    const Words calls[] = {
+        {}, {"-ax"}, {"-ax", "-o", "pid"}, {"-ax", "-o", "comm", ""}, {"-o", "comm", "-ax"}};
+    for (const Words& arguments : calls) {
+        const Finished ps = Run("ps", arguments);
+        EXPECT_EQ(ps.code, 2) << testing::PrintToString(arguments);
+        EXPECT_EQ(ps.output, "");
+        EXPECT_NE(ps.errors.find("usage"), std::string::npos);
+    }
+}
+
+TEST_F(PsTest, AFailedWriteIsAFailure) {
+    const Preparation toFullDevice = [] { dup2(open("/dev/full", O_WRONLY), STDOUT_FILENO); };
+    const Preparation toClosedPipe = [] {
+        int ends[2];
+        if (pipe(ends) != 0) _exit(97);
+        dup2(ends[1], STDOUT_FILENO);
+        close(ends[0]);
+    };
+    const Preparation toNothing = [] { close(STDOUT_FILENO); };
+    for (const Preparation& prepare : {toFullDevice, toClosedPipe, toNothing}) {
+        const Finished ps = Run("ps", {"-ax", "-o", "comm"}, prepare);
+        EXPECT_EQ(ps.code, 1);
+        EXPECT_NE(ps.errors.find("can't be written"), std::string::npos);
+    }
+}
+
+}  // namespace
+}  // namespace dunvey
