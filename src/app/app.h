@@ -1,0 +1,49 @@
+#pragma once
+
+#include <cstdint>
+#include <vector>
+
+#include "app/drop_timer.h"
+#include "platform/application.h"
+#include "platform/folder_item.h"
+#include "platform/reference.h"
+#include "version/file_class.h"
+
+namespace dunvey {
+
+/// The application object. It gathers the documents of one run, decides for each and hands them on;
+/// then the program ends.
+class App : public Application {
+ public:
+    /// The registered application object as an App; nil if it is none. Raises NilObjectException
+    /// before there is one.
+    static Ref<App> Instance() { return Application::Current().As<App>(); }
+
+    /// Ends a run of documents; nil until Event_Open makes it.
+    Ref<DropTimer> t;
+    /// The documents of this run, in the order of arrival until they are sorted.
+    std::vector<Ref<FileClass>> Files;
+    /// Whether a further document is still taken. Once False it stays False.
+    bool CanAccepted = true;
+
+    void Event_Open() override;
+    void Event_Close() override;
+    void Event_OpenDocument(const Ref<FolderItem>& document) override;
+    /// The menu's About item. Returns whether the command was dealt with.
+    virtual bool _FileAbout_Action();
+    /// Decides for each document of the run whether the user must be asked, asks, and hands the run
+    /// on. Returns when every document has been dealt with.
+    virtual void JudgeToOpen();
+    App() = default;
+
+    /// Shows the chooser for the document at `idx` and returns when it has closed.
+    void createNewWindow(int64_t idx, bool IsBootingApp, bool IsBootingOtherApp, bool IsInstalled,
+                         bool NeedJudgment);
+    /// Asks the operating system's application object to terminate.
+    void terminate();
+    /// Drops the documents that were withdrawn and hands the others to their applications, one
+    /// command for each run of equal WillUseVer, in the order of Files.
+    void OpenFile();
+};
+
+}  // namespace dunvey

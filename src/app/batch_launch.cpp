@@ -1,0 +1,66 @@
+#include <string>
+
+#include "app/app.h"
+#include "platform/array.h"
+#include "platform/event_loop.h"
+#include "version/launch_command.h"
+
+namespace dunvey {
+namespace {
+
+/// The documents that go out in one command: a run of equal version keys.
+class Group {
+ public:
+    void Open(const FileClass& document) {
+        app_ = document.WillUseApp;
+        version_ = document.WillUseVer;
+        paths_.clear();
+        Add(document);
+    }
+    void Add(const FileClass& document) { paths_ += document.File->ShellPath() + " "; }
+    bool Takes(const FileClass& document) const { return document.WillUseVer == version_; }
+    void Launch() const { InDesign::OpenWith(app_, paths_); }
+
+ private:
+    std::string paths_;
+    Ref<FolderItem> app_;
+    std::string version_;
+};
+
+void LaunchAlone(const FileClass& document) {
+    InDesign::OpenWith(document.WillUseApp, document.File->ShellPath());
+}
+
+void RemoveWithdrawn(std::vector<Ref<FileClass>>& files) {
+    std::erase_if(files, [](const Ref<FileClass>& document) { return !document->WillOpen; });
+}
+
+}  // namespace
+
+void App::OpenFile() {
+    if (UpperBound(Files) == -1) return;
+    RemoveWithdrawn(Files);
+    const int64_t last = UpperBound(Files);
+    Group group;
+    for (int64_t position = 0; position <= last; ++position) {
+        const FileClass& document = *At(Files, position);
+        if (position == 0 && position == last) {
+            LaunchAlone(document);
+        } else if (position == 0) {
+            group.Open(document);
+        } else if (group.Takes(document)) {
+            group.Add(document);
+            if (position == last) group.Launch();
+        } else {
+            group.Launch();
+            if (position == last) {
+                LaunchAlone(document);
+            } else {
+                group.Open(document);
+            }
+        }
+        RuntimeBackgroundTask();
+    }
+}
+
+}  // namespace dunvey

@@ -1,0 +1,14 @@
+#include "app/drop_timer.h"
+
+#include "app/app.h"
+#include "platform/event_loop.h"
+
+namespace dunvey {
+
+void DropTimer::Event_Action() {
+    App::Instance()->CanAccepted = false;
+    App::Instance()->JudgeToOpen();
+    Quit(0);
+}
+
+}  // namespace dunvey

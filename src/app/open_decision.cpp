@@ -1,0 +1,44 @@
+#include "app/open_decision.h"
+
+#include "app/app.h"
+#include "platform/array.h"
+#include "platform/event_loop.h"
+#include "platform/keyboard.h"
+#include "version/booting_apps.h"
+#include "version/file_order.h"
+
+namespace dunvey {
+
+RunningFlags JudgeRunning(const std::vector<std::string>& running, const std::string& appName) {
+    const bool own = IndexOf(running, appName) != -1;
+    switch (running.size()) {
+        case 0:
+            return {false, false};
+        case 1:
+            return {own, !own};
+        default:
+            return {own, true};
+    }
+}
+
+void App::JudgeToOpen() {
+    const int64_t last = UpperBound(Files);
+    if (last == -1) return;
+    Files = InDesign::SortFilesByVer(Files);
+    for (int64_t idx = 0; idx <= last; ++idx) {
+        const Ref<FileClass> document = At(Files, idx);
+        InDesign::GetBootingAppNames();
+        const bool isInstalled = static_cast<bool>(document->App);
+        const RunningFlags running = JudgeRunning(InDesign::BootingAppNames, document->AppName);
+        const bool needJudgment = NeedsJudgment(running, isInstalled);
+        if (needJudgment || Keyboard::AsyncCommandKey()) {
+            createNewWindow(idx, running.IsBootingApp, running.IsBootingOtherApp, isInstalled,
+                            needJudgment);
+        }
+        RuntimeBackgroundTask();
+    }
+    Files = InDesign::SortFilesByVer(Files);
+    OpenFile();
+}
+
+}  // namespace dunvey

@@ -1,0 +1,55 @@
+#include "app/process_start.h"
+
+#include "app/app.h"
+#include "app/exception_report.h"
+#include "platform/desktop.h"
+#include "platform/event_loop.h"
+
+namespace dunvey {
+namespace {
+
+/// The platform's own initialisation, which calls back once it is done.
+void InitializeFramework(void (*initialized)()) {
+    initialized();
+}
+
+/// Lets the objects go in the order in which they stand on each other.
+void FinalizeModules() {
+    Application::Register(nullptr);
+    Desktop::Install(nullptr);
+}
+
+}  // namespace
+
+void _InitFileTypes() {}
+
+void _NewAppInstance() {
+    const Ref<App> app = New<App>();
+    Application::Register(app);
+}
+
+void _ApplicationAddMenuHandlers() {}
+
+void _EarlyStartup() {
+    Application::_SetSupportsHiDPI(true);
+    _InitFileTypes();
+    _NewAppInstance();
+    _ApplicationAddMenuHandlers();
+}
+
+void _LateStartup() {}
+
+int _Main() {
+    int exitCode = 1;
+    try {
+        _EarlyStartup();
+        InitializeFramework(&_LateStartup);
+        exitCode = EventLoop::Current().Run(*Application::Current());
+    } catch (...) {
+        ReportException(std::current_exception());
+    }
+    FinalizeModules();
+    return exitCode;
+}
+
+}  // namespace dunvey

@@ -1,0 +1,75 @@
+#include "platform/qt/qt_desktop.h"
+
+#include <QFileOpenEvent>
+#include <QWidget>
+#include <chrono>
+
+#include "platform/application.h"
+#include "platform/event_loop.h"
+#include "platform/qt/qt_message_dialog.h"
+
+namespace dunvey {
+namespace {
+
+// The toolkit keeps references to both for as long as it lives.
+int argumentCount = 1;
+char argument[] = "Dunvey";
+char* argumentList[] = {argument, nullptr};
+
+}  // namespace
+
+QtApplication::QtApplication() : QApplication(argumentCount, argumentList) {
+    // With it on, the end of the first modal window would end all that follow, unseen.
+    setQuitOnLastWindowClosed(false);
+}
+
+bool QtApplication::event(QEvent* event) {
+    if (event->type() != QEvent::FileOpen) return QApplication::event(event);
+    const QString path = static_cast<QFileOpenEvent*>(event)->file();
+    EventLoop& loop = EventLoop::Current();
+    loop.Enter([&] { loop.PostOpenDocument(New<FolderItem>(path.toStdString())); });
+    return true;
+}
+
+QtDesktop::QtDesktop() {
+    wake_.setSingleShot(true);
+    wake_.setTimerType(Qt::PreciseTimer);
+    QObject::connect(&wake_, &QTimer::timeout, &wake_, [this] { Serve(); });
+}
+
+void QtDesktop::RunLoop() {
+    QEventLoop loop;
+    loops_.push_back(&loop);
+    Wake();
+    loop.exec();
+    loops_.pop_back();
+}
+
+void QtDesktop::LeaveLoop() {
+    if (!loops_.empty()) loops_.back()->quit();
+}
+
+void QtDesktop::Wake() {
+    using std::chrono::milliseconds;
+    const auto wait = EventLoop::Current().UntilNext();
+    if (wait) wake_.start(std::chrono::ceil<milliseconds>(*wait));
+}
+
+void QtDesktop::Serve() {
+    EventLoop& loop = EventLoop::Current();
+    loop.Enter([&loop] { loop.ServeNext(); });
+    Wake();
+}
+
+void QtDesktop::BringToFront() {
+    QWidget* window = QApplication::activeModalWidget();
+    if (window == nullptr) return;
+    window->raise();
+    window->activateWindow();
+}
+
+std::unique_ptr<Shown> QtDesktop::Show(MessageDialog& dialog, Window*) {
+    return std::make_unique<QtMessageDialog>(dialog, ByUser());
+}
+
+}  // namespace dunvey

@@ -1,0 +1,70 @@
+#include "platform/qt/qt_message_dialog.h"
+
+#include <QPushButton>
+
+#include "platform/event_loop.h"
+
+namespace dunvey {
+namespace {
+
+QString Text(const std::string& text) {
+    // The logic separates lines as the first home does, with a carriage return.
+    return QString::fromStdString(text).replace(QLatin1Char('\r'), QLatin1Char('\n'));
+}
+
+QMessageBox::Icon Graphic(int icon) {
+    switch (icon) {
+        case MessageDialog::kNote:
+            return QMessageBox::Information;
+        case MessageDialog::kCaution:
+            return QMessageBox::Warning;
+        case MessageDialog::kStop:
+            return QMessageBox::Critical;
+        case MessageDialog::kQuestion:
+            return QMessageBox::Question;
+        default:
+            return QMessageBox::NoIcon;
+    }
+}
+
+}  // namespace
+
+QtMessageDialog::QtMessageDialog(MessageDialog& dialog, UserAction key)
+    : dialog_(dialog), key_(key) {
+    box_.setTextFormat(Qt::PlainText);
+    box_.setIcon(Graphic(dialog.Icon));
+    box_.setText(Text(dialog.Message));
+    box_.setInformativeText(Text(dialog.Explanation));
+    AddButton(dialog.ActionButton, QMessageBox::AcceptRole);
+    AddButton(dialog.AlternateActionButton, QMessageBox::DestructiveRole);
+    AddButton(dialog.CancelButton, QMessageBox::RejectRole);
+    QObject::connect(&box_, &QDialog::finished, &box_, [this] { Finish(); });
+    box_.setWindowModality(Qt::ApplicationModal);
+    box_.show();
+    box_.raise();
+    box_.activateWindow();
+}
+
+QtMessageDialog::~QtMessageDialog() {
+    box_.disconnect();
+}
+
+void QtMessageDialog::AddButton(const Ref<MessageDialogButton>& button,
+                                QMessageBox::ButtonRole role) {
+    if (!button->Visible) return;
+    QPushButton* shown = box_.addButton(Text(button->Caption), role);
+    buttons_.emplace_back(shown, button);
+    if (button == dialog_.ActionButton) box_.setDefaultButton(shown);
+    if (button == dialog_.CancelButton) box_.setEscapeButton(shown);
+}
+
+void QtMessageDialog::Finish() {
+    EventLoop::Current().Enter([this] {
+        for (const auto& [shown, button] : buttons_) {
+            if (shown == box_.clickedButton()) return dialog_.Press(key_, button);
+        }
+        dialog_.Dismiss(key_);
+    });
+}
+
+}  // namespace dunvey

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QMessageBox>
+
+#include "platform/desktop.h"
+#include "platform/message_dialog.h"
+#include "platform/user_action.h"
+
+namespace dunvey {
+
+/// A message dialog on the screen.
+class QtMessageDialog final : public Shown {
+ public:
+    QtMessageDialog(MessageDialog& dialog, UserAction key);
+    ~QtMessageDialog() override;
+
+ private:
+    void AddButton(const Ref<MessageDialogButton>& button, QMessageBox::ButtonRole role);
+    void Finish();
+
+    MessageDialog& dialog_;
+    UserAction key_;
+    QMessageBox box_;
+    std::vector<std::pair<QAbstractButton*, Ref<MessageDialogButton>>> buttons_;
+};
+
+}  // namespace dunvey

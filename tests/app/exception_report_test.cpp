@@ -1,0 +1,48 @@
+#include "app/exception_report.h"
+
+#include <gtest/gtest.h>
+
+#include "platform/exceptions.h"
+#include "platform/streams.h"
+#include "support/world.h"
+
+namespace dunvey {
+namespace {
+
+class ExceptionReport : public test::World {
+ protected:
+    template <typename Act>
+    std::string Report(Act&& act) {
+        ::testing::internal::CaptureStderr();
+        try {
+            act();
+        } catch (...) {
+            ReportException(std::current_exception());
+        }
+        return ::testing::internal::GetCapturedStderr();
+    }
+};
+
+TEST_F(ExceptionReport, NamesTheExceptionItsMessageAndItsOrigin) {
+    user_->ExpectMessage("Dunvey has to end: IOException", {}, [](const MessageDialog& dialog) {
+        EXPECT_NE(dialog.Explanation.find("none.indd"), std::string::npos);
+    });
+    const std::string report =
+        Report([this] { BinaryStream::Open(New<FolderItem>(folder_ / "none.indd")); });
+    EXPECT_NE(report.find("unhandled IOException"), std::string::npos) << report;
+    EXPECT_NE(report.find("none.indd\" can't be opened"), std::string::npos) << report;
+    EXPECT_NE(report.find("(src/platform/streams.cpp:"), std::string::npos) << report;
+}
+
+TEST_F(ExceptionReport, StandardErrorHasItWithoutAScreenToo) {
+    Desktop::Install(nullptr);
+    const std::string report = Report([] { throw NilObjectException("nothing there"); });
+    EXPECT_NE(report.find("unhandled NilObjectException: nothing there"), std::string::npos);
+    EXPECT_NE(report.find("exception_report_test.cpp:"), std::string::npos) << report;
+    auto desktop = std::make_unique<headless::ScriptedDesktop>();
+    user_ = desktop.get();
+    Desktop::Install(std::move(desktop));
+}
+
+}  // namespace
+}  // namespace dunvey

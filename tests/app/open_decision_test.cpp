@@ -1,0 +1,179 @@
+#include "app/open_decision.h"
+
+#include <gtest/gtest.h>
+
+#include "app/app.h"
+#include "support/world.h"
+
+namespace dunvey {
+namespace {
+
+TEST(OpenDecision, TheRunningFlags) {
+    const std::string own = "own.app";
+    struct Row {
+        std::vector<std::string> running;
+        bool isBootingApp;
+        bool isBootingOtherApp;
+    };
+    const Row kRows[] = {{{}, false, false},           {{own}, true, false},
+                         {{"other.app"}, false, true}, {{own, "other.app"}, true, true},
+                         {{own, own}, true, true},     {{"other.app", "third.app"}, false, true}};
+    for (const Row& row : kRows) {
+        const RunningFlags flags = JudgeRunning(row.running, own);
+        EXPECT_EQ(flags.IsBootingApp, row.isBootingApp) << row.running.size();
+        EXPECT_EQ(flags.IsBootingOtherApp, row.isBootingOtherApp) << row.running.size();
+    }
+}
+
+TEST(OpenDecision, WhenTheProgramCannotGoOnByItself) {
+    for (const bool own : {false, true}) {
+        for (const bool other : {false, true}) {
+            EXPECT_EQ(NeedsJudgment({own, other}, true), !own && other);
+            EXPECT_TRUE(NeedsJudgment({own, other}, false));
+        }
+    }
+}
+
+/// The road from the events to the launches, with the recorders at its end.
+class Road : public test::World {
+ protected:
+    ~Road() override { Application::Register(nullptr); }
+
+    /// One run of the program on these documents; returns the exit code.
+    int Open(const std::vector<Ref<FolderItem>>& documents) {
+        Application::Register(New<App>());
+        for (const auto& document : documents)
+            loop_.PostOpenDocument(document);
+        return loop_.Run(*Application::Current());
+    }
+
+    std::vector<std::string> Start(const std::string& suffix,
+                                   const std::vector<Ref<FolderItem>>& documents) const {
+        std::vector<std::string> words = {"-a", AppPath(suffix)};
+        for (const auto& document : documents)
+            words.push_back(document->NativePath());
+        return words;
+    }
+    std::vector<std::string> Again(const std::string& suffix) const { return {AppPath(suffix)}; }
+
+    using Calls = std::vector<std::vector<std::string>>;
+};
+
+TEST_F(Road, OneCommandForEachVersionInAscendingOrder) {
+    Installed("CS5.5", "7.5.3");
+    Installed("CS6", "8.0.1");
+    Installed("2021", "16.4.0");
+    const auto a = Document("a.indd", 16);
+    const auto b = Document("b.indd", 8);
+    const auto c = Document("c.indd", 7, 5);
+    const auto d = Document("d.indd", 16);
+    const auto e = Document("e.indd", 8);
+    EXPECT_EQ(Open({a, b, c, d, e, b}), 0);
+    EXPECT_EQ(OpenCalls(), (Calls{Start("CS5.5", {c}), Again("CS5.5"), Start("CS6", {b, e, b}),
+                                  Again("CS6"), Start("2021", {a, d}), Again("2021")}));
+    EXPECT_EQ(PsRuns(), 6U) << "the process list is read anew for each document";
+}
+
+TEST_F(Road, OtherFilesAreLeftOutAndSayNothing) {
+    Installed("CS6", "8.0.1");
+    const auto document = Document("a.indd", 8);
+    const auto note = New<FolderItem>(folder_.Write("note.txt", "text"));
+    EXPECT_EQ(Open({note, document, New<FolderItem>(folder_ / "gone.indd"), nullptr}), 0);
+    EXPECT_EQ(OpenCalls(), (Calls{Start("CS6", {document}), Again("CS6")}));
+}
+
+TEST_F(Road, NothingToOpenEndsAtOnce) {
+    EXPECT_EQ(Open({New<FolderItem>(folder_.Write("note.txt", "text"))}), 0);
+    EXPECT_EQ(PsRuns(), 0U);
+    EXPECT_TRUE(OpenCalls().empty());
+}
+
+TEST_F(Road, AnApplicationThatIsGoneAtTheLaunchIsLeftOutInSilence) {
+    Installed("CS6", "8.0.1");
+    Installed("CC", "9.2.0");
+    const auto lost = Document("a.indd", 8);
+    const auto kept = Document("b.indd", 9);
+    // The key is read after the intake: as good a moment as any to lose an application.
+    headless::TheMachine().readCommandKey = [this] {
+        rename(AppPath("CS6").c_str(), (folder_ / "trash").c_str());
+        return false;
+    };
+    EXPECT_EQ(Open({lost, kept}), 0);
+    EXPECT_EQ(OpenCalls(), (Calls{Start("CC", {kept}), Again("CC")}));
+}
+
+TEST_F(Road, HostileNamesArriveAsTheyAre) {
+    Installed("CS6", "8.0.1");
+    folder_.MakeFolder("it's $(a) folder");
+    std::vector<Ref<FolderItem>> documents;
+    for (const char* name : {"-a.indd", "$(touch canary).indd", "line\nfeed.indd", "\xFF\xFE.indd",
+                             "a b  c.indd", "\\.indd", "'\"`.indd"}) {
+        documents.push_back(Document(std::string("it's $(a) folder/") + name, 8));
+    }
+    Open(documents);
+    EXPECT_EQ(OpenCalls(), (Calls{Start("CS6", documents), Again("CS6")}));
+}
+
+TEST_F(Road, TheGatheringEndsWhenTheTimerFires) {
+    Installed("CS6", "8.0.1");
+    Ref<App> app = New<App>();
+    Application::Register(app);
+    app->Event_Open();
+    EXPECT_EQ(app->t->Mode(), Timer::kOff);
+    EXPECT_EQ(app->t->Period(), 1);
+    app->Event_OpenDocument(nullptr);
+    EXPECT_EQ(app->t->Mode(), Timer::kOnce) << "a rejected item restarts the wait as well";
+    app->CanAccepted = false;
+    app->Event_OpenDocument(Document("late.indd", 8));
+    EXPECT_EQ(app->t->Mode(), Timer::kOff) << "a late document leaves it off";
+    EXPECT_TRUE(app->Files.empty());
+}
+
+class Batch : public Road {
+ protected:
+    /// Documents with these version keys in this order, a "-" ahead of a withdrawn one.
+    Calls Launch(const std::vector<std::string>& keys) {
+        unlink((folder_ / "open-calls").c_str());
+        const auto application = Installed("CS6", "8.0.1");
+        Ref<App> app = New<App>();
+        for (size_t i = 0; i < keys.size(); ++i) {
+            Ref<FileClass> record = New<FileClass>();
+            record->WillOpen = keys[i][0] != '-';
+            record->WillUseVer = keys[i].substr(record->WillOpen ? 0 : 1);
+            record->WillUseApp = record->WillUseVer == "nil" ? nullptr : application;
+            record->File = New<FolderItem>("/" + std::to_string(i));
+            app->Files.push_back(record);
+        }
+        app->OpenFile();
+        Calls files;
+        for (const auto& call : OpenCalls()) {
+            if (call.size() > 1) files.emplace_back(call.begin() + 2, call.end());
+        }
+        return files;
+    }
+};
+
+TEST_F(Batch, GroupsEndWhereTheKeyChanges) {
+    EXPECT_EQ(Launch({}), Calls{});
+    EXPECT_EQ(Launch({"14"}), (Calls{{"/0"}}));
+    EXPECT_EQ(Launch({"14", "15"}), (Calls{{"/0"}, {"/1"}}));
+    EXPECT_EQ(Launch({"14", "14"}), (Calls{{"/0", "/1"}}));
+    EXPECT_EQ(Launch({"14", "14", "15"}), (Calls{{"/0", "/1"}, {"/2"}}));
+    EXPECT_EQ(Launch({"14", "15", "15"}), (Calls{{"/0"}, {"/1", "/2"}}));
+    EXPECT_EQ(Launch({"14", "15", "16"}), (Calls{{"/0"}, {"/1"}, {"/2"}}));
+    EXPECT_EQ(Launch({"15", "15.0"}), (Calls{{"/0"}, {"/1"}})) << "keys are texts";
+}
+
+TEST_F(Batch, WithdrawnDocumentsAreDropped) {
+    EXPECT_EQ(Launch({"-8", "-8", "-9", "-9", "-10"}), Calls{});
+    EXPECT_EQ(Launch({"-8", "8", "-8"}), (Calls{{"/1"}}));
+    EXPECT_EQ(Launch({"8", "-8", "9", "-9", "9"}), (Calls{{"/0"}, {"/2", "/4"}}));
+}
+
+TEST_F(Batch, AMissingApplicationCostsItsOwnGroupOnly) {
+    EXPECT_EQ(Launch({"nil", "8", "8"}), (Calls{{"/1", "/2"}}));
+    EXPECT_EQ(Launch({"8", "nil"}), (Calls{{"/0"}}));
+}
+
+}  // namespace
+}  // namespace dunvey
