@@ -1,0 +1,4 @@
+/// An application that is started and ends at once.
+int main() {
+    return 0;
+}
