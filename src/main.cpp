@@ -3,6 +3,7 @@
 #include "platform/desktop_plugin.h"
 #include "platform/event_loop.h"
 #include "platform/launch_documents.h"
+#include "platform/process_setup.h"
 
 using namespace dunvey;
 
@@ -15,8 +16,9 @@ std::unique_ptr<Desktop> LoadQtDesktop() {
 }  // namespace
 
 int main(int argc, char** argv) {
+    SetUpProcess();
     EventLoop loop;
     Desktop::SetLoader(&LoadQtDesktop);
-    PostLaunchDocuments(loop, {argv + (argc > 0 ? 1 : 0), argv + argc});
+    KeepLaunchWords({argv + (argc > 0 ? 1 : 0), argv + argc});
     return _Main();
 }

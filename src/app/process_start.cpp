@@ -4,12 +4,15 @@
 #include "app/exception_report.h"
 #include "platform/desktop.h"
 #include "platform/event_loop.h"
+#include "platform/launch_documents.h"
 
 namespace dunvey {
 namespace {
 
-/// The platform's own initialisation, which calls back once it is done.
+/// The platform's own initialisation, which brings the documents of the launch and calls back once it
+/// is done.
 void InitializeFramework(void (*initialized)()) {
+    PostLaunchDocuments(EventLoop::Current());
     initialized();
 }
 

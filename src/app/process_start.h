@@ -3,9 +3,8 @@
 namespace dunvey {
 
 /// The steps of process start and the run of the program, from the making of the application object
-/// to the last finaliser. The event loop must exist, with the documents of the launch in it.
-/// Returns the exit code: what Quit was given, 1 after a failure that nothing caught, which has
-/// then been reported.
+/// to the last finaliser. The event loop must exist. Returns the exit code: what Quit was given, 1
+/// after a failure that nothing caught, which has then been reported.
 int _Main();
 
 void _EarlyStartup();

@@ -38,13 +38,17 @@ void EventLoop::AddTimer(Timer& timer) {
 }
 
 int EventLoop::Run(Application& application) {
+    struct Ending {
+        explicit Ending(EventLoop& ending) : loop(ending) {}
+        ~Ending() { loop.ended_ = true; }
+        EventLoop& loop;
+    } const ending(*this);
+    ended_ = false;
     try {
         application.Event_Open();
         application_ = &application;
-        for (;;)
-            Turn();
+        for (;;) Turn();
     } catch (const EndException& end) {
-        application_ = nullptr;
         return end.ExitCode;
     }
 }
@@ -65,6 +69,7 @@ void EventLoop::RunDesktop() {
 }
 
 bool EventLoop::ServeNext() {
+    if (ended_) return false;
     if (Deliverable()) {
         const Ref<FolderItem> document = std::move(documents_.front());
         documents_.pop_front();
@@ -78,6 +83,7 @@ bool EventLoop::ServeNext() {
 }
 
 std::optional<Clock::Time> EventLoop::UntilNext() const {
+    if (ended_) return std::nullopt;
     if (Deliverable()) return Clock::Time::zero();
     const Timer* timer = NextTimer();
     if (timer == nullptr) return std::nullopt;

@@ -68,6 +68,8 @@ class EventLoop {
     void RaiseKept();
 
     Application* application_ = nullptr;
+    /// Once the run has ended nothing is served any more, also while a report of its end is shown.
+    bool ended_ = false;
     std::deque<Ref<FolderItem>> documents_;
     std::vector<Timer*> timers_;
     std::vector<ModalLoop*> nested_;

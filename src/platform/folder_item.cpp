@@ -14,7 +14,9 @@ namespace {
 std::string CurrentDirectory() {
     std::string buffer(256, '\0');
     while (getcwd(buffer.data(), buffer.size()) == nullptr) {
-        if (errno != ERANGE) return "/";
+        // The folder is gone. Below what is no folder nothing can exist, whereas another folder might
+        // well hold a file of the name.
+        if (errno != ERANGE) return "/dev/null";
         buffer.resize(buffer.size() * 2);
     }
     buffer.resize(buffer.find('\0'));

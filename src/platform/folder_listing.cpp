@@ -3,6 +3,7 @@
 #include <dirent.h>
 
 #include <algorithm>
+#include <cstdlib>
 #include <ctime>
 
 namespace dunvey {
@@ -36,7 +37,8 @@ std::vector<std::string> ReadNames(const std::string& folder) {
 const std::vector<std::string>& FolderListing::Names(const std::string& folder) {
     const std::optional<FileStamp> stamp = StampOf(folder);
     if (stamp && stamp == stamp_) return names_;
-    const bool settled = stamp && Now() - std::max(stamp->modified, stamp->changed) > kClockStep;
+    // Nobody can set the time of the change, but the clock itself may have been set back since.
+    const bool settled = stamp && std::abs(Now() - stamp->changed) > kClockStep;
     stamp_ = settled ? stamp : std::nullopt;
     names_ = stamp ? ReadNames(folder) : std::vector<std::string>();
     return names_;

@@ -1,8 +1,15 @@
+#include <unistd.h>
+
 #include "platform/launch_documents.h"
 #include "platform/text.h"
 
 namespace dunvey {
 namespace {
+
+std::vector<std::string>& KeptWords() {
+    static std::vector<std::string> words;
+    return words;
+}
 
 int HexadecimalDigit(char c) {
     if (c >= '0' && c <= '9') return c - '0';
@@ -28,6 +35,12 @@ bool DecodePercent(const std::string& text, std::string& decoded) {
     return true;
 }
 
+bool IsThisMachine(const std::string& name) {
+    char own[256] = {};
+    const bool known = gethostname(own, sizeof own - 1) == 0;
+    return name.empty() || name == "localhost" || (known && name == Lowercase(own));
+}
+
 /// The part of a URI behind its machine, still encoded; empty if that isn't this machine.
 std::string LocalPart(const std::string& uri) {
     std::string rest = uri.substr(uri.find(':') + 1);
@@ -35,10 +48,18 @@ std::string LocalPart(const std::string& uri) {
     const size_t path = rest.find('/', 2);
     if (path == std::string::npos) return {};
     const std::string machine = Lowercase(rest.substr(2, path - 2));
-    return machine.empty() || machine == "localhost" ? rest.substr(path) : std::string();
+    return IsThisMachine(machine) ? rest.substr(path) : std::string();
 }
 
 }  // namespace
+
+void KeepLaunchWords(std::vector<std::string> words) {
+    KeptWords() = std::move(words);
+}
+
+const std::vector<std::string>& LaunchWords() {
+    return KeptWords();
+}
 
 std::string PathOfWord(const std::string& word) {
     if (Lowercase(LeftB(word, 5)) != "file:") return word;

@@ -6,23 +6,64 @@
 #include <cstdlib>
 #include <memory>
 
+#include "platform/binary_property_list.h"
+
 namespace dunvey {
 
-CFDictionaryMBS::CFDictionaryMBS(void* node) : node_(node) {}
+namespace {
 
-CFDictionaryMBS::~CFDictionaryMBS() {
-    plist_free(static_cast<plist_t>(node_));
+/// Out of the XML form. Holds libplist's dictionary node and frees it in the end.
+class XmlDictionary final : public CFDictionaryMBS {
+ public:
+    explicit XmlDictionary(plist_t node) : node_(node) {}
+    ~XmlDictionary() override { plist_free(node_); }
+    XmlDictionary(const XmlDictionary&) = delete;
+    XmlDictionary& operator=(const XmlDictionary&) = delete;
+
+    Ref<CFStringMBS> Lookup(const CFStringMBS& key) const override {
+        plist_t value = plist_dict_get_item(node_, key.Text().c_str());
+        if (value == nullptr || plist_get_node_type(value) != PLIST_STRING) return nullptr;
+        char* text = nullptr;
+        plist_get_string_val(value, &text);
+        if (text == nullptr) return nullptr;
+        const std::unique_ptr<char, decltype(&std::free)> owner(text, &std::free);
+        return New<CFStringMBS>(std::string(text));
+    }
+
+ private:
+    plist_t node_;
+};
+
+class BinaryDictionary final : public CFDictionaryMBS {
+ public:
+    explicit BinaryDictionary(BinaryPropertyList list) : list_(std::move(list)) {}
+
+    Ref<CFStringMBS> Lookup(const CFStringMBS& key) const override {
+        std::optional<std::string> text = list_.Text(key.Text());
+        return text ? New<CFStringMBS>(std::move(*text)) : nullptr;
+    }
+
+ private:
+    BinaryPropertyList list_;
+};
+
+Ref<CFDictionaryMBS> FromBinary(const std::string& bytes) {
+    BinaryPropertyList list(bytes);
+    return list.IsDictionary() ? New<BinaryDictionary>(std::move(list)) : Ref<BinaryDictionary>();
 }
 
-Ref<CFStringMBS> CFDictionaryMBS::Lookup(const CFStringMBS& key) const {
-    plist_t value = plist_dict_get_item(static_cast<plist_t>(node_), key.Text().c_str());
-    if (value == nullptr || plist_get_node_type(value) != PLIST_STRING) return nullptr;
-    char* text = nullptr;
-    plist_get_string_val(value, &text);
-    if (text == nullptr) return nullptr;
-    std::unique_ptr<char, decltype(&std::free)> owner(text, &std::free);
-    return New<CFStringMBS>(std::string(text));
+Ref<CFDictionaryMBS> FromXml(const std::string& bytes) {
+    plist_t node = nullptr;
+    plist_from_xml(bytes.data(), static_cast<uint32_t>(bytes.size()), &node);
+    if (node == nullptr) return nullptr;
+    if (plist_get_node_type(node) != PLIST_DICT) {
+        plist_free(node);
+        return nullptr;
+    }
+    return New<XmlDictionary>(node);
 }
+
+}  // namespace
 
 namespace CoreFoundationGlobalsMBS {
 
@@ -33,14 +74,7 @@ Ref<CFBinaryDataMBS> NewCFBinaryDataMBSStr(std::string bytes) {
 Ref<CFDictionaryMBS> NewCFObjectMBSFromXML(const Ref<CFBinaryDataMBS>& data) {
     const std::string& bytes = data->Bytes;
     if (bytes.empty() || bytes.size() > kPropertyListLimit) return nullptr;
-    plist_t node = nullptr;
-    plist_from_memory(bytes.data(), static_cast<uint32_t>(bytes.size()), &node);
-    if (node == nullptr) return nullptr;
-    if (plist_get_node_type(node) != PLIST_DICT) {
-        plist_free(node);
-        return nullptr;
-    }
-    return New<CFDictionaryMBS>(static_cast<void*>(node));
+    return IsBinaryPropertyList(bytes) ? FromBinary(bytes) : FromXml(bytes);
 }
 
 Ref<CFStringMBS> NewCFStringMBS(std::string text) {

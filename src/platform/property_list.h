@@ -35,19 +35,10 @@ class CFStringMBS final : public CFObjectMBS {
 };
 
 /// A dictionary of a property list.
-class CFDictionaryMBS final : public CFObjectMBS {
+class CFDictionaryMBS : public CFObjectMBS {
  public:
-    /// Takes a parsed list (libplist's node, a dictionary) and frees it in the end.
-    explicit CFDictionaryMBS(void* node);
-    ~CFDictionaryMBS() override;
-    CFDictionaryMBS(const CFDictionaryMBS&) = delete;
-    CFDictionaryMBS& operator=(const CFDictionaryMBS&) = delete;
-
     /// The value under the key as text; nil if there is none or it is no text.
-    Ref<CFStringMBS> Lookup(const CFStringMBS& key) const;
-
- private:
-    void* node_;
+    virtual Ref<CFStringMBS> Lookup(const CFStringMBS& key) const = 0;
 };
 
 namespace CoreFoundationGlobalsMBS {

@@ -54,10 +54,6 @@ std::string Str(int64_t number);
 /// The number truncated to an integer, under a pattern of zeros: at least as many digits.
 std::string Format(double number, std::string_view pattern);
 
-inline int64_t Floor(double number) {
-    return static_cast<int64_t>(std::floor(number));
-}
-
 template <typename Number>
 Number Min(Number left, Number right) {
     return std::min(left, right);
@@ -66,6 +62,11 @@ Number Min(Number left, Number right) {
 /// A whole number from a floating-point one, cut towards zero; values beyond 64 bits end at the
 /// nearest limit, so that a number out of a file can't be undefined behaviour.
 int64_t Truncate(double number);
+
+/// The greatest whole number that isn't above the given one, within the same limits.
+inline int64_t Floor(double number) {
+    return Truncate(std::floor(number));
+}
 
 /// The bytes that the first `characters` characters of the text take.
 int64_t BytesOfCharacters(std::string_view text, int64_t characters);

@@ -74,6 +74,22 @@ TEST_F(Road, OneCommandForEachVersionInAscendingOrder) {
     EXPECT_EQ(PsRuns(), 6U) << "the process list is read anew for each document";
 }
 
+TEST_F(Road, TheCommandKeyIsReadOnlyWhereItDecides) {
+    Installed("CS6", "8.0.1");
+    Installed("CC", "9.2.0");
+    int readings = 0;
+    headless::TheMachine().readCommandKey = [&readings] { return ++readings < 0; };
+    const auto installed = Document("a.indd", 9);
+    Open({installed, installed, Document("b.indd", 14)});
+    EXPECT_EQ(readings, 2) << "not for a version that isn't installed";
+    Running({"CS6"});
+    Open({installed});
+    EXPECT_EQ(readings, 2) << "not beside another version";
+    Running({"CS6", "CC"});
+    Open({installed});
+    EXPECT_EQ(readings, 3);
+}
+
 TEST_F(Road, OtherFilesAreLeftOutAndSayNothing) {
     Installed("CS6", "8.0.1");
     const auto document = Document("a.indd", 8);

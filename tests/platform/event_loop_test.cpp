@@ -127,6 +127,21 @@ TEST_F(EventLoopTest, AFailureInAnEventPassesThroughTheLoop) {
     EXPECT_THROW(Run(), IOException);
 }
 
+TEST_F(EventLoopTest, AfterAFailureNothingIsServedAnyMore) {
+    TestTimer timer([this] { log_ += "timer "; });
+    app_->open = [&] { timer.SetMode(Timer::kOnce); };
+    app_->document = [this](const std::string& name) {
+        log_ += name + " ";
+        throw IOException("lost");
+    };
+    loop_.PostOpenDocument(New<FolderItem>("/1"));
+    loop_.PostOpenDocument(New<FolderItem>("/2"));
+    EXPECT_THROW(Run(), IOException);
+    user_->ExpectMessage("report");
+    MsgBox("report");
+    EXPECT_EQ(log_, "1 ") << "the report of it stays until it is answered";
+}
+
 TEST_F(EventLoopTest, DocumentsAreDeliveredInsideADialogButNotBeforeOpen) {
     loop_.PostOpenDocument(New<FolderItem>("/1"));
     app_->document = [&](const std::string& name) {

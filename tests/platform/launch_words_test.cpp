@@ -1,4 +1,5 @@
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include "platform/launch_documents.h"
 
@@ -33,6 +34,9 @@ TEST(LaunchWords, AWordIsAPathOrALocalFileUri) {
     };
     for (const auto& [word, path] : kWords)
         EXPECT_EQ(PathOfWord(word), path) << word;
+    char own[256] = {};
+    ASSERT_EQ(gethostname(own, sizeof own - 1), 0);
+    EXPECT_EQ(PathOfWord("file://" + std::string(own) + "/a"), "/a") << own;
 }
 
 }  // namespace

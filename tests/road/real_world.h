@@ -76,7 +76,7 @@ class RealWorld : public ::testing::Test {
         posix_spawn_file_actions_addopen(&actions, STDERR_FILENO, (folder_ / "stderr").c_str(),
                                          O_WRONLY | O_CREAT | O_TRUNC, 0600);
         pid_t process = 0;
-        const int error = posix_spawn(&process, DUNVEY_PROGRAM, &actions, nullptr,
+        const int error = posix_spawn(&process, program_.c_str(), &actions, nullptr,
                                       Pointers(arguments).data(), Pointers(variables).data());
         posix_spawn_file_actions_destroy(&actions);
         int status = 0;
@@ -110,6 +110,7 @@ class RealWorld : public ::testing::Test {
     }
 
     TemporaryFolder folder_;
+    std::string program_ = DUNVEY_PROGRAM;
 
  private:
     static constexpr std::string_view kProduct = "Adobe InDesign ";

@@ -146,6 +146,42 @@ TEST_F(RoadTest, AnotherOpenAheadInTheUsersPathIsNotTaken) {
     EXPECT_NE(access((folder_ / "canary").c_str(), F_OK), 0);
 }
 
+TEST_F(RoadTest, ALostReaderOfComplaintsAndClosedDescriptorsHarmNothing) {
+    InstallList("CS6", "8.0.1");
+    Install("CC", "9.2.0");
+    const std::string words = "'" + Document("a.indd", 8) + "' '" + Document("b.indd", 9) + "'";
+    const std::string program = "cd '" + folder_.Path() + "'; HOME=. DUNVEY_RECORD=records " +
+                                "XDG_CONFIG_HOME=/nowhere HOME='" + folder_.Path() + "' '" +
+                                DUNVEY_PROGRAM + "' " + words;
+    EXPECT_EQ(system(("(" + program + ") 2>&1 >/dev/null | true").c_str()), 0);
+    EXPECT_EQ(system((program + " <&- >&- 2>&-").c_str()), 0);
+    EXPECT_EQ(Starts(2), (Lines{"CC: b.indd|", "CC: b.indd|"}));
+}
+
+TEST_F(RoadTest, ABundleStandsAnywhere) {
+    Install("CS6", "8.0.1");
+    const std::string place = folder_ / "a:b 'c' $d";
+    ASSERT_EQ(mkdir(place.c_str(), 0700), 0);
+    const std::string contents =
+        std::string(DUNVEY_PROGRAM).substr(0, std::string(DUNVEY_PROGRAM).rfind("/MacOS/"));
+    ASSERT_EQ(system(("cp -R '" + contents + "' \"" + folder_.Path() + "/a:b 'c' \\$d/\"").c_str()),
+              0);
+    ASSERT_EQ(symlink((place + "/Contents/MacOS/Dunvey").c_str(), (folder_ / "dunvey").c_str()), 0);
+    program_ = folder_ / "dunvey";
+    EXPECT_EQ(Dunvey({Document("a.indd", 8)}), 0);
+    EXPECT_EQ(Starts(1), Lines{"CS6: a.indd|"});
+}
+
+TEST_F(RoadTest, ARelativeWordFromAFolderThatIsGoneNamesNothing) {
+    Install("CS6", "8.0.1");
+    folder_.MakeFolder("gone");
+    ASSERT_EQ(chdir((folder_ / "gone").c_str()), 0);
+    rmdir((folder_ / "gone").c_str());
+    EXPECT_EQ(Dunvey({"a.indd", Document("b.indd", 8)}), 0);
+    EXPECT_EQ(Starts(1), Lines{"CS6: b.indd|"});
+    ASSERT_EQ(chdir("/"), 0);
+}
+
 TEST_F(RoadTest, TenThousandDocumentsGoOutInOneCommand) {
     Install("CS6", "8.0.1");
     folder_.MakeFolder("many");
@@ -163,6 +199,7 @@ TEST_F(RoadTest, TenThousandDocumentsGoOutInOneCommand) {
 TEST_F(RoadTest, WithoutDocumentsAndWithoutADisplayItSaysSo) {
     EXPECT_EQ(Dunvey({}), 1);
     EXPECT_NE(folder_.Read("stderr").find("No display can be reached"), std::string::npos);
+    EXPECT_EQ(Dunvey({}, {"QT_QPA_PLATFORM=wayland;xcb"}), 1) << "as sessions have it";
 }
 
 }  // namespace

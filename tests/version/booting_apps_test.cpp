@@ -34,6 +34,7 @@ TEST_F(Booting, OnlyTheProgramOfAnInstallationCounts) {
     EXPECT_EQ(Line(cs6), found);
     EXPECT_EQ(Names(cs6), found) << "with no line feed behind it";
     EXPECT_EQ(Line(folder_.Path() + cs6), found) << "the applications folder may be the user's";
+    EXPECT_EQ(Line("/Volumes/Other" + cs6), "") << "another place's applications folder";
     EXPECT_EQ(Line(cs6 + "/helper"), "");
     EXPECT_EQ(Line("/Users/me/" + cs6.substr(14)), "");
     EXPECT_EQ(Line("/applications/" + cs6.substr(14)), "") << "letter case counts";

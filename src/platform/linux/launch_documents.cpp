@@ -2,8 +2,8 @@
 
 namespace dunvey {
 
-void PostLaunchDocuments(EventLoop& loop, const std::vector<std::string>& words) {
-    for (const std::string& word : words) {
+void PostLaunchDocuments(EventLoop& loop) {
+    for (const std::string& word : LaunchWords()) {
         const std::string path = PathOfWord(word);
         if (!path.empty()) loop.PostOpenDocument(New<FolderItem>(path));
     }

@@ -4,7 +4,7 @@
 
 namespace dunvey {
 
-void PostLaunchDocuments(EventLoop&, const std::vector<std::string>&) {
+void PostLaunchDocuments(EventLoop&) {
     Desktop::Current();
 }
 

@@ -16,19 +16,36 @@ int argumentCount = 1;
 char argument[] = "Dunvey";
 char* argumentList[] = {argument, nullptr};
 
+/// High-resolution drawing must be chosen ahead of the toolkit's application; later versions of the
+/// toolkit always have it.
+void PrepareScaling() {
+#if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
+    QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling, Application::SupportsHiDPI());
+    QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps, Application::SupportsHiDPI());
+#endif
+}
+
 }  // namespace
 
-QtApplication::QtApplication() : QApplication(argumentCount, argumentList) {
+QtApplication::QtApplication() : QApplication((PrepareScaling(), argumentCount), argumentList) {
     // With it on, the end of the first modal window would end all that follow, unseen.
     setQuitOnLastWindowClosed(false);
 }
 
 bool QtApplication::event(QEvent* event) {
-    if (event->type() != QEvent::FileOpen) return QApplication::event(event);
-    const QString path = static_cast<QFileOpenEvent*>(event)->file();
-    EventLoop& loop = EventLoop::Current();
-    loop.Enter([&] { loop.PostOpenDocument(New<FolderItem>(path.toStdString())); });
-    return true;
+    if (event->type() == QEvent::FileOpen) {
+        const std::string path = static_cast<QFileOpenEvent*>(event)->file().toStdString();
+        EventLoop& loop = EventLoop::Current();
+        loop.Enter([&] { loop.PostOpenDocument(New<FolderItem>(path)); });
+        return true;
+    }
+    if (event->type() == QEvent::Quit) {
+        // The desktop's wish that the program ends. The toolkit's own answer would make every later
+        // loop return at once.
+        EventLoop::Current().Enter([] { NSApplication::terminate(); });
+        return true;
+    }
+    return QApplication::event(event);
 }
 
 QtDesktop::QtDesktop() {
@@ -68,8 +85,9 @@ void QtDesktop::BringToFront() {
     window->activateWindow();
 }
 
+// No window of the contract is on the screen yet that could be a parent.
 std::unique_ptr<Shown> QtDesktop::Show(MessageDialog& dialog, Window*) {
-    return std::make_unique<QtMessageDialog>(dialog, ByUser());
+    return std::make_unique<QtMessageDialog>(dialog, ByUser(), nullptr);
 }
 
 }  // namespace dunvey

@@ -29,8 +29,9 @@ QMessageBox::Icon Graphic(int icon) {
 
 }  // namespace
 
-QtMessageDialog::QtMessageDialog(MessageDialog& dialog, UserAction key)
-    : dialog_(dialog), key_(key) {
+QtMessageDialog::QtMessageDialog(MessageDialog& dialog, UserAction key, QWidget* parent)
+    : dialog_(dialog), key_(key), box_(parent) {
+    if (parent != nullptr) box_.setWindowFlags(box_.windowFlags() | Qt::Sheet);
     box_.setTextFormat(Qt::PlainText);
     box_.setIcon(Graphic(dialog.Icon));
     box_.setText(Text(dialog.Message));
@@ -39,7 +40,7 @@ QtMessageDialog::QtMessageDialog(MessageDialog& dialog, UserAction key)
     AddButton(dialog.AlternateActionButton, QMessageBox::DestructiveRole);
     AddButton(dialog.CancelButton, QMessageBox::RejectRole);
     QObject::connect(&box_, &QDialog::finished, &box_, [this] { Finish(); });
-    box_.setWindowModality(Qt::ApplicationModal);
+    box_.setWindowModality(parent != nullptr ? Qt::WindowModal : Qt::ApplicationModal);
     box_.show();
     box_.raise();
     box_.activateWindow();

@@ -8,10 +8,11 @@
 
 namespace dunvey {
 
-/// A message dialog on the screen.
+/// A message dialog on the screen: a sheet of `parent`, or where that is nullptr a window of its own
+/// that holds the whole program up.
 class QtMessageDialog final : public Shown {
  public:
-    QtMessageDialog(MessageDialog& dialog, UserAction key);
+    QtMessageDialog(MessageDialog& dialog, UserAction key, QWidget* parent);
     ~QtMessageDialog() override;
 
  private:

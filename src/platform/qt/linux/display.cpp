@@ -9,6 +9,7 @@
 #include <string>
 
 #include "platform/file_descriptor.h"
+#include "platform/text.h"
 
 namespace dunvey {
 namespace {
@@ -35,12 +36,21 @@ bool ReachesWayland() {
            connect(socket.Get(), reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0;
 }
 
+/// Whether the toolkit was told by name to use platforms that need no server, such as "offscreen".
+/// Sessions name the ones that do as well, and a remote login inherits that.
+bool AsksForNoServer() {
+    const char* names = std::getenv("QT_QPA_PLATFORM");
+    if (names == nullptr || *names == '\0') return false;
+    for (const std::string& name : SplitB(names, ";")) {
+        if (name.starts_with("xcb") || name.starts_with("wayland")) return false;
+    }
+    return true;
+}
+
 }  // namespace
 
 bool CanReachDisplay() {
-    // A platform that was asked for by name is the asker's affair.
-    const char* platform = std::getenv("QT_QPA_PLATFORM");
-    return (platform != nullptr && *platform != '\0') || ReachesX11() || ReachesWayland();
+    return AsksForNoServer() || ReachesX11() || ReachesWayland();
 }
 
 }  // namespace dunvey
