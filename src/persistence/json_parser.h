@@ -1,0 +1,67 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "persistence/json_item.h"
+#include "platform/reference.h"
+#include "platform/variant.h"
+
+namespace dunvey {
+
+/// Reads JSON by recursive descent. Positions are bytes from 0 and move over what was read. All
+/// faults raise JSONException at the first one. Texts come without an encoding.
+class JSONParser {
+ public:
+    /// The bytes stay where they are while the parser lives.
+    explicit JSONParser(std::string_view bytes) : bytes_(bytes) {}
+
+    /// The next `count` bytes; fewer at the end, none there.
+    std::string_view ParseGet(int64_t& position, int64_t count) const;
+    /// The same without moving.
+    std::string_view ParsePeek(int64_t position, int64_t count) const;
+    void skipWhiteSpace(int64_t& position) const;
+
+    Variant parseValue(int64_t& position);
+    Ref<JSONItem> parseObject(int64_t& position);
+    Ref<JSONItem> parseArray(int64_t& position);
+    Variant parseString(int64_t& position);
+    /// A Double if there is a point or an exponent, else an integer of 32 bits or, beyond them,
+    /// of 64.
+    Variant parseNumber(int64_t& position) const;
+
+ private:
+    class Nesting;
+    static constexpr int kEnd = -1;
+
+    struct Number;
+
+    int Peek(int64_t position) const {
+        const auto at = static_cast<size_t>(position);
+        return at < bytes_.size() ? static_cast<unsigned char>(bytes_[at]) : kEnd;
+    }
+    int Take(int64_t& position) const {
+        const int byte = Peek(position);
+        if (byte != kEnd) ++position;
+        return byte;
+    }
+    bool TakeDigits(int64_t& position, Number& number) const;
+    void TakeWhole(int64_t& position, Number& number) const;
+    void TakeFraction(int64_t& position, Number& number) const;
+    void TakeExponent(int64_t& position, Number& number) const;
+    size_t PlainLength(int64_t position) const;
+    std::string Unescaped(int64_t& position) const;
+    void parseMembers(int64_t& position);
+    void parseElements(int64_t& position);
+
+    std::string_view bytes_;
+    int depth_ = 0;
+    // The values of all containers that are open, so that each gets memory once, of the right size.
+    std::vector<Variant> values_;
+    std::string unescaped_;  // the text being read, once it has an escape
+};
+
+}  // namespace dunvey

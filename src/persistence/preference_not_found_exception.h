@@ -1,0 +1,18 @@
+#pragma once
+
+#include <string>
+
+#include "platform/exceptions.h"
+
+namespace dunvey::Preferences {
+
+/// A preference was asked for that the document doesn't hold.
+class PreferenceNotFoundException : public RuntimeException {
+ public:
+    explicit PreferenceNotFoundException(const std::string& name)
+        : RuntimeException("Preference value '" + name + "' does not exist.") {}
+
+    const char* Name() const noexcept override { return "PreferenceNotFoundException"; }
+};
+
+}  // namespace dunvey::Preferences

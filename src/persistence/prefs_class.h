@@ -1,0 +1,61 @@
+#pragma once
+
+#include <string>
+
+#include "persistence/json_item.h"
+#include "platform/folder_item.h"
+#include "platform/reference.h"
+#include "platform/variant.h"
+
+namespace dunvey {
+
+/// The preferences of one application: a JSON document in memory and the file that it comes from,
+/// `NAME/NAME.pref` in the user's application-data folder.
+class PrefsClass {
+ public:
+    explicit PrefsClass(std::string appName);
+    virtual ~PrefsClass() = default;
+
+    /// Raises PreferenceNotFoundException.
+    virtual Variant Get(const std::string& name) const;
+    /// Reads the file, after making its folder if need be. False if there is none or it holds no
+    /// JSON. A file of more than 1 MiB isn't read: this program can't have written it. An array on
+    /// top counts as an empty document. Raises IOException if the file can't be read.
+    virtual bool Load();
+
+    /// What `preferences[name]` gives: read or assigned through Get and Set.
+    class Preference {
+     public:
+        Preference(PrefsClass& preferences, const std::string& name)
+            : preferences_(preferences), name_(name) {}
+        operator Variant() const { return preferences_.Get(name_); }
+        Preference& operator=(const Variant& value) {
+            preferences_.Set(name_, value);
+            return *this;
+        }
+
+     private:
+        PrefsClass& preferences_;
+        std::string name_;
+    };
+    virtual Variant operator[](const std::string& name) const { return Get(name); }
+    virtual Preference operator[](const std::string& name) { return {*this, name}; }
+
+    /// Writes the document over the file. False if Load or Remove hasn't named the file yet or the
+    /// file can't be written.
+    virtual bool Save();
+    /// Adds or replaces.
+    virtual void Set(const std::string& name, const Variant& value);
+    /// Deletes the file if there is one; the document stays.
+    virtual void Remove();
+
+ private:
+    Ref<FolderItem> Folder() const;
+    bool LoadDocument();
+
+    Ref<JSONItem> mPrefs;
+    Ref<FolderItem> mPrefsFile;
+    std::string mAppName;
+};
+
+}  // namespace dunvey

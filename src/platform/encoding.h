@@ -1,0 +1,35 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+namespace dunvey {
+
+/// How the bytes of a text are to be read. None: nobody has said.
+enum class TextEncoding : uint8_t { None, UTF8, ASCII, ISOLatin1, UTF16 };
+
+/// The encodings by name. UTF16 has the low byte first; a byte-order mark in front of a text to be
+/// read decides otherwise.
+namespace Encodings {
+inline constexpr TextEncoding UTF8 = TextEncoding::UTF8;
+inline constexpr TextEncoding ASCII = TextEncoding::ASCII;
+inline constexpr TextEncoding ISOLatin1 = TextEncoding::ISOLatin1;
+inline constexpr TextEncoding UTF16 = TextEncoding::UTF16;
+}  // namespace Encodings
+
+/// Bytes with their encoding beside them.
+struct EncodedText {
+    std::string Bytes;
+    TextEncoding Encoding = TextEncoding::None;
+
+    friend bool operator==(const EncodedText&, const EncodedText&) = default;
+};
+
+/// The same bytes, declared to be in the encoding.
+EncodedText DefineEncoding(EncodedText text, TextEncoding encoding);
+
+/// The same characters in another encoding. A character that the new encoding lacks becomes "?",
+/// bytes that make no character become U+FFFD. Text that has no encoding keeps its bytes.
+EncodedText ConvertEncoding(EncodedText text, TextEncoding encoding);
+
+}  // namespace dunvey
