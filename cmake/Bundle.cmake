@@ -1,3 +1,14 @@
 # The bundle has the same tree on every system, so each path rule of the program holds everywhere:
 # Dunvey.app/Contents/{MacOS,Resources,Helpers,PlugIns,Info.plist}.
 set(DUNVEY_CONTENTS ${CMAKE_BINARY_DIR}/Dunvey.app/Contents)
+
+# dunvey_bundle_resources(CONTENTS): puts all files of resources/ into a bundle.
+function(dunvey_bundle_resources contents)
+    file(GLOB_RECURSE files CONFIGURE_DEPENDS RELATIVE ${PROJECT_SOURCE_DIR}/resources
+        ${PROJECT_SOURCE_DIR}/resources/*)
+    foreach(file ${files})
+        configure_file(${PROJECT_SOURCE_DIR}/resources/${file} ${contents}/Resources/${file} COPYONLY)
+    endforeach()
+endfunction()
+
+dunvey_bundle_resources(${DUNVEY_CONTENTS})

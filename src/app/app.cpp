@@ -1,18 +1,6 @@
 #include "app/app.h"
 
-#include "version/installed_apps.h"
-
 namespace dunvey {
-
-void App::Event_Open() {
-    t = New<DropTimer>();
-    t->SetPeriod(1);
-    InDesign::GetInstalledApps();
-}
-
-void App::Event_Close() {
-    terminate();
-}
 
 void App::Event_OpenDocument(const Ref<FolderItem>& document) {
     t->SetMode(Timer::kOff);

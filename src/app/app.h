@@ -36,6 +36,8 @@ class App : public Application {
     virtual void JudgeToOpen();
     App() = default;
 
+    /// Puts the caption with the program's name, in the user's language, on the menu's About item.
+    void localizeMenuText();
     /// Shows the chooser for the document at `idx` and returns when it has closed.
     void createNewWindow(int64_t idx, bool IsBootingApp, bool IsBootingOtherApp, bool IsInstalled,
                          bool NeedJudgment);

@@ -27,6 +27,7 @@ class World : public ::testing::Test {
         Desktop::Install(std::move(desktop));
         setenv("HOME", folder_.Path().c_str(), 1);
         setenv("XDG_CONFIG_HOME", (folder_ / "config").c_str(), 1);
+        setenv("LC_ALL", "C", 1);
         setenv("DUNVEY_TEST_FOLDER", folder_.Path().c_str(), 1);
         folder_.MakeFolder("Applications");
         folder_.MakeFolder("config");

@@ -1,0 +1,57 @@
+#include "app/opening_sequence.h"
+
+#include "app/app.h"
+#include "icons/icon_import.h"
+#include "menus/general.h"
+#include "menus/localized.h"
+#include "persistence/preferences.h"
+#include "platform/array.h"
+#include "platform/system_information.h"
+#include "platform/text.h"
+#include "version/application_version.h"
+#include "version/installed_apps.h"
+
+namespace dunvey {
+
+bool IsSystemRefused(int64_t major, int64_t minor) {
+    const std::string joined =
+        Format(static_cast<double>(major), "00") + Format(static_cast<double>(minor), "00");
+    return Truncate(Val(joined)) >= 1015;
+}
+
+bool IsIconImportDue() {
+    if (Application::NonReleaseVersion() != Preferences::pNonReleaseVersion) return true;
+    if (InDesign::InstalledApps.empty()) return false;
+    const Ref<FolderItem>& newest = InDesign::InstalledApps.back();
+    return newest && InDesign::AppVersion(newest) != Preferences::pIconVersion;
+}
+
+std::string AboutCaption() {
+    const std::string name = Application::ExecutableFile()->Name();
+    return LocalizedMenu::kLocal("") == "ja" ? name + " について" : "About " + name;
+}
+
+void App::Event_Open() {
+    namespace SystemInformation = SystemInformationMBS;
+    if (IsSystemRefused(SystemInformation::MacMajorVersion(),
+                        SystemInformation::MacMinorVersion())) {
+        General::ShowAlertQuit(Localized::kMassage_SystemRequirement(""),
+                               Localized::kMassage_Quit(""), nullptr);
+    }
+    t = New<DropTimer>();
+    t->SetPeriod(1);
+    Preferences::Raed();
+    InDesign::GetInstalledApps();
+    localizeMenuText();
+    if (IsIconImportDue()) InDesign::GetIconFile();
+}
+
+void App::Event_Close() {
+    Preferences::Save();
+    terminate();
+}
+
+// The caption is ready; the menu bar that bears it isn't there yet.
+void App::localizeMenuText() {}
+
+}  // namespace dunvey

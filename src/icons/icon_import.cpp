@@ -1,0 +1,7 @@
+#include "icons/icon_import.h"
+
+namespace dunvey::InDesign {
+
+void GetIconFile() {}
+
+}  // namespace dunvey::InDesign

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <string>
+
+namespace dunvey {
+
+class Window;
+
+/// What stands beside the program's own subjects: its end, its place on the screen, and the two
+/// standing alerts. The alerts are shown as a sheet of `parent`, or in a window of their own where
+/// that is nullptr, and block until the one button is pressed. Without a screen they raise
+/// DesktopUnavailableException.
+namespace General {
+
+/// Asks the operating system's application object to terminate.
+void AppQuit();
+
+/// Makes the program the one in front.
+void BringFrontmostMe();
+
+/// Tells why the program can't go on, and ends it after the click.
+void ShowAlertQuit(const std::string& message, const std::string& explanation, Window* parent);
+
+/// Comes to the front and tells something; returns after the click.
+void ShowAlertModalOK(const std::string& message, const std::string& explanation, Window* parent);
+
+}  // namespace General
+}  // namespace dunvey

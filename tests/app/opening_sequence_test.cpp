@@ -1,0 +1,170 @@
+#include "app/opening_sequence.h"
+
+#include <gtest/gtest.h>
+
+#include "app/app.h"
+#include "persistence/preferences.h"
+#include "support/world.h"
+#include "version/installed_apps.h"
+
+namespace dunvey {
+namespace {
+
+TEST(SystemGate, RefusesFromTenFifteenOn) {
+    for (const auto& [major, minor] : {std::pair{10, 9}, {10, 0}, {10, 14}, {9, 99}, {0, 0}}) {
+        EXPECT_FALSE(IsSystemRefused(major, minor)) << major << "." << minor;
+    }
+    for (const auto& [major, minor] :
+         {std::pair{10, 15}, {10, 16}, {11, 0}, {12, 3}, {13, 0}, {26, 1}, {10, 100}}) {
+        EXPECT_TRUE(IsSystemRefused(major, minor)) << major << "." << minor;
+    }
+}
+
+class Opening : public test::World {
+ protected:
+    Opening() { Reset(); }
+    ~Opening() override {
+        Application::Register(nullptr);
+        Reset();
+    }
+
+    static void Reset() {
+        Preferences::Prefs = nullptr;
+        Preferences::gAllowOpenHigherVersion = false;
+        Preferences::gAllowQuitButtonActiveted = false;
+        Preferences::pIconVersion = "";
+        Preferences::pNonReleaseVersion = 0;
+        InDesign::InstalledApps.clear();
+    }
+
+    /// One run of the program on a document; returns the exit code.
+    int RunOnce() {
+        Reset();
+        Application::Register(New<App>());
+        loop_.PostOpenDocument(Document("a.indd", 8));
+        return loop_.Run(*Application::Current());
+    }
+
+    /// The file's place follows the executable's name, which is this test program's.
+    std::string PreferenceFile() const {
+        const std::string name = Application::ExecutableFile()->Name();
+        return "config/" + name + "/" + name + ".pref";
+    }
+
+    std::string FileOfAFirstRun() const {
+        return "{\n  \"AllowOpenHigherVersion\":false,\n  \"AllowQuitButtonActiveted\":false,\n"
+               "  \"NonReleaseVersion\":" +
+               std::to_string(Application::NonReleaseVersion()) + ",\n  \"IconVersion\":\"\"\n}";
+    }
+
+    void WriteFile(const std::string& text) {
+        folder_.MakeFolder("config/" + Application::ExecutableFile()->Name());
+        folder_.Write(PreferenceFile(), text);
+    }
+};
+
+TEST_F(Opening, ARunLeavesExactlyTheDescribedFile) {
+    EXPECT_EQ(RunOnce(), 0);
+    EXPECT_EQ(folder_.Read(PreferenceFile()), FileOfAFirstRun());
+    EXPECT_EQ(RunOnce(), 0);
+    EXPECT_EQ(folder_.Read(PreferenceFile()), FileOfAFirstRun());
+}
+
+TEST_F(Opening, StoredValuesAndUnknownKeysStay) {
+    WriteFile(
+        "{\"Other\":[1,2.5,null],\"AllowOpenHigherVersion\":true,"
+        "\"AllowQuitButtonActiveted\":true,\"NonReleaseVersion\":0,\"IconVersion\":\"8.0\"}");
+    EXPECT_EQ(RunOnce(), 0);
+    EXPECT_TRUE(Preferences::gAllowOpenHigherVersion);
+    EXPECT_EQ(Preferences::pIconVersion, "8.0");
+    EXPECT_EQ(Preferences::pNonReleaseVersion, 0) << "the build that wrote the file";
+    EXPECT_EQ(folder_.Read(PreferenceFile()),
+              "{\n  \"Other\":[\n    1,\n    2.5,\n    null\n  ],\n"
+              "  \"AllowOpenHigherVersion\":true,\n  \"AllowQuitButtonActiveted\":true,\n"
+              "  \"NonReleaseVersion\":" +
+                  std::to_string(Application::NonReleaseVersion()) +
+                  ",\n  \"IconVersion\":\"8.0\"\n}");
+}
+
+TEST_F(Opening, BothKeysHeldAreAFirstRunOneAloneIsNot) {
+    const std::string stored =
+        "{\"AllowOpenHigherVersion\":true,\"AllowQuitButtonActiveted\":false,"
+        "\"NonReleaseVersion\":1,\"IconVersion\":\"8.0\"}";
+    Installed("CS6", "8.0");
+    headless::Machine& machine = headless::TheMachine();
+    for (const auto& [command, option] : {std::pair{false, true}, {false, false}}) {
+        WriteFile(stored);
+        machine.commandKey = command;
+        machine.optionKey = option;
+        RunOnce();
+        EXPECT_TRUE(Preferences::gAllowOpenHigherVersion) << command << option;
+    }
+    WriteFile("{ corrupt");
+    machine.commandKey = true;
+    machine.optionKey = true;
+    RunOnce();
+    EXPECT_FALSE(Preferences::gAllowOpenHigherVersion);
+    EXPECT_EQ(folder_.Read(PreferenceFile()), FileOfAFirstRun());
+}
+
+TEST_F(Opening, UnusablePreferencesNeverStopTheRun) {
+    Installed("CS6", "8.0");
+    size_t launches = 0;
+    for (const std::string& text :
+         {std::string(), std::string("  \n"), std::string("{"), std::string("[1]"),
+          std::string("\xFF\xFE\x00{", 4), std::string(3'000'000, '['), std::string("{}"),
+          std::string("{\"AllowOpenHigherVersion\":true}")}) {
+        WriteFile(text);
+        EXPECT_EQ(RunOnce(), 0) << text.substr(0, 20);
+        EXPECT_EQ(OpenCalls().size(), launches += 2) << text.substr(0, 20);
+        EXPECT_FALSE(Preferences::gAllowOpenHigherVersion) << text.substr(0, 20);
+        EXPECT_NE(folder_.Read(PreferenceFile()).find("\"IconVersion\":\"\""), std::string::npos);
+    }
+    // A folder that can't be: a file stands in its place.
+    setenv("XDG_CONFIG_HOME", (folder_.Write("file", "x")).c_str(), 1);
+    EXPECT_EQ(RunOnce(), 0);
+    EXPECT_EQ(OpenCalls().size(), launches + 2);
+}
+
+TEST_F(Opening, ARefusedStartReadsScansAndSavesNothing) {
+    Installed("CS6", "8.0");
+    WriteFile("{ corrupt");
+    headless::TheMachine().systemMinor = 15;
+    user_->ExpectMessage("The system requirement for Marlit Ai are up to macOS Mojave 10.14.", {},
+                         [](const MessageDialog& dialog) {
+                             EXPECT_EQ(
+                                 dialog.Explanation,
+                                 "Quit Marlti Id as this system does not meet the requirements.");
+                             EXPECT_EQ(dialog.ActionButton->Caption, "Quit");
+                         });
+    EXPECT_EQ(RunOnce(), 0);
+    EXPECT_EQ(user_->timesInFront(), 0) << "it doesn't bring itself forward";
+    EXPECT_TRUE(InDesign::InstalledApps.empty());
+    EXPECT_FALSE(Preferences::Prefs);
+    EXPECT_EQ(folder_.Read(PreferenceFile()), "{ corrupt");
+    EXPECT_TRUE(OpenCalls().empty());
+}
+
+TEST_F(Opening, TheIconImportIsDueWhenTheBuildOrTheNewestVersionChanged) {
+    EXPECT_TRUE(IsIconImportDue()) << "a first run, even with nothing installed";
+    Preferences::pNonReleaseVersion = Application::NonReleaseVersion();
+    EXPECT_FALSE(IsIconImportDue()) << "nothing installed";
+    InDesign::InstalledApps = {Installed("CS6", "8.0"), nullptr};
+    EXPECT_FALSE(IsIconImportDue()) << "a nil as the newest";
+    InDesign::InstalledApps.pop_back();
+    EXPECT_TRUE(IsIconImportDue());
+    Preferences::pIconVersion = "8.0";
+    EXPECT_FALSE(IsIconImportDue());
+    InDesign::InstalledApps.push_back(Installed("CC", "9.2"));
+    EXPECT_TRUE(IsIconImportDue());
+}
+
+TEST_F(Opening, TheAboutCaptionFollowsTheLanguage) {
+    const std::string name = Application::ExecutableFile()->Name();
+    EXPECT_EQ(AboutCaption(), "About " + name);
+    setenv("LC_ALL", "ja_JP.UTF-8", 1);
+    EXPECT_EQ(AboutCaption(), name + " について");
+}
+
+}  // namespace
+}  // namespace dunvey
