@@ -85,6 +85,32 @@ TEST_F(PsTest, ResolvesTheRoundaboutPathOfAScript) {
     }
 }
 
+TEST_F(PsTest, LeavesTheFilesOfOtherProgramsAlone) {
+    // Reading a file's beginning sets the time of the last access, which can be made an old one.
+    const std::string document = MakeStayingScript(In("mentioned"), "#!/bin/sh");
+    const timespec old[2] = {{1'000'000, 0}, {1'000'000'000, 0}};
+    ASSERT_EQ(utimensat(AT_FDCWD, document.c_str(), old, 0), 0);
+    const std::string reader = MakeRecorder(In("reader"));
+    StartRecorder({reader, document});
+    EXPECT_TRUE(EventuallyShows(reader));
+    struct stat status;
+    ASSERT_EQ(stat(document.c_str(), &status), 0);
+    EXPECT_EQ(status.st_atime, 1'000'000);
+}
+
+TEST_F(PsTest, ShowsAScriptOfAnyInterpreterInABundleOrUnderItsName) {
+    const std::string bundle = MakeFolder("Some.app/Contents/MacOS");
+    const std::string interpreter = MakeRecorder(In("interpreter of mine"));
+    const std::string plain = MakeStayingScript(In("named script"), "#!" + In("interpreter"));
+    ASSERT_EQ(rename(interpreter.c_str(), In("interpreter").c_str()), 0);
+    const std::string bundled =
+        MakeStayingScript(bundle + "/bundled script", "#!/usr/bin/env " + In("interpreter"));
+    StartRecorder({plain});
+    EXPECT_TRUE(EventuallyShows(plain));
+    StartRecorder({bundled});
+    EXPECT_TRUE(EventuallyShows(bundled));
+}
+
 TEST_F(PsTest, AScriptThatIsOnlyMentionedDoesNotRun) {
     const std::string script = MakeStayingScript(In("script"), "#!/bin/sh");
     const std::string reader = MakeRecorder(In("reader"));

@@ -75,16 +75,45 @@ std::string Resolved(const std::string& path) {
     return real ? std::string(real.get()) : path;
 }
 
+/// Whether the executable is one that mostly runs scripts, by its name without a version.
+bool IsUsualInterpreter(std::string_view executable) {
+    static constexpr std::string_view kNames[] = {
+        "sh",   "bash",   "dash", "ksh",  "mksh", "zsh", "fish",  "csh",  "tcsh",
+        "perl", "python", "ruby", "node", "php",  "lua", "tclsh", "wish", "guile"};
+    executable.remove_prefix(executable.rfind('/') + 1);
+    executable = executable.substr(0, executable.find_first_of("0123456789."));
+    return std::find(std::begin(kNames), std::end(kNames), executable) != std::end(kNames);
+}
+
+/// Whether a path among a process's words is worth a look at the file. It is another program's
+/// affair: it may lie on a mount that doesn't answer, or be mounted by the look alone. The kernel
+/// names a process after the script that it was asked to run, by the first 15 bytes.
+bool MayBeScript(const std::string& path, const std::string& executable, const std::string& name) {
+    constexpr size_t kNameLength = 15;
+    return IsInBundle(path) || IsUsualInterpreter(executable) ||
+           (!name.empty() && path.substr(path.rfind('/') + 1, kNameLength) == name);
+}
+
+bool IsNoOption(const std::string& word) {
+    return !word.empty() && word.front() != '-';
+}
+
+bool HasPlaceForScript(const std::vector<std::string>& words) {
+    return words.size() > 1 && std::any_of(words.begin() + 1, words.end(), IsNoOption);
+}
+
 /// The script among the words that a process was started with, as an absolute path; empty if it
-/// runs none. `currentFolder` is the process's own.
-std::string ScriptAmong(const std::vector<std::string>& words, const std::string& currentFolder) {
+/// runs none. `currentFolder` is the process's own, `name` the kernel's for it.
+std::string ScriptAmong(const std::vector<std::string>& words, const std::string& currentFolder,
+                        const std::string& executable, const std::string& name) {
     std::string script;
     std::vector<std::string_view> before;
     for (size_t i = 0; i < std::min(words.size(), kPlacesOfScript); ++i) {
-        if (i > 0 && !words[i].empty() && words[i].front() != '-') {
+        if (i > 0 && IsNoOption(words[i])) {
             const bool isAbsolute = words[i].front() == '/';
             const std::string path = isAbsolute ? words[i] : currentFolder + "/" + words[i];
-            const InterpreterLine line = ReadInterpreterLine(path);
+            const InterpreterLine line =
+                MayBeScript(path, executable, name) ? ReadInterpreterLine(path) : InterpreterLine();
             if (line && StartsWith(line, before)) {
                 script = isAbsolute && !IsRoundabout(path) ? path : Resolved(path);
                 before.clear();  // the interpreter of a further script, if there is one
@@ -117,9 +146,11 @@ ProgramFile ProcessList::Program(pid_t id) const {
     std::string executable = ReadLink(folder_.Get(), link);
     if (!executable.starts_with('/')) return {};
     const std::vector<std::string> words = SettledWords(id);
-    const std::string currentFolder = "/proc/" + std::to_string(id) + "/cwd";
-    std::string script = ScriptAmong(words, currentFolder);
-    if (!script.empty()) return {std::move(script), true};
+    if (HasPlaceForScript(words)) {
+        std::string script = ScriptAmong(
+            words, ReadLink(folder_.Get(), std::to_string(id) + "/cwd"), executable, Name(id));
+        if (!script.empty()) return {std::move(script), true};
+    }
     const bool isStartedInBundle = !words.empty() && IsInBundle(words[0]) &&
                                    !IsRoundabout(words[0]) &&
                                    IsSameFile(folder_.Get(), link, words[0]);
@@ -138,14 +169,22 @@ std::vector<std::string> ProcessList::SettledWords(pid_t id) const {
     return words;
 }
 
-std::vector<std::string> ProcessList::Words(pid_t id) const {
-    const std::string path = std::to_string(id) + "/cmdline";
+std::string ProcessList::Name(pid_t id) const {
+    std::array<char, 64> buffer;
+    const std::string_view name = Read(std::to_string(id) + "/comm", buffer);
+    return std::string(name.substr(0, name.find('\n')));
+}
+
+std::string_view ProcessList::Read(const std::string& path, std::span<char> buffer) const {
     const FileDescriptor file(openat(folder_.Get(), path.c_str(), O_RDONLY | O_CLOEXEC));
-    if (!file) return {};
-    std::array<char, kWordsLimit> buffer;
     // The kernel hands over in one piece what fits; a second read would only find the end.
-    const ssize_t count = read(file.Get(), buffer.data(), buffer.size());
-    std::string_view rest(buffer.data(), count > 0 ? static_cast<size_t>(count) : 0);
+    const ssize_t count = file ? read(file.Get(), buffer.data(), buffer.size()) : 0;
+    return {buffer.data(), count > 0 ? static_cast<size_t>(count) : 0};
+}
+
+std::vector<std::string> ProcessList::Words(pid_t id) const {
+    std::array<char, kWordsLimit> buffer;
+    std::string_view rest = Read(std::to_string(id) + "/cmdline", buffer);
     std::vector<std::string> words;
     for (size_t end; (end = rest.find('\0')) != std::string_view::npos;) {
         words.emplace_back(rest.substr(0, end));

@@ -2,7 +2,9 @@
 
 #include <sys/types.h>
 
+#include <span>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "platform/file_descriptor.h"
@@ -39,6 +41,11 @@ class ProcessList {
     /// The words, waited for up to two milliseconds where a process is just being started: `env`
     /// starts a second program in its place, in the midst of which it has none.
     std::vector<std::string> SettledWords(pid_t id) const;
+
+    /// The kernel's name for the process; empty if there is none.
+    std::string Name(pid_t id) const;
+    /// What a file of the process says, as far as it fits; empty if it can't be read.
+    std::string_view Read(const std::string& path, std::span<char> buffer) const;
 
     FileDescriptor folder_;
 };
