@@ -9,8 +9,8 @@
 namespace dunvey {
 namespace {
 
-/// The platform's own initialisation, which brings the documents of the launch and calls back once it
-/// is done.
+/// The platform's own initialisation, which brings the documents of the launch and calls back once
+/// it is done.
 void InitializeFramework(void (*initialized)()) {
     PostLaunchDocuments(EventLoop::Current());
     initialized();

@@ -35,7 +35,7 @@ void AssignIn(Numbered& elements, int64_t index, Variant value) {
 }
 
 Variant KeyOf(std::string_view name) {
-    return Variant(name, TextEncoding::None);
+    return {name, TextEncoding::None};
 }
 
 }  // namespace

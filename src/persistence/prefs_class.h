@@ -26,8 +26,8 @@ class PrefsClass {
     /// What `preferences[name]` gives: read or assigned through Get and Set.
     class Preference {
      public:
-        Preference(PrefsClass& preferences, const std::string& name)
-            : preferences_(preferences), name_(name) {}
+        Preference(PrefsClass& preferences, std::string name)
+            : preferences_(preferences), name_(std::move(name)) {}
         operator Variant() const { return preferences_.Get(name_); }
         Preference& operator=(const Variant& value) {
             preferences_.Set(name_, value);

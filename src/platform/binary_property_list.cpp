@@ -10,8 +10,8 @@ namespace {
 constexpr std::string_view kMark = "bplist00";
 constexpr size_t kTrailerSize = 32;
 
-// The kinds of values, the upper half of a value's first byte; the lower half is the count, or 15 if
-// that stands behind it as a number of its own.
+// The kinds of values, the upper half of a value's first byte; the lower half is the count, or 15
+// if that stands behind it as a number of its own.
 constexpr unsigned kNumber = 0x1;
 constexpr unsigned kAsciiText = 0x5;
 constexpr unsigned kUtf16Text = 0x6;
@@ -98,8 +98,7 @@ std::optional<std::string> BinaryPropertyList::TextOf(size_t reference) const {
     if (value->begin > bytes_.size() || value->count > (bytes_.size() - value->begin) / unit) {
         return std::nullopt;
     }
-    const std::string_view raw =
-        std::string_view(bytes_).substr(value->begin, value->count * unit);
+    const std::string_view raw = std::string_view(bytes_).substr(value->begin, value->count * unit);
     return unit == 2 ? FromUtf16(raw) : std::string(raw);
 }
 

@@ -10,8 +10,8 @@ namespace dunvey {
 bool IsBinaryPropertyList(std::string_view bytes);
 
 /// A property list in the binary form whose top value is a dictionary. Only what is asked for is
-/// looked at: a library that builds all values can be made to build more than there is memory, since
-/// a list of a few hundred bytes may refer to its values over and over.
+/// looked at: a library that builds all values can be made to build more than there is memory,
+/// since a list of a few hundred bytes may refer to its values over and over.
 class BinaryPropertyList {
  public:
     explicit BinaryPropertyList(std::string bytes);

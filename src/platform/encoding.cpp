@@ -18,7 +18,7 @@ uint8_t ByteAt(std::string_view bytes, size_t position) {
 char32_t CodePoint(std::string_view character) {
     const uint8_t lead = ByteAt(character, 0);
     if (character.size() == 1) return lead < 0x80 ? lead : kUnreadable;
-    char32_t value = static_cast<char32_t>(lead & (0xFF >> (character.size() + 1)));
+    auto value = static_cast<char32_t>(lead & (0xFF >> (character.size() + 1)));
     for (size_t i = 1; i < character.size(); ++i) {
         value = (value << 6) | (ByteAt(character, i) & 0x3Fu);
     }

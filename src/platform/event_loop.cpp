@@ -47,7 +47,8 @@ int EventLoop::Run(Application& application) {
     try {
         application.Event_Open();
         application_ = &application;
-        for (;;) Turn();
+        for (;;)
+            Turn();
     } catch (const EndException& end) {
         return end.ExitCode;
     }

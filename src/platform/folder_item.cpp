@@ -14,8 +14,8 @@ namespace {
 std::string CurrentDirectory() {
     std::string buffer(256, '\0');
     while (getcwd(buffer.data(), buffer.size()) == nullptr) {
-        // The folder is gone. Below what is no folder nothing can exist, whereas another folder might
-        // well hold a file of the name.
+        // The folder is gone. Below what is no folder nothing can exist, whereas another folder
+        // might well hold a file of the name.
         if (errno != ERANGE) return "/dev/null";
         buffer.resize(buffer.size() * 2);
     }

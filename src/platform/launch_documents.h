@@ -16,9 +16,9 @@ std::string PathOfWord(const std::string& word);
 void KeepLaunchWords(std::vector<std::string> words);
 const std::vector<std::string>& LaunchWords();
 
-/// Brings the documents of the launch into the event loop. On Linux they are the words of the start,
-/// one open-document event each, in their order. On macOS they come through the desktop, which is
-/// loaded here, and the words are nothing.
+/// Brings the documents of the launch into the event loop. On Linux they are the words of the
+/// start, one open-document event each, in their order. On macOS they come through the desktop,
+/// which is loaded here, and the words are nothing.
 void PostLaunchDocuments(EventLoop& loop);
 
 }  // namespace dunvey

@@ -92,7 +92,10 @@ struct NumberFormat::Layout {
     int fractionZeros;
     int fraction;  // with its zeros
 
-    size_t Room() const { return static_cast<size_t>(wholeZeros + whole + fraction + 1 + kSlack); }
+    size_t Room() const {
+        return static_cast<size_t>(wholeZeros) + static_cast<size_t>(whole) +
+               static_cast<size_t>(fraction) + 1 + kSlack;
+    }
     char* Put(char* out, const DecimalDigits& decimal) const {
         out = PutDigits(std::fill_n(out, wholeZeros, '0'), decimal, 0, whole);
         if (fraction == 0) return out;

@@ -181,8 +181,9 @@ class Variant {
     }
 
     void MoveFrom(Variant& other) noexcept {
-        std::memcpy(static_cast<void*>(this), &other, sizeof *this);
-        other.kind_ = Kind::Nil;
+        std::memcpy(bytes_, other.bytes_, sizeof bytes_);
+        detail_ = other.detail_;
+        kind_ = std::exchange(other.kind_, Kind::Nil);
     }
     void CopyFrom(const Variant& other);
     void Release() noexcept {

@@ -21,7 +21,7 @@ int64_t WholeNumber(const std::string& text) {
 }
 
 std::string DateText(Date date) {
-    const time_t seconds = static_cast<time_t>(date.SecondsSince1970);
+    const auto seconds = static_cast<time_t>(date.SecondsSince1970);
     struct tm fields = {};
     char text[64];
     if (gmtime_r(&seconds, &fields) == nullptr) return Str(date.SecondsSince1970);

@@ -16,9 +16,9 @@ constexpr const char* kBundleInPath =
     "/Applications/Adobe InDesign .+?/(Adobe InDesign .+?.app)/Contents/MacOS/"
     "Adobe InDesign .+";
 
-/// The line with the applications folder as the patterns have it, also where that is the user's own;
-/// empty for a process of another place. The patterns aren't anchored: what stands ahead of a match
-/// would stay in the result.
+/// The line with the applications folder as the patterns have it, also where that is the user's
+/// own; empty for a process of another place. The patterns aren't anchored: what stands ahead of a
+/// match would stay in the result.
 std::string SeenFromApplications(const std::string& line, const std::vector<std::string>& folders) {
     for (const std::string& folder : folders) {
         if (line.starts_with(folder + "/")) return "/Applications" + line.substr(folder.size());

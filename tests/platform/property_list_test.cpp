@@ -51,9 +51,17 @@ std::string Binary(const std::vector<std::string>& objects) {
 
 TEST(PropertyList, ReadsTheBinaryForm) {
     EXPECT_EQ(Look(Binary({"d10102", "516b", "53392e32"})), "9.2");
-    EXPECT_EQ(Look(Binary({"df100101" "02", "5f1001" "6b", "6265e56728"})), "\u65e5\u6728")
+    EXPECT_EQ(Look(Binary({"df100101"
+                           "02",
+                           "5f1001"
+                           "6b",
+                           "6265e56728"})),
+              "\u65e5\u6728")
         << "long counts and UTF-16";
-    EXPECT_EQ(Look(Binary({"d2010302" "04", "5178", "5179", "516b", "62d83dde00"})), "\U0001F600");
+    EXPECT_EQ(Look(Binary({"d2010302"
+                           "04",
+                           "5178", "5179", "516b", "62d83dde00"})),
+              "\U0001F600");
     EXPECT_EQ(Look(Binary({"d10102", "516b", "61d83d"})), "\uFFFD");
     EXPECT_EQ(Look(Binary({"d10102", "516b", "1008"})), "none") << "a number";
     EXPECT_EQ(Look(Binary({"d10102", "516b", "d0"})), "none");
@@ -68,19 +76,25 @@ TEST(PropertyList, ReadsTheBinaryForm) {
 
 // Each level refers twice to the next one: all values built would be 2 to the power of 60.
 TEST(PropertyList, ABinaryListThatRepeatsItsValuesIsRead) {
-    std::vector<std::string> objects = {"d2010302" "04", "516b", "53392e32", "5178"};
+    std::vector<std::string> objects = {
+        "d2010302"
+        "04",
+        "516b", "53392e32", "5178"};
     const auto reference = [](size_t i) {
         char text[3];
         snprintf(text, sizeof text, "%02x", static_cast<unsigned>(i));
         return std::string(text);
     };
-    for (size_t i = 4; i < 64; ++i) objects.push_back("a2" + reference(i + 1) + reference(i + 1));
+    for (size_t i = 4; i < 64; ++i)
+        objects.push_back("a2" + reference(i + 1) + reference(i + 1));
     objects.push_back("a0");
     EXPECT_EQ(Look(Binary(objects)), "9.2");
 }
 
 TEST(PropertyList, EveryCutAndEveryFlippedByteIsSafe) {
-    const std::string whole = Binary({"d10102", "516b", "5f100239" "2e"});
+    const std::string whole = Binary({"d10102", "516b",
+                                      "5f100239"
+                                      "2e"});
     for (size_t i = 0; i < whole.size(); ++i) {
         Look(whole.substr(0, i));
         for (const int byte : {0x00, 0x0F, 0x1F, 0x5F, 0x7F, 0xD1, 0xDF, 0xFF}) {

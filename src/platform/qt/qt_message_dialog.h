@@ -8,8 +8,8 @@
 
 namespace dunvey {
 
-/// A message dialog on the screen: a sheet of `parent`, or where that is nullptr a window of its own
-/// that holds the whole program up.
+/// A message dialog on the screen: a sheet of `parent`, or where that is nullptr a window of its
+/// own that holds the whole program up.
 class QtMessageDialog final : public Shown {
  public:
     QtMessageDialog(MessageDialog& dialog, UserAction key, QWidget* parent);
