@@ -1,5 +1,7 @@
 #include "persistence/prefs_class.h"
 
+#include <algorithm>
+#include <cstring>
 #include <utility>
 
 #include "persistence/json_exception.h"
@@ -7,11 +9,29 @@
 #include "platform/exceptions.h"
 #include "platform/special_folder.h"
 #include "platform/streams.h"
+#include "platform/text.h"
 
 namespace dunvey {
 namespace {
 
 constexpr int64_t kLargestFile = 1 << 20;
+
+/// Whether the document, written back, stays within the limit too. Written indented it can grow a
+/// thousandfold, so that is first judged by the nesting and the number of lines that its text makes
+/// at the most.
+bool StaysSmall(const std::string& text, const JSONItem& document) {
+    constexpr int64_t kWorthWriting = 64 * kLargestFile;
+    int64_t depth = 0;
+    int64_t deepest = 0;
+    int64_t lines = 1;
+    for (const char c : text) {
+        if (c == '[' || c == '{') deepest = std::max(deepest, ++depth);
+        if (c == ']' || c == '}') --depth;
+        if (std::strchr("[]{},", c) != nullptr) ++lines;
+    }
+    if (lines * deepest * document.IndentSpacing > kWorthWriting) return false;
+    return LenB(document.ToString()) <= kLargestFile;
+}
 
 Ref<JSONItem> EmptyDocument() {
     Ref<JSONItem> document = New<JSONItem>();
@@ -39,11 +59,7 @@ void PrefsClass::Set(const std::string& name, const Variant& value) {
 
 bool PrefsClass::Load() {
     const Ref<FolderItem> folder = Folder();
-    if (!folder->Exists()) {
-        // On a fresh account even the folder above may be missing.
-        if (!folder->Parent()->Exists()) folder->Parent()->CreateAsFolder();
-        folder->CreateAsFolder();
-    }
+    if (!folder->Exists()) folder->CreateAsFolder();
     mPrefsFile = folder->Child(mAppName + ".pref");
     if (!mPrefsFile->Exists()) return false;
     const bool accepted = LoadDocument();
@@ -56,14 +72,16 @@ bool PrefsClass::LoadDocument() {
     const Ref<BinaryStream> file = BinaryStream::Open(mPrefsFile);
     if (file->Length() > kLargestFile) return false;
     TextInputStream stream(file);
-    std::string text = stream.ReadAll();
+    const std::string text = stream.ReadAll();
     stream.Close();
     try {
-        mPrefs->Load(std::move(text));
+        mPrefs->Load(text);
+        if (StaysSmall(text, *mPrefs)) return true;
+        mPrefs = EmptyDocument();
     } catch (const JSONException&) {
-        return false;
+        // As good as no file.
     }
-    return true;
+    return false;
 }
 
 bool PrefsClass::Save() {

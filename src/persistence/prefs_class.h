@@ -19,8 +19,9 @@ class PrefsClass {
     /// Raises PreferenceNotFoundException.
     virtual Variant Get(const std::string& name) const;
     /// Reads the file, after making its folder if need be. False if there is none or it holds no
-    /// JSON. A file of more than 1 MiB isn't read: this program can't have written it. An array on
-    /// top counts as an empty document. Raises IOException if the file can't be read.
+    /// JSON. A file of more than 1 MiB, or one that would be so large when
+    /// written, counts as one that holds none; an array on top as an empty document. Raises
+    /// IOException if the file can't be read.
     virtual bool Load();
 
     /// What `preferences[name]` gives: read or assigned through Get and Set.

@@ -49,11 +49,16 @@ size_t OrderedTable::PositionOf(const Variant& key) const {
         }
         return kNowhere;
     }
-    const std::vector<uint32_t>& slots = index_->slots;
+    const uint32_t* slot = SlotOf(key);
+    return slot == nullptr ? kNowhere : *slot - kOffset;
+}
+
+uint32_t* OrderedTable::SlotOf(const Variant& key) const {
+    std::vector<uint32_t>& slots = index_->slots;
     for (size_t at = HashOf(key);; ++at) {
-        const uint32_t slot = slots[at & (slots.size() - 1)];
-        if (slot == kFree) return kNowhere;
-        if (slot != kRemoved && entries_[slot - kOffset].Key == key) return slot - kOffset;
+        uint32_t& slot = slots[at & (slots.size() - 1)];
+        if (slot == kFree) return nullptr;
+        if (slot != kRemoved && entries_[slot - kOffset].Key == key) return &slot;
     }
 }
 
@@ -99,6 +104,11 @@ void OrderedTable::Assign(Variant key, Variant value) {
 bool OrderedTable::Remove(const Variant& key) {
     const size_t position = PositionOf(key);
     if (position == kNowhere) return false;
+    if (position + 1 == entries_.size()) {
+        if (index_) *SlotOf(key) = kRemoved;
+        entries_.pop_back();
+        return true;
+    }
     if (index_) {
         const uint32_t removed = SlotValue(position);
         for (uint32_t& slot : index_->slots) {

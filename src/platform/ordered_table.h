@@ -42,6 +42,8 @@ class OrderedTable {
     static constexpr size_t kNowhere = SIZE_MAX;
 
     size_t PositionOf(const Variant& key) const;
+    /// The index's slot of the key, nullptr if there is none. There must be an index.
+    uint32_t* SlotOf(const Variant& key) const;
     void AddToIndex(size_t position);
     void Reindex();
 

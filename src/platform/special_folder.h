@@ -14,7 +14,7 @@ Ref<FolderItem> Applications();
 
 /// The user's application-data folder. On Linux `$XDG_CONFIG_HOME` if that is an absolute path,
 /// else
-/// `.config` in the user's home.
+/// `.config` in the user's home; made if it is missing.
 Ref<FolderItem> ApplicationData();
 
 /// The paths under which processes of the applications folder show up: its own, and where it is

@@ -6,7 +6,9 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <cstdlib>
 #include <cstring>
+#include <memory>
 
 #include "platform/exceptions.h"
 
@@ -29,6 +31,12 @@ FileDescriptor OpenForWriting(const std::string& path, int flags, int& error) {
     }
     error = S_ISREG(status.st_mode) ? 0 : EINVAL;
     return error == 0 ? std::move(file) : FileDescriptor();
+}
+
+std::string Resolved(const std::string& path) {
+    const std::unique_ptr<char, decltype(&std::free)> resolved(realpath(path.c_str(), nullptr),
+                                                               &std::free);
+    return resolved ? resolved.get() : path;
 }
 
 }  // namespace
@@ -75,9 +83,13 @@ Ref<TextOutputStream> TextOutputStream::Create(const Ref<FolderItem>& item) {
     int error = 0;
     FileDescriptor file = OpenForWriting(path, O_WRONLY | O_CREAT | O_EXCL, error);
     const bool created = static_cast<bool>(file);
-    if (error == EEXIST) file = OpenForWriting(path, O_WRONLY | O_CREAT, error);
+    if (error == EEXIST) file = OpenForWriting(path, O_WRONLY, error);
+    if (file) return New<TextOutputStream>(std::move(file), path, created);
+    if (error != ENOENT) Raise("written", path, error);
+    // A link to nowhere: what it leads to is made.
+    file = OpenForWriting(path, O_WRONLY | O_CREAT, error);
     if (!file) Raise("written", path, error);
-    return New<TextOutputStream>(std::move(file), path, created);
+    return New<TextOutputStream>(std::move(file), Resolved(path), true);
 }
 
 int TextOutputStream::PutInPlace() {

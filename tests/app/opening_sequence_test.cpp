@@ -113,6 +113,10 @@ TEST_F(Opening, UnusablePreferencesNeverStopTheRun) {
     for (const std::string& text :
          {std::string(), std::string("  \n"), std::string("{"), std::string("[1]"),
           std::string("\xFF\xFE\x00{", 4), std::string(3'000'000, '['), std::string("{}"),
+          // Sound, but a thousand times as large when it is written back.
+          "{\"AllowOpenHigherVersion\":true,\"x\":" + std::string(999, '[') +
+              std::string(999, ']') + "}",
+          "{\"AllowOpenHigherVersion\":true,\"x\":\"" + std::string(700'000, '/') + "\"}",
           std::string("{\"AllowOpenHigherVersion\":true}")}) {
         WriteFile(text);
         EXPECT_EQ(RunOnce(), 0) << text.substr(0, 20);

@@ -131,8 +131,9 @@ TEST(FolderItem, CopiesMakesAndDeletesWithAnErrorCode) {
 TEST(SpecialFolder, FollowsTheUsersSettings) {
     const TemporaryFolder home;
     setenv("HOME", home.Path().c_str(), 1);
-    setenv("XDG_CONFIG_HOME", "/somewhere/config", 1);
-    EXPECT_EQ(SpecialFolder::ApplicationData()->NativePath(), "/somewhere/config");
+    setenv("XDG_CONFIG_HOME", (home / "some/where/config").c_str(), 1);
+    EXPECT_EQ(SpecialFolder::ApplicationData()->NativePath(), home / "some/where/config");
+    EXPECT_TRUE(SpecialFolder::ApplicationData()->Directory()) << "made with all above it";
     setenv("XDG_CONFIG_HOME", "relative", 1);
     EXPECT_EQ(SpecialFolder::ApplicationData()->NativePath(), home / ".config");
     unsetenv("XDG_CONFIG_HOME");

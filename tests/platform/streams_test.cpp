@@ -55,12 +55,13 @@ TEST(TextOutputStream, ReplacesLongerAndShorterText) {
 TEST(TextOutputStream, AFullDiskLeavesTheOldText) {
     const TemporaryFolder folder;
     folder.Write("old", "the old text");
+    ASSERT_EQ(symlink("behind the link", (folder / "link").c_str()), 0);
     rlimit before{};
     getrlimit(RLIMIT_FSIZE, &before);
     rlimit small = before;
     small.rlim_cur = 1000;
     signal(SIGXFSZ, SIG_IGN);
-    for (const char* name : {"old", "new"}) {
+    for (const char* name : {"old", "new", "link"}) {
         const Ref<TextOutputStream> stream =
             TextOutputStream::Create(New<FolderItem>(folder / name));
         stream->Write(std::string(5000, 'z'));
@@ -71,6 +72,7 @@ TEST(TextOutputStream, AFullDiskLeavesTheOldText) {
     signal(SIGXFSZ, SIG_DFL);
     EXPECT_EQ(folder.Read("old"), "the old text");
     EXPECT_FALSE(FolderItem(folder / "new").Exists());
+    EXPECT_FALSE(FolderItem(folder / "behind the link").Exists());
 }
 
 }  // namespace

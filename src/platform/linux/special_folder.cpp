@@ -1,6 +1,7 @@
 #include "platform/special_folder.h"
 
 #include <pwd.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <cstdlib>
@@ -21,6 +22,14 @@ std::string Home() {
     return user != nullptr && IsAbsolute(user->pw_dir) ? user->pw_dir : "/";
 }
 
+/// Makes the folder with all those above it. Where that fails, whoever uses it will see.
+void MakeFolders(const std::string& path) {
+    for (size_t end = 0; end != std::string::npos;) {
+        end = path.find('/', end + 1);
+        mkdir(path.substr(0, end).c_str(), 0700);
+    }
+}
+
 }  // namespace
 
 Ref<FolderItem> Applications() {
@@ -29,9 +38,13 @@ Ref<FolderItem> Applications() {
 }
 
 Ref<FolderItem> ApplicationData() {
-    // The XDG base directory rules: a relative path is to be ignored.
+    // The XDG base directory rules: a relative path is to be ignored, and what is missing is made
+    // for the user alone.
     const char* configuration = std::getenv("XDG_CONFIG_HOME");
-    return New<FolderItem>(IsAbsolute(configuration) ? configuration : Home() + "/.config");
+    Ref<FolderItem> folder =
+        New<FolderItem>(IsAbsolute(configuration) ? configuration : Home() + "/.config");
+    if (!folder->Exists()) MakeFolders(folder->NativePath());
+    return folder;
 }
 
 std::vector<std::string> ApplicationsPaths() {

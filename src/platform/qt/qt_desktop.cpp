@@ -80,14 +80,19 @@ void QtDesktop::Serve() {
 
 void QtDesktop::BringToFront() {
     QWidget* window = QApplication::activeModalWidget();
-    if (window == nullptr) return;
+    if (window == nullptr) {
+        frontIsWanted_ = true;
+        return;
+    }
     window->raise();
     window->activateWindow();
 }
 
 // No window of the contract is on the screen yet that could be a parent.
 std::unique_ptr<Shown> QtDesktop::Show(MessageDialog& dialog, Window*) {
-    return std::make_unique<QtMessageDialog>(dialog, ByUser(), nullptr);
+    auto shown = std::make_unique<QtMessageDialog>(dialog, ByUser(), nullptr);
+    if (std::exchange(frontIsWanted_, false)) BringToFront();
+    return shown;
 }
 
 }  // namespace dunvey

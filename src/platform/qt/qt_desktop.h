@@ -35,6 +35,8 @@ class QtDesktop final : public Desktop {
     QtApplication application_;
     QTimer wake_;
     std::vector<QEventLoop*> loops_;
+    /// The front was asked for while there was no window: the next one comes up there.
+    bool frontIsWanted_ = false;
 };
 
 }  // namespace dunvey

@@ -1,5 +1,6 @@
 #include "platform/qt/qt_message_dialog.h"
 
+#include <QLabel>
 #include <QPushButton>
 
 #include "platform/event_loop.h"
@@ -36,14 +37,15 @@ QtMessageDialog::QtMessageDialog(MessageDialog& dialog, UserAction key, QWidget*
     box_.setIcon(Graphic(dialog.Icon));
     box_.setText(Text(dialog.Message));
     box_.setInformativeText(Text(dialog.Explanation));
+    // The box's own text format doesn't reach this label, and an explanation may name any file.
+    for (QLabel* label : box_.findChildren<QLabel*>())
+        label->setTextFormat(Qt::PlainText);
     AddButton(dialog.ActionButton, QMessageBox::AcceptRole);
     AddButton(dialog.AlternateActionButton, QMessageBox::DestructiveRole);
     AddButton(dialog.CancelButton, QMessageBox::RejectRole);
     QObject::connect(&box_, &QDialog::finished, &box_, [this] { Finish(); });
     box_.setWindowModality(parent != nullptr ? Qt::WindowModal : Qt::ApplicationModal);
     box_.show();
-    box_.raise();
-    box_.activateWindow();
 }
 
 QtMessageDialog::~QtMessageDialog() {

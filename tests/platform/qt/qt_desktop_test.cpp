@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <QAbstractButton>
+#include <QLabel>
 #include <QMessageBox>
 #include <QTest>
 #include <QTimer>
@@ -10,6 +11,7 @@
 
 #include "platform/application.h"
 #include "platform/message_dialog.h"
+#include "platform/qt/qt_message_dialog.h"
 #include "platform/timer.h"
 
 namespace dunvey {
@@ -112,16 +114,35 @@ TEST_F(QtDesktopTest, TheBoxShowsWhatTheDialogSays) {
     Prepare(dialog, false, false);
     dialog.Icon = MessageDialog::kCaution;
     dialog.Message = "one\rtwo & <b>three</b>";
-    dialog.Explanation = "日本語";
+    dialog.Explanation = "日本語 <img src=x>";
     User([](QMessageBox& box) {
         EXPECT_EQ(box.icon(), QMessageBox::Warning);
         EXPECT_EQ(box.text(), QString("one\ntwo & <b>three</b>"));
         EXPECT_EQ(box.textFormat(), Qt::PlainText);
-        EXPECT_EQ(box.informativeText(), QString("日本語"));
+        EXPECT_EQ(box.informativeText(), QString("日本語 <img src=x>"));
+        for (const QLabel* label : box.findChildren<QLabel*>()) {
+            EXPECT_EQ(label->textFormat(), Qt::PlainText) << "no text is taken for markup";
+        }
         EXPECT_EQ(box.buttons().size(), 1);
         QTest::keyClick(&box, Qt::Key_Return);
     });
     dialog.ShowModal();
+}
+
+TEST_F(QtDesktopTest, ADialogWithAParentIsItsSheet) {
+    QWidget window;
+    window.show();
+    MessageDialog dialog;
+    class User : public Desktop {
+     public:
+        using Desktop::ByUser;
+    };
+    const QtMessageDialog shown(dialog, User::ByUser(), &window);
+    const auto* box = window.findChild<QMessageBox*>();
+    ASSERT_NE(box, nullptr);
+    EXPECT_EQ(box->windowModality(), Qt::WindowModal);
+    EXPECT_EQ(box->windowFlags() & Qt::Sheet, Qt::Sheet);
+    EXPECT_TRUE(box->isVisible());
 }
 
 TEST_F(QtDesktopTest, DocumentsAndTimersAreServedInsideADialog) {
