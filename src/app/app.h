@@ -48,4 +48,8 @@ class App : public Application {
     void OpenFile();
 };
 
+/// The item "FileAbout" of the application's menu bar; nil where there is no menu bar or none such
+/// in it.
+Ref<ApplicationMenuItem> FileAbout();
+
 }  // namespace dunvey

@@ -26,11 +26,6 @@ bool IsIconImportDue() {
     return newest && InDesign::AppVersion(newest) != Preferences::pIconVersion;
 }
 
-std::string AboutCaption() {
-    const std::string name = Application::ExecutableFile()->Name();
-    return LocalizedMenu::kLocal("") == "ja" ? name + " について" : "About " + name;
-}
-
 void App::Event_Open() {
     namespace SystemInformation = SystemInformationMBS;
     if (IsSystemRefused(SystemInformation::MacMajorVersion(),
@@ -51,7 +46,17 @@ void App::Event_Close() {
     terminate();
 }
 
-// The caption is ready; the menu bar that bears it isn't there yet.
-void App::localizeMenuText() {}
+Ref<ApplicationMenuItem> FileAbout() {
+    const Ref<MenuBar>& menuBar = Application::Current()->MenuBar();
+    return menuBar ? menuBar->Find("FileAbout").As<ApplicationMenuItem>() : nullptr;
+}
+
+void App::localizeMenuText() {
+    const std::string name = ExecutableFile()->Name();
+    const bool isJapanese = LocalizedMenu::kLocal("") == "ja";
+    if (const Ref<ApplicationMenuItem> item = FileAbout()) {
+        item->Text = isJapanese ? name + " について" : "About " + name;
+    }
+}
 
 }  // namespace dunvey

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "platform/folder_item.h"
+#include "platform/menu_item.h"
 #include "platform/reference.h"
 
 namespace dunvey {
@@ -28,6 +29,10 @@ class Application {
     /// Registers the application object; nil takes it away.
     static void Register(Ref<Application> application);
 
+    /// The application's menu bar; nil for none.
+    const Ref<dunvey::MenuBar>& MenuBar() const { return menuBar_; }
+    void SetMenuBar(Ref<dunvey::MenuBar> menuBar) { menuBar_ = std::move(menuBar); }
+
     /// Fires Event_Close, the first time it is called.
     void Close();
     /// Whether Close has been called.
@@ -50,6 +55,7 @@ class Application {
 
  private:
     bool closing_ = false;
+    Ref<dunvey::MenuBar> menuBar_;
 };
 
 /// The operating system's application object.

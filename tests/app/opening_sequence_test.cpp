@@ -163,11 +163,23 @@ TEST_F(Opening, TheIconImportIsDueWhenTheBuildOrTheNewestVersionChanged) {
     EXPECT_TRUE(IsIconImportDue());
 }
 
-TEST_F(Opening, TheAboutCaptionFollowsTheLanguage) {
+TEST_F(Opening, TheAboutItemBearsTheProgramsNameInTheUsersLanguage) {
+    const Ref<App> app = New<App>();
+    Application::Register(app);
+    app->localizeMenuText();  // no menu bar, no caption
+    EXPECT_FALSE(FileAbout());
+    const auto bar = New<MenuBar>("MainMenuBar");
+    const auto menu = New<MenuItem>("FileMenu");
+    bar->Append(menu);
+    menu->Append(New<MenuItem>("FileClose"));
+    menu->Append(New<ApplicationMenuItem>("FileAbout"));
+    app->SetMenuBar(bar);
     const std::string name = Application::ExecutableFile()->Name();
-    EXPECT_EQ(AboutCaption(), "About " + name);
+    app->Event_Open();
+    EXPECT_EQ(FileAbout()->Text, "About " + name);
     setenv("LC_ALL", "ja_JP.UTF-8", 1);
-    EXPECT_EQ(AboutCaption(), name + " について");
+    app->localizeMenuText();
+    EXPECT_EQ(FileAbout()->Text, name + " について");
 }
 
 }  // namespace
