@@ -24,6 +24,7 @@ void FinalizeModules() {
 
 }  // namespace
 
+// The declared file types aren't there yet.
 void _InitFileTypes() {}
 
 void _NewAppInstance() {
@@ -31,6 +32,7 @@ void _NewAppInstance() {
     Application::Register(app);
 }
 
+// Neither is the menu bar, whose items are bound here.
 void _ApplicationAddMenuHandlers() {}
 
 void _EarlyStartup() {
