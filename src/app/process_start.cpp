@@ -2,6 +2,7 @@
 
 #include "app/app.h"
 #include "app/exception_report.h"
+#include "icons/file_types1.h"
 #include "platform/desktop.h"
 #include "platform/event_loop.h"
 #include "platform/launch_documents.h"
@@ -24,8 +25,9 @@ void FinalizeModules() {
 
 }  // namespace
 
-// The declared file types aren't there yet.
-void _InitFileTypes() {}
+void _InitFileTypes() {
+    FileTypes1::_Initialize();
+}
 
 void _NewAppInstance() {
     const Ref<App> app = New<App>();
