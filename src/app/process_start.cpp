@@ -3,6 +3,7 @@
 #include "app/app.h"
 #include "app/exception_report.h"
 #include "icons/file_types1.h"
+#include "menus/main_menu_bar.h"
 #include "platform/desktop.h"
 #include "platform/event_loop.h"
 #include "platform/launch_documents.h"
@@ -31,11 +32,13 @@ void _InitFileTypes() {
 
 void _NewAppInstance() {
     const Ref<App> app = New<App>();
+    app->SetMenuBar(MainMenuBar::Instance());
     Application::Register(app);
 }
 
-// Neither is the menu bar, whose items are bound here.
-void _ApplicationAddMenuHandlers() {}
+void _ApplicationAddMenuHandlers() {
+    FileAbout()->Action = [] { return App::Instance()->_FileAbout_Action(); };
+}
 
 void _EarlyStartup() {
     Application::_SetSupportsHiDPI(true);

@@ -1,0 +1,216 @@
+#include "menus/cocoa_menu.h"
+
+#include "menus/main_menu_bar.h"
+#include "platform/responder_chain.h"
+#include "support/menu_world.h"
+
+namespace dunvey {
+namespace {
+
+using CocoaMenu::CocoaMenuItem;
+using test::RecordingResponder;
+
+class UndoManager final : public NSUndoManager {
+ public:
+    explicit UndoManager(bool canRedo) : canRedo_(canRedo) {}
+    bool canRedo() const override { return canRedo_; }
+
+ private:
+    bool canRedo_;
+};
+
+class NativeMenus : public test::MenuWorld {
+ protected:
+    NativeMenus() { application_->SetMenuBar(bar_); }
+
+    /// Whether the item is enabled once its menu has been validated.
+    bool Enabled(const char* name) const {
+        const Ref<MenuItem> item = bar_->Find(name);
+        CocoaMenuItem::GetParentOf(item)->Validate();
+        return item->Enabled;
+    }
+
+    const Ref<MenuBar> bar_ = New<MainMenuBar>();
+    RecordingResponder window_;
+    const ResponderChain::Place place_ = ResponderChain::AddWindow(window_);
+};
+
+TEST_F(NativeMenus, EachItemSendsItsSelectorToWhoeverAnswersIt) {
+    struct Row {
+        const char* item;
+        const char* selector;
+        const char* log;
+    };
+    const Row kRows[] = {
+        {"FileClose", "performClose:", "performClose:(Close) "},
+        {"EditUndo", "undo:", "undo:(Undo) "},
+        {"EditRedo", "redo:", "redo:(Redo) "},
+        {"EditSelectAll", "selectAll:", "selectAll:(Select All) "},
+        {"WindowMinimize", "performMiniaturize:", "performMiniaturize:(Minimize) "},
+        {"WindowZoom", "performZoom:", "performZoom:(Zoom) "}};
+    for (const Row& row : kRows) {
+        window_.log.clear();
+        window_.takes.clear();
+        EXPECT_FALSE(Enabled(row.item)) << row.item;
+        EXPECT_FALSE(Choose(bar_->Find(row.item))) << row.item;
+        window_.manager = New<UndoManager>(true);
+        window_.takes = {row.selector, "undoManager"};
+        EXPECT_TRUE(Enabled(row.item)) << row.item;
+        EXPECT_TRUE(Choose(bar_->Find(row.item))) << row.item;
+        EXPECT_EQ(window_.log, row.log);
+    }
+    EXPECT_TRUE(Choose(bar_->Find("WindowBringAlltoFront")));
+    EXPECT_EQ(user_->timesInFront(), 1) << "the application answers where no window does";
+}
+
+TEST_F(NativeMenus, OneOfTheTwoValidationsIsEnoughAndNoneAtAllToo) {
+    struct Row {
+        bool knowsMenu, knowsInterface, menu, interface, enabled;
+        const char* log;
+    };
+    const char* const kBoth = "menu(performZoom:) interface(performZoom:) ";
+    const Row kRows[] = {
+        {false, false, false, false, true, ""},
+        {true, false, false, true, false, "menu(performZoom:) "},
+        {true, false, true, false, true, "menu(performZoom:) "},
+        {false, true, true, false, false, "interface(performZoom:) "},
+        {false, true, false, true, true, "interface(performZoom:) "},
+        {true, true, false, false, false, kBoth},
+        {true, true, true, false, true, kBoth},
+        {true, true, false, true, true, kBoth},
+    };
+    for (const Row& row : kRows) {
+        window_.log.clear();
+        window_.takes = {"performZoom:"};
+        if (row.knowsMenu) window_.takes.insert("validateMenuItem:");
+        if (row.knowsInterface) window_.takes.insert("validateUserInterfaceItem:");
+        window_.validMenuItem = row.menu;
+        window_.validInterfaceItem = row.interface;
+        EXPECT_EQ(Enabled("WindowZoom"), row.enabled) << row.log << row.menu << row.interface;
+        EXPECT_EQ(window_.log, row.log);
+    }
+}
+
+TEST_F(NativeMenus, RedoAsksTheUndoManagerAndNothingElseCounts) {
+    RecordingResponder field({"redo:", "validateMenuItem:"});
+    field.validMenuItem = true;
+    const ResponderChain::Place focus = ResponderChain::AddFocus(field);
+    EXPECT_FALSE(Enabled("EditRedo")) << "it has no undo manager";
+    field.manager = New<UndoManager>(true);
+    EXPECT_FALSE(Enabled("EditRedo")) << "it doesn't answer the question";
+    field.takes.insert("undoManager");
+    EXPECT_TRUE(Enabled("EditRedo"));
+    field.validMenuItem = false;
+    EXPECT_TRUE(Enabled("EditRedo")) << "the common result is replaced";
+    field.manager = New<UndoManager>(false);
+    EXPECT_FALSE(Enabled("EditRedo"));
+    field.manager = nullptr;
+    EXPECT_FALSE(Enabled("EditRedo"));
+    field.takes.erase("redo:");
+    field.manager = New<UndoManager>(true);
+    EXPECT_FALSE(Enabled("EditRedo")) << "nobody answers";
+}
+
+TEST_F(NativeMenus, ParentsAreFoundByIdentity) {
+    bar_->Append(nullptr);
+    const Ref<MenuItem> undo = bar_->Find("EditUndo");
+    EXPECT_EQ(CocoaMenuItem::GetParentOf(bar_->Find("HelpMenu")), bar_);
+    EXPECT_EQ(CocoaMenuItem::GetParentOf(undo), bar_->Find("EditMenu"));
+    const Ref<MenuItem> deep = New<MenuItem>("Deep");
+    undo->Append(deep);
+    EXPECT_EQ(CocoaMenuItem::GetParentOf(deep), undo);
+    EXPECT_FALSE(CocoaMenuItem::GetParentOf(New<MenuItem>("EditUndo", "&Undo")));
+    EXPECT_FALSE(CocoaMenuItem::GetParentOf(bar_));
+    EXPECT_FALSE(CocoaMenuItem::GetParentOf(nullptr));
+    application_->SetMenuBar(nullptr);
+    EXPECT_FALSE(CocoaMenuItem::GetParentOf(undo));
+}
+
+TEST_F(NativeMenus, NativeSidesAreFoundByTitleFromTheBarDown) {
+    const Ref<MenuItem> edit = bar_->Find("EditMenu");
+    EXPECT_TRUE(CocoaMenuItem::GetNSMenu(bar_)->itemWithTitle("Edit"));
+    EXPECT_TRUE(CocoaMenuItem::MainMenu()->itemWithTitle("Help"));
+    const Ref<NSMenu> menu = CocoaMenuItem::GetNSMenu(edit);
+    EXPECT_TRUE(menu->itemWithTitle("Undo"));
+    EXPECT_FALSE(menu->itemWithTitle("&Undo"));
+    EXPECT_FALSE(menu->itemWithTitle("Close")) << "it stands in another menu";
+    EXPECT_FALSE(menu->itemWithTitle("-"));
+    EXPECT_EQ(CocoaMenuItem::GetNSMenuItem(bar_->Find("EditUndo"))->title(), "Undo");
+    EXPECT_FALSE(CocoaMenuItem::GetNSMenu(bar_->Find("EditUndo"))) << "it is no menu";
+    EXPECT_FALSE(CocoaMenuItem::GetNSMenuItem(bar_));
+    EXPECT_FALSE(CocoaMenuItem::GetNSMenuItem(nullptr));
+    EXPECT_FALSE(CocoaMenuItem::GetNSMenu(nullptr));
+    bar_->Find("FileAbout")->Text = "About &us";
+    EXPECT_EQ(CocoaMenuItem::GetNSMenuItem(bar_->Find("FileAbout"))->title(), "About us")
+        << "a new caption holds at once";
+}
+
+TEST_F(NativeMenus, AnItemWithoutANativeSideGoesOnWithNil) {
+    window_.takes = {"performZoom:", "validateMenuItem:"};
+    window_.validMenuItem = true;
+    const Ref<MenuItem> stray = New<CocoaMenu::MenuItemZoom>();
+    EXPECT_TRUE(Choose(stray));
+    EXPECT_EQ(window_.log, "menu(nil) performZoom:(nil) ");
+}
+
+/// An item that uses every event there is for a subclass.
+class FullItem final : public CocoaMenuItem {
+ public:
+    std::string Event_ActionSelectorName() override { return "full:"; }
+    int64_t Event_CocoaTag() override { return tag; }
+    bool Event_BeforeAction() override {
+        tagBefore = GetNSMenuItem(Self())->tag();
+        return actsFirst;
+    }
+    using CocoaMenuItem::Event_EnableMenu;
+    void Event_EnableMenu(Responder* answering) override {
+        lastAnswering = answering;
+        enabledBefore = Enabled;
+        Enabled = true;
+    }
+    Responder* Event_Target(const Ref<NSMenuItem>&) override { return fixed; }
+
+    int64_t tag = 7;
+    int64_t tagBefore = 0;
+    bool actsFirst = false;
+    bool enabledBefore = false;
+    Responder* fixed = nullptr;
+    Responder* lastAnswering = nullptr;
+};
+
+TEST_F(NativeMenus, ASubclassHasItsSayAtEachStep) {
+    const Ref<FullItem> item = New<FullItem>();
+    item->Text = "Full";
+    bar_->Find("HelpMenu")->Append(item);
+    item->lastAnswering = &window_;
+    EXPECT_FALSE(Choose(item)) << "enabled by the subclass, yet nobody takes it";
+    EXPECT_EQ(item->lastAnswering, nullptr);
+    EXPECT_FALSE(item->enabledBefore);
+
+    RecordingResponder target({"full:"});
+    window_.takes = {"full:"};
+    item->fixed = &target;
+    item->tag = 9;
+    item->Event_EnableMenu();
+    EXPECT_EQ(item->lastAnswering, &target);
+    EXPECT_TRUE(item->enabledBefore);
+    const Ref<NSMenuItem> native = CocoaMenuItem::GetNSMenuItem(item);
+    EXPECT_EQ(native->target(), &target);
+    EXPECT_EQ(native->action(), NSSelectorFromString("full:"));
+    EXPECT_EQ(native->tag(), 9);
+
+    item->tag = 8;
+    EXPECT_TRUE(item->Event_Action());
+    EXPECT_EQ(item->tagBefore, 8) << "the tag is set ahead of the action";
+    EXPECT_EQ(native->tag(), 8);
+    item->actsFirst = true;
+    EXPECT_FALSE(Choose(item));
+    EXPECT_EQ(target.log, "full:(Full) ");
+    item->actsFirst = false;
+    target.takes.clear();
+    EXPECT_FALSE(Choose(item)) << "a fixed target that doesn't take it leaves it to nobody";
+    EXPECT_EQ(window_.log, "");
+}
+
+}  // namespace
+}  // namespace dunvey
