@@ -1,14 +1,17 @@
 #pragma once
 
+#include <cstdint>
 #include <memory>
 #include <string>
 
 #include "platform/exceptions.h"
+#include "platform/reference.h"
 #include "platform/user_action.h"
 
 namespace dunvey {
 
 class MessageDialog;
+class NSImage;
 class Window;
 
 /// There is no screen to show anything on; the message says why and what to do.
@@ -18,6 +21,8 @@ DUNVEY_NAMED_EXCEPTION(DesktopUnavailableException);
 class Shown {
  public:
     virtual ~Shown() = default;
+    /// Brings it up in front of the others.
+    virtual void Raise() {}
 };
 
 /// The one seam to the screen, the keyboard and the mouse. It is loaded at its first use; a run in
@@ -33,11 +38,26 @@ class Desktop {
     virtual void LeaveLoop() = 0;
     /// Tells a running loop that there is something new to serve: a document or a timer.
     virtual void Wake() = 0;
+    /// Gives the user and the event loop a turn in the middle of some work, and returns.
+    virtual void Turn() = 0;
     /// Makes the program the one in front.
     virtual void BringToFront() = 0;
     /// Shows the dialog, as a sheet of the window if that isn't nullptr, and returns at once. The
     /// dialog lives longer than what is returned.
     virtual std::unique_ptr<Shown> Show(MessageDialog& dialog, Window* parent) = 0;
+
+    /// Shows the window, holding the rest of the program up or not, and returns at once. The window
+    /// lives longer than what is returned.
+    virtual std::unique_ptr<Shown> Show(Window& window, bool modal) = 0;
+
+    /// The image that stands for the file or folder at an absolute path, which exists.
+    virtual Ref<NSImage> IconForFile(const std::string& path) = 0;
+    /// The image of a file type: an extension, or a four-letter code in single quotes.
+    virtual Ref<NSImage> IconForFileType(const std::string& type) = 0;
+
+    /// Compares two texts as the user's language orders names, digits by their value: negative,
+    /// zero or positive; zero for equal texts alone.
+    virtual int64_t CompareTexts(const std::string& text1, const std::string& text2) = 0;
 
     using Loader = std::unique_ptr<Desktop> (*)();
     /// Names what makes the desktop at its first use. The loader raises DesktopUnavailableException

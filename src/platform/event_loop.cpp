@@ -44,6 +44,7 @@ int EventLoop::Run(Application& application) {
         EventLoop& loop;
     } const ending(*this);
     ended_ = false;
+    application_ = nullptr;
     try {
         application.Event_Open();
         application_ = &application;
@@ -134,7 +135,11 @@ void ModalLoop::Leave() {
     if (running_ && loop.nested_.back() == this) Desktop::Current().LeaveLoop();
 }
 
-void RuntimeBackgroundTask() {}
+void RuntimeBackgroundTask() {
+    if (!Desktop::IsLoaded()) return;
+    Desktop::Current().Turn();
+    EventLoop::Current().RaiseKept();
+}
 
 void Quit(int exitCode) {
     Application::Current()->Close();

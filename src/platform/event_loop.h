@@ -59,6 +59,7 @@ class EventLoop {
 
  private:
     friend class ModalLoop;
+    friend void RuntimeBackgroundTask();
 
     bool Deliverable() const { return application_ != nullptr && !documents_.empty(); }
     Timer* NextTimer() const;
@@ -90,7 +91,8 @@ class ModalLoop {
     bool left_ = false;
 };
 
-/// Gives other scheduled work a turn. There is none while no desktop is loaded.
+/// Gives other scheduled work a turn: with a desktop loaded, what the user has done meanwhile and
+/// what the event loop has to serve. An exception of theirs passes through.
 void RuntimeBackgroundTask();
 
 /// Ends the program: fires Event_Close on the application and unwinds the stack with EndException.

@@ -120,4 +120,16 @@ std::string ShellWord(const std::string& text) {
     return word;
 }
 
+std::string QuotedShellWord(const std::string& text) {
+    std::string word = "'";
+    for (const char c : text) {
+        if (c == '\'') {
+            word += "'\\''";
+        } else {
+            word += c;
+        }
+    }
+    return word + "'";
+}
+
 }  // namespace dunvey

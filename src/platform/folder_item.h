@@ -4,12 +4,13 @@
 #include <string>
 
 #include "platform/folder_listing.h"
+#include "platform/object.h"
 #include "platform/reference.h"
 
 namespace dunvey {
 
 /// A file or folder by its absolute path. It may name something that doesn't exist.
-class FolderItem {
+class FolderItem : public Object {
  public:
     /// A relative path is taken from the current directory. Dots in the path aren't resolved.
     explicit FolderItem(std::string path);
@@ -55,7 +56,11 @@ class FolderItem {
 /// The item's POSIX path, plain, with no escaping.
 std::string UnixpathMBS(const FolderItem& item);
 
-/// Any text as one word of a POSIX shell. The one place where shell words are made.
+/// Any text as one word of a POSIX shell. Shell words are made here and
+/// nowhere else.
 std::string ShellWord(const std::string& text);
+
+/// The same between single quotes, for where a command line puts a path that way.
+std::string QuotedShellWord(const std::string& text);
 
 }  // namespace dunvey

@@ -1,5 +1,6 @@
 #include "platform/headless/scripted_desktop.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "platform/clock.h"
@@ -7,34 +8,45 @@
 
 namespace dunvey::headless {
 
-class ScriptedDesktop::OpenDialog final : public Shown {
+/// What is on the screen, in the order in which it came up.
+class ScriptedDesktop::OpenOne final : public Shown {
  public:
-    OpenDialog(std::vector<MessageDialog*>& open, MessageDialog& dialog) : open_(open) {
-        open_.push_back(&dialog);
+    OpenOne(std::vector<Open>& all, Open open) : all_(all), place_(all.size()) {
+        all_.push_back(std::move(open));
     }
-    ~OpenDialog() override { open_.pop_back(); }
+    ~OpenOne() override { all_.erase(all_.begin() + static_cast<std::ptrdiff_t>(place_)); }
 
  private:
-    std::vector<MessageDialog*>& open_;
+    std::vector<Open>& all_;
+    size_t place_;
 };
 
 void ScriptedDesktop::ExpectMessage(std::string message, Answer answer,
                                     std::function<void(const MessageDialog&)> look) {
-    expected_.push_back({std::move(message), answer, std::move(look)});
+    expected_.emplace_back(ExpectedMessage{std::move(message), answer, std::move(look)});
+}
+
+void ScriptedDesktop::ExpectWindow(std::string title, std::vector<Step> steps) {
+    expected_.emplace_back(
+        ExpectedWindow{std::move(title), std::deque<Step>(steps.begin(), steps.end())});
 }
 
 void ScriptedDesktop::Finish() const {
     if (!expected_.empty()) {
-        throw ScriptFault("never shown: \"" + expected_.front().message + "\"");
+        const auto* message = std::get_if<ExpectedMessage>(&expected_.front());
+        const std::string name = message != nullptr
+                                     ? message->message
+                                     : std::get<ExpectedWindow>(expected_.front()).title;
+        throw ScriptFault("never shown: \"" + name + "\"");
     }
-    if (!steps_.empty()) throw ScriptFault("steps were left over");
-    if (!open_.empty()) throw ScriptFault("a dialog was left open");
+    if (!steps_.empty() || !turns_.empty()) throw ScriptFault("steps were left over");
+    if (!open_.empty()) throw ScriptFault("a dialog or window was left open");
 }
 
 void ScriptedDesktop::RunLoop() {
     left_.push_back(false);
     while (!left_.back())
-        Turn();
+        RunOneEvent();
     left_.pop_back();
 }
 
@@ -42,7 +54,7 @@ void ScriptedDesktop::LeaveLoop() {
     if (!left_.empty()) left_.back() = true;
 }
 
-void ScriptedDesktop::Turn() {
+void ScriptedDesktop::RunOneEvent() {
     EventLoop& loop = EventLoop::Current();
     const std::optional<Clock::Time> wait = loop.UntilNext();
     if (wait == Clock::Time::zero()) {
@@ -52,7 +64,7 @@ void ScriptedDesktop::Turn() {
         steps_.pop_front();
         loop.Enter(step);
     } else if (!open_.empty()) {
-        loop.Enter([this] { AnswerDialog(); });
+        loop.Enter([this] { ActOnTheFront(); });
     } else if (wait) {
         Clock::SleepUntil(Clock::Now() + *wait);
     } else {
@@ -60,10 +72,34 @@ void ScriptedDesktop::Turn() {
     }
 }
 
-void ScriptedDesktop::AnswerDialog() {
-    MessageDialog& dialog = *open_.back();
-    if (expected_.empty()) throw ScriptFault("not expected: \"" + dialog.Message + "\"");
-    const Expectation expectation = std::move(expected_.front());
+void ScriptedDesktop::Turn() {
+    EventLoop& loop = EventLoop::Current();
+    loop.Enter([&loop] { loop.ServeNext(); });
+    if (turns_.empty()) return;
+    const auto step = std::move(turns_.front());
+    turns_.pop_front();
+    loop.Enter(step);
+}
+
+void ScriptedDesktop::ActOnTheFront() {
+    if (auto* window = std::get_if<OpenWindow>(&open_.back())) return TakeStep(*window);
+    AnswerDialog(*std::get<MessageDialog*>(open_.back()));
+}
+
+void ScriptedDesktop::TakeStep(OpenWindow& open) {
+    if (open.steps.empty()) {
+        throw ScriptFault("left open: \"" + open.window->Title() + "\"");
+    }
+    const Step step = std::move(open.steps.front());
+    open.steps.pop_front();
+    step(*open.window);
+}
+
+void ScriptedDesktop::AnswerDialog(MessageDialog& dialog) {
+    if (expected_.empty() || !std::holds_alternative<ExpectedMessage>(expected_.front())) {
+        throw ScriptFault("not expected: \"" + dialog.Message + "\"");
+    }
+    const auto expectation = std::get<ExpectedMessage>(std::move(expected_.front()));
     expected_.pop_front();
     if (expectation.message != dialog.Message) {
         throw ScriptFault("expected \"" + expectation.message + "\", shown \"" + dialog.Message +
@@ -77,8 +113,68 @@ void ScriptedDesktop::AnswerDialog() {
     dialog.Press(ByUser(), button);
 }
 
-std::unique_ptr<Shown> ScriptedDesktop::Show(MessageDialog& dialog, Window*) {
-    return std::make_unique<OpenDialog>(open_, dialog);
+std::unique_ptr<Shown> ScriptedDesktop::Show(MessageDialog& dialog, Window* parent) {
+    if (parent != nullptr) Touch(*parent);
+    return std::make_unique<OpenOne>(open_, &dialog);
+}
+
+std::unique_ptr<Shown> ScriptedDesktop::Show(Window& window, bool modal) {
+    if (expected_.empty() || !std::holds_alternative<ExpectedWindow>(expected_.front())) {
+        throw ScriptFault("not expected: \"" + window.Title() + "\"");
+    }
+    auto expectation = std::get<ExpectedWindow>(std::move(expected_.front()));
+    expected_.pop_front();
+    if (expectation.title != window.Title()) {
+        throw ScriptFault("expected \"" + expectation.title + "\", shown \"" + window.Title() +
+                          "\"");
+    }
+    if (!modal && !expectation.steps.empty()) {
+        throw ScriptFault("no loop runs the steps of a window that isn't modal");
+    }
+    window.Confine(ByUser(), screen_);
+    return std::make_unique<OpenOne>(open_, OpenWindow{&window, std::move(expectation.steps)});
+}
+
+void ScriptedDesktop::Press(PushButton& button) {
+    CheckReach(button);
+    button.Press(ByUser());
+}
+
+void ScriptedDesktop::Select(Listbox& list, int64_t row) {
+    CheckReach(list);
+    if (row < -1 || row >= list.ListCount()) throw ScriptFault("there is no such row");
+    list.Select(ByUser(), row);
+}
+
+void ScriptedDesktop::DoubleClick(Listbox& list, int64_t row) {
+    Select(list, row);
+    list.DoubleClick(ByUser());
+}
+
+void ScriptedDesktop::Toggle(CheckBox& box) {
+    CheckReach(box);
+    box.Toggle(ByUser());
+}
+
+Window& ScriptedDesktop::Touch(Window& window) const {
+    const auto* front = open_.empty() ? nullptr : std::get_if<OpenWindow>(&open_.back());
+    if (front == nullptr || front->window != &window) {
+        throw ScriptFault("not in front: \"" + window.Title() + "\"");
+    }
+    return window;
+}
+
+void ScriptedDesktop::CheckReach(const RectControl& control) const {
+    const auto* front = open_.empty() ? nullptr : std::get_if<OpenWindow>(&open_.back());
+    if (front == nullptr) throw ScriptFault("no window in front: " + control.Name());
+    const auto& controls = front->window->Controls();
+    const bool inside =
+        std::any_of(controls.begin(), controls.end(),
+                    [&control](const Ref<RectControl>& each) { return each.Get() == &control; });
+    if (!inside) throw ScriptFault("not in the window in front: " + control.Name());
+    if (!control.Enabled() || !control.Visible()) {
+        throw ScriptFault("can't be used: " + control.Name());
+    }
 }
 
 }  // namespace dunvey::headless

@@ -6,7 +6,10 @@
 
 #include "platform/application.h"
 #include "platform/event_loop.h"
+#include "platform/qt/qt_icons.h"
 #include "platform/qt/qt_message_dialog.h"
+#include "platform/qt/qt_window.h"
+#include "platform/qt/text_order.h"
 
 namespace dunvey {
 namespace {
@@ -22,6 +25,8 @@ void PrepareScaling() {
 #if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
     QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling, Application::SupportsHiDPI());
     QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps, Application::SupportsHiDPI());
+    QGuiApplication::setHighDpiScaleFactorRoundingPolicy(
+        Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
 #endif
 }
 
@@ -54,6 +59,11 @@ QtDesktop::QtDesktop() {
     QObject::connect(&wake_, &QTimer::timeout, &wake_, [this] { Serve(); });
 }
 
+QtDesktop::~QtDesktop() {
+    // The widgets of windows that have closed wait for a loop to delete them.
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
+
 void QtDesktop::RunLoop() {
     QEventLoop loop;
     loops_.push_back(&loop);
@@ -78,8 +88,23 @@ void QtDesktop::Serve() {
     Wake();
 }
 
+void QtDesktop::Turn() {
+    // A loop over hundreds of rows gives a turn for each; the user needs no more than one a frame.
+    constexpr std::chrono::milliseconds kFrame(8);
+    const auto now = std::chrono::steady_clock::now();
+    if (now - lastTurn_ < kFrame) return;
+    QCoreApplication::processEvents();
+    lastTurn_ = std::chrono::steady_clock::now();
+}
+
 void QtDesktop::BringToFront() {
     QWidget* window = QApplication::activeModalWidget();
+    for (QWidget* each : QApplication::topLevelWidgets()) {
+        if (window == nullptr && each->isVisible() &&
+            dynamic_cast<WindowWidget*>(each) != nullptr) {
+            window = each;
+        }
+    }
     if (window == nullptr) {
         frontIsWanted_ = true;
         return;
@@ -88,11 +113,27 @@ void QtDesktop::BringToFront() {
     window->activateWindow();
 }
 
-// No window of the contract is on the screen yet that could be a parent.
-std::unique_ptr<Shown> QtDesktop::Show(MessageDialog& dialog, Window*) {
-    auto shown = std::make_unique<QtMessageDialog>(dialog, ByUser(), nullptr);
+std::unique_ptr<Shown> QtDesktop::Show(MessageDialog& dialog, Window* parent) {
+    auto shown = std::make_unique<QtMessageDialog>(dialog, ByUser(), WindowWidget::Of(parent));
     if (std::exchange(frontIsWanted_, false)) BringToFront();
     return shown;
+}
+
+std::unique_ptr<Shown> QtDesktop::Show(Window& window, bool modal) {
+    frontIsWanted_ = false;
+    return std::make_unique<QtWindow>(window, ByUser(), modal);
+}
+
+Ref<NSImage> QtDesktop::IconForFile(const std::string& path) {
+    return QtIconForFile(path);
+}
+
+Ref<NSImage> QtDesktop::IconForFileType(const std::string& type) {
+    return QtIconForFileType(type);
+}
+
+int64_t QtDesktop::CompareTexts(const std::string& text1, const std::string& text2) {
+    return CompareAsNames(text1, text2);
 }
 
 }  // namespace dunvey

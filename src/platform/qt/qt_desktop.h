@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QEventLoop>
 #include <QTimer>
+#include <chrono>
 #include <vector>
 
 #include "platform/desktop.h"
@@ -22,16 +23,23 @@ class QtApplication : public QApplication {
 class QtDesktop final : public Desktop {
  public:
     QtDesktop();
+    ~QtDesktop() override;
 
     void RunLoop() override;
     void LeaveLoop() override;
     void Wake() override;
+    void Turn() override;
     void BringToFront() override;
     std::unique_ptr<Shown> Show(MessageDialog& dialog, Window* parent) override;
+    std::unique_ptr<Shown> Show(Window& window, bool modal) override;
+    Ref<NSImage> IconForFile(const std::string& path) override;
+    Ref<NSImage> IconForFileType(const std::string& type) override;
+    int64_t CompareTexts(const std::string& text1, const std::string& text2) override;
 
  private:
     void Serve();
 
+    std::chrono::steady_clock::time_point lastTurn_;
     QtApplication application_;
     QTimer wake_;
     std::vector<QEventLoop*> loops_;

@@ -1,0 +1,11 @@
+#include "platform/push_button.h"
+
+namespace dunvey {
+
+void PushButton::Press(UserAction) {
+    if (!IsUsable()) return;
+    const auto alive = KeepAlive();
+    Event_Action();
+}
+
+}  // namespace dunvey

@@ -1,0 +1,94 @@
+#include "platform/qt/qt_cells.h"
+
+#include <QAbstractItemView>
+#include <QHelpEvent>
+#include <QToolTip>
+
+#include "platform/event_loop.h"
+#include "platform/qt/qt_graphics.h"
+#include "platform/qt/qt_text.h"
+
+namespace dunvey {
+namespace {
+
+constexpr int kMargin = 5;
+
+Qt::Alignment AlignmentOf(int alignment) {
+    if (alignment == Listbox::kAlignCentre) return Qt::AlignHCenter | Qt::AlignVCenter;
+    if (alignment == Listbox::kAlignRight) return Qt::AlignRight | Qt::AlignVCenter;
+    return Qt::AlignLeft | Qt::AlignVCenter;
+}
+
+QPalette::ColorGroup GroupOf(const QStyleOptionViewItem& option) {
+    if ((option.state & QStyle::State_Enabled) == 0) return QPalette::Disabled;
+    return (option.state & QStyle::State_Active) != 0 ? QPalette::Active : QPalette::Inactive;
+}
+
+}  // namespace
+
+QRect CellPainter::TextRoom(const QSize& cell, int64_t row, int64_t column) const {
+    const Ref<Picture>& picture = list_->RowPicture(row);
+    const int start = column == 0 && picture ? kMargin + static_cast<int>(picture->Width()) : 0;
+    return QRect(QPoint(0, 0), cell).adjusted(start + kMargin, 0, -kMargin, 0);
+}
+
+void CellPainter::paint(QPainter* painter, const QStyleOptionViewItem& option,
+                        const QModelIndex& index) const {
+    // The list may be ahead of the screen.
+    if (index.row() >= list_->ListCount()) return;
+    painter->save();
+    painter->setClipRect(option.rect);
+    painter->translate(option.rect.topLeft());
+    EventLoop::Current().Enter([&] { PaintCell(*painter, option, index.row(), index.column()); });
+    painter->restore();
+}
+
+void CellPainter::PaintCell(QPainter& painter, const QStyleOptionViewItem& option, int64_t row,
+                            int64_t column) const {
+    const QSize cell = option.rect.size();
+    if (list_->Selected(row)) {
+        painter.fillRect(QRect(QPoint(0, 0), cell),
+                         option.palette.brush(GroupOf(option), QPalette::Highlight));
+    }
+    QtGraphics background(painter, cell);
+    list_->Event_CellBackgroundPaint(background, row, column);
+    if (const Ref<Picture>& picture = list_->RowPicture(row); picture && column == 0) {
+        const int top = (cell.height() - static_cast<int>(picture->Height())) / 2;
+        DrawPictureAt(painter, *picture, {kMargin, top});
+    }
+    PaintText(painter, option, row, column);
+}
+
+void CellPainter::PaintText(QPainter& painter, const QStyleOptionViewItem& option, int64_t row,
+                            int64_t column) const {
+    const bool isSelected = list_->Selected(row);
+    const QColor own = option.palette.color(
+        GroupOf(option), isSelected ? QPalette::HighlightedText : QPalette::Text);
+    const QRect room = TextRoom(option.rect.size(), row, column);
+    const QFontMetrics& metrics = option.fontMetrics;
+    const int baseline = (room.height() - metrics.height()) / 2 + metrics.ascent();
+    QtGraphics graphics(painter, option.rect.size());
+    graphics.ForeColor = ToColor(own);
+    if (list_->Event_CellTextPaint(graphics, row, column, room.left(), baseline)) return;
+    const QColor ground = option.palette.color(QPalette::AlternateBase);
+    painter.setPen(isSelected ? ToQColor(graphics.ForeColor)
+                              : ReadableOn(graphics.ForeColor, ground));
+    painter.setFont(option.font);
+    painter.drawText(
+        room, static_cast<int>(AlignmentOf(list_->ColumnAlignment(column))) | Qt::TextSingleLine,
+        metrics.elidedText(LineOf(list_->Cell(row, column)), Qt::ElideMiddle, room.width()));
+}
+
+bool CellPainter::helpEvent(QHelpEvent* event, QAbstractItemView* view,
+                            const QStyleOptionViewItem& option, const QModelIndex& index) {
+    QString tip;
+    if (index.isValid() && index.row() < list_->ListCount()) {
+        const QString line = LineOf(list_->Cell(index.row(), index.column()));
+        const QRect room = TextRoom(option.rect.size(), index.row(), index.column());
+        if (option.fontMetrics.horizontalAdvance(line) > room.width()) tip = TipOf(line);
+    }
+    QToolTip::showText(event->globalPos(), tip, view);
+    return true;
+}
+
+}  // namespace dunvey

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QStyledItemDelegate>
+
+#include "platform/listbox.h"
+
+namespace dunvey {
+
+/// Paints the cells of a Listbox, letting its events draw first.
+class CellPainter final : public QStyledItemDelegate {
+ public:
+    CellPainter(Ref<Listbox> list, QObject* parent)
+        : QStyledItemDelegate(parent), list_(std::move(list)) {}
+
+    void paint(QPainter* painter, const QStyleOptionViewItem& option,
+               const QModelIndex& index) const override;
+    /// Shows the whole text of a cell that is cut.
+    bool helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
+                   const QModelIndex& index) override;
+
+ private:
+    void PaintCell(QPainter& painter, const QStyleOptionViewItem& option, int64_t row,
+                   int64_t column) const;
+    void PaintText(QPainter& painter, const QStyleOptionViewItem& option, int64_t row,
+                   int64_t column) const;
+    QRect TextRoom(const QSize& cell, int64_t row, int64_t column) const;
+
+    Ref<Listbox> list_;
+};
+
+}  // namespace dunvey

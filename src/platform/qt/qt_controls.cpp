@@ -1,0 +1,150 @@
+#include "platform/qt/qt_controls.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QFrame>
+#include <QLabel>
+#include <QMouseEvent>
+#include <QPushButton>
+#include <QStyleOptionButton>
+
+#include "platform/canvas.h"
+#include "platform/check_box.h"
+#include "platform/event_loop.h"
+#include "platform/label.h"
+#include "platform/push_button.h"
+#include "platform/qt/qt_graphics.h"
+#include "platform/qt/qt_list.h"
+#include "platform/qt/qt_text.h"
+#include "platform/separator.h"
+
+namespace dunvey {
+namespace {
+
+/// Shows the line as well as it fits. A screen reader hears the whole of it.
+template <typename Widget>
+void ShowLine(Widget& widget, const QString& line, const FittedLine& fitted, const QString& text) {
+    widget.setFont(fitted.font);
+    widget.setText(text);
+    widget.setToolTip(fitted.isCut ? TipOf(line) : QString());
+    widget.setAccessibleName(line);
+}
+
+void ShowCaption(QAbstractButton& button, const std::string& caption, QStyle::SubElement place) {
+    const QString line = LineOf(caption);
+    QStyleOptionButton option;
+    option.initFrom(&button);
+    const QRect room = button.style()->subElementRect(place, &option, &button);
+    const FittedLine fitted(line, QApplication::font(&button), {room.width(), button.height()},
+                            Qt::ElideRight);
+    ShowLine(button, line, fitted, WithoutKeys(fitted.text));
+}
+
+ControlView ViewOf(const Ref<PushButton>& model, QWidget* parent, const UserDoor& door) {
+    auto* button = new QPushButton(parent);
+    // Return presses the default button of the model alone.
+    button->setAutoDefault(false);
+    QObject::connect(button, &QPushButton::clicked, button,
+                     [model, door] { door([&](UserAction key) { model->Press(key); }); });
+    return {button, [model, button] {
+                button->setDefault(model->Default());
+                ShowCaption(*button, model->Caption(), QStyle::SE_PushButtonContents);
+            }};
+}
+
+ControlView ViewOf(const Ref<CheckBox>& model, QWidget* parent, const UserDoor& door) {
+    auto* box = new QCheckBox(parent);
+    QObject::connect(box, &QCheckBox::clicked, box, [model, box, door] {
+        door([&](UserAction key) { model->Toggle(key); });
+        box->setChecked(model->Value());
+    });
+    return {box, [model, box] {
+                box->setChecked(model->Value());
+                ShowCaption(*box, model->Caption(), QStyle::SE_CheckBoxContents);
+            }};
+}
+
+Qt::Alignment AlignmentOf(const Label& model) {
+    if (model.TextAlign() == Label::kAlignCentre) return Qt::AlignHCenter | Qt::AlignVCenter;
+    if (model.TextAlign() == Label::kAlignRight) return Qt::AlignRight | Qt::AlignVCenter;
+    return Qt::AlignLeft | Qt::AlignVCenter;
+}
+
+ControlView ViewOf(const Ref<Label>& model, QWidget* parent) {
+    auto* label = new QLabel(parent);
+    label->setTextFormat(Qt::PlainText);
+    return {label, [model, label] {
+                QFont font = QApplication::font(label);
+                if (model->TextSize() > 0) font.setPixelSize(static_cast<int>(model->TextSize()));
+                const QString line = LineOf(model->Text());
+                const FittedLine fitted(line, font, label->size(), Qt::ElideMiddle);
+                ShowLine(*label, line, fitted, fitted.text);
+                label->setAlignment(AlignmentOf(*model));
+                QPalette palette = QApplication::palette(label);
+                if (model->TextColor() != Color{}) {
+                    palette.setColor(QPalette::WindowText,
+                                     ReadableOn(model->TextColor(), palette.window().color()));
+                }
+                label->setPalette(palette);
+            }};
+}
+
+ControlView ViewOf(const Ref<Separator>& model, QWidget* parent) {
+    auto* line = new QFrame(parent);
+    const bool lies = model->Width() >= model->Height();
+    line->setFrameStyle((lies ? QFrame::HLine : QFrame::VLine) | QFrame::Sunken);
+    return {line, [] {}};
+}
+
+class CanvasWidget final : public QWidget {
+ public:
+    CanvasWidget(Ref<Canvas> model, QWidget* parent, UserDoor door)
+        : QWidget(parent), model_(std::move(model)), door_(std::move(door)) {}
+
+ protected:
+    void paintEvent(QPaintEvent*) override {
+        QPainter painter(this);
+        if (model_->Backdrop()) DrawPictureAt(painter, *model_->Backdrop(), {0, 0});
+        QtGraphics graphics(painter, size());
+        EventLoop::Current().Enter([&] { model_->Event_Paint(graphics); });
+    }
+    void mousePressEvent(QMouseEvent* event) override {
+        const QPoint place = event->pos();
+        door_([&](UserAction key) { isClaimed_ = model_->MouseDown(key, place.x(), place.y()); });
+    }
+    void mouseReleaseEvent(QMouseEvent* event) override {
+        if (!std::exchange(isClaimed_, false)) return;
+        const QPoint place = event->pos();
+        door_([&](UserAction key) { model_->MouseUp(key, place.x(), place.y()); });
+    }
+
+ private:
+    Ref<Canvas> model_;
+    UserDoor door_;
+    bool isClaimed_ = false;
+};
+
+ControlView ViewOf(const Ref<Canvas>& model, QWidget* parent, const UserDoor& door) {
+    auto* canvas = new CanvasWidget(model, parent, door);
+    return {canvas, [canvas] { canvas->update(); }};
+}
+
+ControlView ViewOf(const Ref<Listbox>& model, QWidget* parent, const UserDoor& door) {
+    auto* list = new QtList(model, parent, door);
+    return {list, [list] { list->ReadSoon(); }};
+}
+
+}  // namespace
+
+ControlView MakeControlView(const Ref<RectControl>& control, QWidget* parent,
+                            const UserDoor& door) {
+    if (const auto button = control.As<PushButton>()) return ViewOf(button, parent, door);
+    if (const auto box = control.As<CheckBox>()) return ViewOf(box, parent, door);
+    if (const auto label = control.As<Label>()) return ViewOf(label, parent);
+    if (const auto separator = control.As<Separator>()) return ViewOf(separator, parent);
+    if (const auto canvas = control.As<Canvas>()) return ViewOf(canvas, parent, door);
+    if (const auto list = control.As<Listbox>()) return ViewOf(list, parent, door);
+    return {new QWidget(parent), [] {}};
+}
+
+}  // namespace dunvey

@@ -1,0 +1,60 @@
+#include "platform/qt/qt_icon_source.h"
+
+#include <QApplication>
+#include <QBuffer>
+#include <QIcon>
+#include <QImageReader>
+#include <algorithm>
+#include <memory>
+
+#include "platform/icon_family.h"
+#include "platform/qt/qt_bitmap.h"
+
+namespace dunvey {
+namespace {
+
+// Icons have at most 1,024 pixels on a side. What says it has more isn't decoded, so a small file
+// can't ask for much memory.
+constexpr int kLongestSide = 2048;
+
+Ref<Bitmap> DecodePng(std::string_view bytes) {
+    QByteArray data = QByteArray::fromRawData(bytes.data(), static_cast<int>(bytes.size()));
+    QBuffer buffer(&data);
+    QImageReader reader(&buffer, "png");
+    const QSize size = reader.size();
+    if (std::max(size.width(), size.height()) > kLongestSide) return nullptr;
+    const QImage image = reader.read();
+    return image.isNull() ? nullptr : New<Bitmap>(BitmapOf(image));
+}
+
+/// The pixels that are asked for, whatever the screen's scale is.
+QImage ImageOf(const QIcon& icon, const QSize& size) {
+#if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
+    QImage image = icon.pixmap(size).toImage();
+#else
+    QImage image = icon.pixmap(size, 1).toImage();
+#endif
+    image.setDevicePixelRatio(1);
+    return image;
+}
+
+}  // namespace
+
+IconSource IconFileSource(const std::string& path) {
+    return [family = std::make_shared<IconFamily>(path)](const QSize& size) {
+        const Ref<Bitmap> bitmap = family->Image(std::max(size.width(), size.height()), &DecodePng);
+        return bitmap ? ImageOf(*bitmap) : QImage();
+    };
+}
+
+IconSource ThemeSource(const QString& name) {
+    return [name](const QSize& size) { return ImageOf(QIcon::fromTheme(name), size); };
+}
+
+IconSource StyleSource(QStyle::StandardPixmap picture) {
+    return [picture](const QSize& size) {
+        return ImageOf(QApplication::style()->standardIcon(picture), size);
+    };
+}
+
+}  // namespace dunvey

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <QImage>
+#include <QString>
+#include <QStyle>
+#include <functional>
+#include <string>
+
+namespace dunvey {
+
+/// One place where an icon may come from: gives the picture that suits the size best, in its own
+/// size, or a null image where there is none.
+using IconSource = std::function<QImage(const QSize&)>;
+
+/// The pictures of an icon file. It is opened now; one that is missing or unusable has none.
+IconSource IconFileSource(const std::string& path);
+/// The icon theme's picture of that name.
+IconSource ThemeSource(const QString& name);
+/// A picture of the style's own.
+IconSource StyleSource(QStyle::StandardPixmap picture);
+/// The operating system's picture for a file, a folder or a name with an extension. Where the
+/// system goes by names the file isn't looked at.
+IconSource SystemSource(const QString& path);
+
+}  // namespace dunvey

@@ -1,0 +1,106 @@
+#include "platform/qt/qt_icons.h"
+
+#include <QPainter>
+#include <utility>
+#include <vector>
+
+#include "platform/application.h"
+#include "platform/bundle_icon.h"
+#include "platform/qt/qt_bitmap.h"
+#include "platform/qt/qt_icon_drawing.h"
+#include "platform/qt/qt_icon_source.h"
+#include "platform/text.h"
+
+namespace dunvey {
+namespace {
+
+bool IsBlank(const QImage& image) {
+    const Bitmap bitmap = BitmapOf(image);
+    for (const uint32_t pixel : bitmap.Pixels)
+        if (pixel != 0) return false;
+    return true;
+}
+
+/// The image in that size, as large as it fits, in the middle.
+QImage Fitted(const QImage& image, const QSize& size) {
+    if (image.size() == size) return image;
+    const QSize inside = image.size().scaled(size, Qt::KeepAspectRatio).expandedTo(QSize(1, 1));
+    const QImage scaled = image.scaled(inside, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+    QImage fitted(size, QImage::Format_ARGB32_Premultiplied);
+    fitted.fill(Qt::transparent);
+    QPainter(&fitted).drawImage((size.width() - inside.width()) / 2,
+                                (size.height() - inside.height()) / 2, scaled);
+    return fitted;
+}
+
+/// The picture of the first source that has one, at last a drawing.
+class SourcedImage final : public NSImage {
+ public:
+    SourcedImage(std::vector<IconSource> sources, IconDrawing drawing)
+        : sources_(std::move(sources)), drawing_(drawing) {}
+
+    Bitmap CGImageForProposedRect(const PixelRectangle& rectangle) const override {
+        const QSize size(static_cast<int>(rectangle.Width), static_cast<int>(rectangle.Height));
+        if (size.isEmpty()) return {};
+        for (const IconSource& source : sources_) {
+            const QImage image = source(size);
+            if (!IsBlank(image)) return BitmapOf(Fitted(image, size));
+        }
+        return BitmapOf(DrawIcon(drawing_, size));
+    }
+
+ private:
+    std::vector<IconSource> sources_;
+    IconDrawing drawing_;
+};
+
+/// The imported icon that documents of the extension have; empty for other kinds of files.
+std::string ImportedIcon(const std::string& extension) {
+    const std::string lowered = Lowercase(extension);
+    const bool isBook = lowered == "indb";
+    if (!isBook && lowered != "indd" && lowered != "indl" && lowered != "indt") return {};
+    return Application::ExecutableFile()
+        ->Parent()
+        ->Parent()
+        ->Child("Resources")
+        ->Child(isBook ? "ID_Book_Icon.icns" : "ID_Document_Icon.icns")
+        ->NativePath();
+}
+
+Ref<NSImage> FileImage(const std::string& extension, const QString& path) {
+    std::vector<IconSource> sources;
+    const std::string imported = ImportedIcon(extension);
+    if (!imported.empty()) sources.push_back(IconFileSource(imported));
+    sources.push_back(SystemSource(path));
+    return New<SourcedImage>(std::move(sources), IconDrawing::Page);
+}
+
+Ref<NSImage> BundleImage(const FolderItem& bundle) {
+    std::vector<IconSource> sources;
+    const std::string icon = BundleIconPath(bundle);
+    if (!icon.empty()) sources.push_back(IconFileSource(icon));
+    sources.push_back(ThemeSource(QStringLiteral("application-x-executable")));
+    return New<SourcedImage>(std::move(sources), IconDrawing::Application);
+}
+
+}  // namespace
+
+Ref<NSImage> QtIconForFile(const std::string& path) {
+    const FolderItem item(path);
+    const QString name = QString::fromStdString(path);
+    if (IsBundle(item)) return BundleImage(item);
+    if (item.Directory()) {
+        return New<SourcedImage>(std::vector{SystemSource(name)}, IconDrawing::Folder);
+    }
+    return FileImage(SplitB(item.Name(), ".").back(), name);
+}
+
+Ref<NSImage> QtIconForFileType(const std::string& type) {
+    if (type == "'caut'") {
+        return New<SourcedImage>(std::vector{StyleSource(QStyle::SP_MessageBoxWarning)},
+                                 IconDrawing::Caution);
+    }
+    return FileImage(type, QStringLiteral("file.") + QString::fromStdString(type));
+}
+
+}  // namespace dunvey

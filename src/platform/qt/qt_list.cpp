@@ -1,0 +1,200 @@
+#include "platform/qt/qt_list.h"
+
+#include <QApplication>
+#include <QHeaderView>
+#include <QMouseEvent>
+#include <QScopedValueRollback>
+#include <QScrollBar>
+
+#include "platform/qt/qt_cells.h"
+#include "platform/qt/qt_text.h"
+
+namespace dunvey {
+
+void ListRows::Read() {
+    const int count = static_cast<int>(list_->ListCount());
+    if (count == count_ && list_->Filling() == filling_) {
+        if (count > 0) Q_EMIT dataChanged(index(0, 0), index(count - 1, columnCount() - 1));
+        return;
+    }
+    beginResetModel();
+    count_ = count;
+    filling_ = list_->Filling();
+    endResetModel();
+}
+
+int ListRows::rowCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : count_;
+}
+
+int ListRows::columnCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : static_cast<int>(list_->ColumnCount());
+}
+
+QVariant ListRows::data(const QModelIndex& index, int role) const {
+    // The list may be ahead of what was read.
+    if (index.row() >= list_->ListCount()) return {};
+    const std::string& description = list_->RowDescription(index.row());
+    const bool describes = index.column() == 0 && !description.empty();
+    switch (role) {
+        case Qt::AccessibleTextRole:
+        case Qt::AccessibleDescriptionRole:
+            if (describes) return LineOf(description);
+            [[fallthrough]];
+        case Qt::DisplayRole:
+            return LineOf(list_->Cell(index.row(), index.column()));
+        default:
+            return {};
+    }
+}
+
+QtList::QtList(Ref<Listbox> list, QWidget* parent, UserDoor door)
+    : QTableView(parent), list_(std::move(list)), door_(std::move(door)), rows_(list_) {
+    setModel(&rows_);
+    setItemDelegate(new CellPainter(list_, this));
+    setSelectionBehavior(QAbstractItemView::SelectRows);
+    setSelectionMode(QAbstractItemView::SingleSelection);
+    setEditTriggers(QAbstractItemView::NoEditTriggers);
+    setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setTabKeyNavigation(false);
+    setShowGrid(false);
+    setWordWrap(false);
+    setFrameStyle(QFrame::Box | QFrame::Plain);
+    horizontalHeader()->hide();
+    horizontalHeader()->setMinimumSectionSize(0);
+    verticalHeader()->hide();
+    verticalHeader()->setMinimumSectionSize(1);
+    verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    connect(this, &QTableView::doubleClicked, this, [this](const QModelIndex& index) {
+        door_([&](UserAction key) {
+            if (list_->Selected(index.row())) list_->DoubleClick(key);
+        });
+    });
+    isReading_ = false;
+}
+
+void QtList::ReadSoon() {
+    if (std::exchange(isChanged_, true)) return;
+    QMetaObject::invokeMethod(
+        this, [this] { ReadIfChanged(); }, Qt::QueuedConnection);
+}
+
+void QtList::ReadIfChanged() {
+    if (std::exchange(isChanged_, false)) Read();
+}
+
+void QtList::Read() {
+    const QScopedValueRollback<bool> reading(isReading_, true);
+    ReadLook();
+    rows_.Read();
+    SetColumnWidths();
+    ReadSelection();
+    viewport()->update();
+}
+
+void QtList::ReadLook() {
+    // The stripes of the rows are light ones, so the text on them is dark under every theme.
+    QPalette look = QApplication::palette(this);
+    look.setColor(QPalette::Base, Qt::white);
+    look.setColor(QPalette::AlternateBase, QColor(0xF1, 0xF2, 0xF2));
+    look.setColor(QPalette::Text, Qt::black);
+    look.setColor(QPalette::WindowText, QColor(0xB4, 0xB4, 0xB4));
+    setPalette(look);
+    const int height = static_cast<int>(list_->DefaultRowHeight());
+    verticalHeader()->setDefaultSectionSize(height);
+    setFont(FittedLine({}, QApplication::font(this), {1, height}, Qt::ElideNone).font);
+    setAccessibleName(LineOf(list_->Description()));
+}
+
+void QtList::ReadSelection() {
+    const QModelIndex selected = rows_.index(static_cast<int>(list_->ListIndex()), 0);
+    if (!selected.isValid()) {
+        clearSelection();
+        selectionModel()->clearCurrentIndex();
+        return;
+    }
+    setCurrentIndex(selected);
+    scrollTo(selected);
+}
+
+void QtList::SetColumnWidths() {
+    const std::vector<int64_t> widths = list_->ColumnWidthsIn(viewport()->width());
+    for (size_t column = 0; column < widths.size(); ++column)
+        setColumnWidth(static_cast<int>(column), static_cast<int>(widths[column]));
+}
+
+void QtList::keyboardSearch(const QString& text) {
+    if (!sinceKey_.isValid() || sinceKey_.elapsed() >= QApplication::keyboardInputInterval()) {
+        searched_.clear();
+    }
+    sinceKey_.start();
+    const bool isFirst = searched_.isEmpty();
+    if (text.isEmpty() || !text.at(0).isPrint() || (isFirst && text.at(0).isSpace())) return;
+    searched_ += text;
+    const int64_t start = list_->ListIndex() + (isFirst ? 1 : 0);
+    const int64_t found = list_->RowWithWord(searched_.toStdString(), start);
+    if (found != -1) setCurrentIndex(rows_.index(static_cast<int>(found), 0));
+}
+
+void QtList::mousePressEvent(QMouseEvent* event) {
+    ReadIfChanged();
+    if (!indexAt(event->pos()).isValid()) clearSelection();
+    QTableView::mousePressEvent(event);
+}
+
+void QtList::mouseDoubleClickEvent(QMouseEvent* event) {
+    ReadIfChanged();
+    if (event->button() == Qt::LeftButton) QTableView::mouseDoubleClickEvent(event);
+}
+
+void QtList::keyPressEvent(QKeyEvent* event) {
+    ReadIfChanged();
+    // Without a selection the keys begin at the top; the toolkit takes the first row for passed.
+    if (list_->ListIndex() == -1) selectionModel()->clearCurrentIndex();
+    QTableView::keyPressEvent(event);
+}
+
+void QtList::resizeEvent(QResizeEvent* event) {
+    QTableView::resizeEvent(event);
+    SetColumnWidths();
+}
+
+void QtList::showEvent(QShowEvent* event) {
+    ReadIfChanged();
+    QTableView::showEvent(event);
+}
+
+void QtList::updateGeometries() {
+    QTableView::updateGeometries();
+    // Rows that end within the border count as seen: no scroll bar for a hair line.
+    const bool allSeen = verticalScrollBar()->maximum() <= 2 * frameWidth();
+    if (allSeen) verticalScrollBar()->setRange(0, 0);
+    setVerticalScrollBarPolicy(allSeen ? Qt::ScrollBarAlwaysOff : Qt::ScrollBarAlwaysOn);
+}
+
+QModelIndex QtList::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) {
+    if (action == MoveEnd) return rows_.index(rows_.rowCount() - 1, 0);
+    if (action == MoveHome) return rows_.index(0, 0);
+    return QTableView::moveCursor(action, modifiers);
+}
+
+QItemSelectionModel::SelectionFlags QtList::selectionCommand(const QModelIndex& index,
+                                                             const QEvent* event) const {
+    // Keys that are held have a meaning of their own for the program, so they never deselect.
+    const bool isRelease = event != nullptr && event->type() == QEvent::MouseButtonRelease;
+    if (isRelease || !index.isValid()) return QItemSelectionModel::NoUpdate;
+    return QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows;
+}
+
+void QtList::selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) {
+    QTableView::selectionChanged(selected, deselected);
+    if (isReading_) return;
+    const QModelIndexList rows = selectionModel()->selectedRows();
+    const int row = rows.isEmpty() ? -1 : rows.first().row();
+    door_([&](UserAction key) { list_->Select(key, row); });
+    // The list has the last word.
+    ReadSoon();
+}
+
+}  // namespace dunvey

@@ -1,0 +1,102 @@
+#include <QAbstractButton>
+#include <QApplication>
+#include <QMessageBox>
+#include <QTableView>
+#include <QTest>
+
+#include "platform/qt/qt_window.h"
+#include "steps.h"
+#include "support/contract_script.h"
+
+namespace dunvey::test {
+namespace {
+
+/// Real keys and a real mouse.
+class QtHands final : public Hands {
+ public:
+    void WhenShown(Window& window, std::vector<Step> steps) override {
+        steps_.When([&window] { return InFront() && InFront() == WindowWidget::Of(&window); },
+                    [this, steps] { steps_.Take(steps); });
+    }
+    void DuringTurn(Step step) override { steps_.Soon(step); }
+    void AnswerSheet(Window& window, const std::string& message) override {
+        const auto sheet = [&window] {
+            return WindowWidget::Of(&window)->findChild<QMessageBox*>(QString(),
+                                                                      Qt::FindDirectChildrenOnly);
+        };
+        steps_.When([sheet] { return sheet() != nullptr && sheet()->isVisible(); },
+                    [sheet, message] {
+                        EXPECT_EQ(sheet()->text().toStdString(), message);
+                        QTest::keyClick(sheet(), Qt::Key_Return);
+                    });
+    }
+
+    void Press(PushButton& button) override { Click(button); }
+    void PressInVain(PushButton& button) override { Click(button); }
+    void Return(Window& window) override { Type(window, Qt::Key_Return); }
+    void Escape(Window& window) override { Type(window, Qt::Key_Escape); }
+    void Select(Listbox& list, int64_t row) override {
+        QTest::mouseClick(View(list).viewport(), Qt::LeftButton, {}, PlaceOf(list, row));
+    }
+    void SelectNext(Listbox& list) override { QTest::keyClick(&View(list), Qt::Key_Down); }
+    void DoubleClick(Listbox& list, int64_t row) override {
+        Select(list, row);
+        QTest::mouseDClick(View(list).viewport(), Qt::LeftButton, {}, PlaceOf(list, row));
+    }
+    void Toggle(CheckBox& box) override {
+        Widget(box).setFocus();
+        QTest::keyClick(&Widget(box), Qt::Key_Space);
+    }
+    void Resize(Window& window, Size size) override {
+        WindowWidget::Of(&window)->resize(static_cast<int>(size.Width),
+                                          static_cast<int>(size.Height));
+    }
+    void CloseByTheDesktop(Window& window) override { WindowWidget::Of(&window)->close(); }
+
+    bool IsOnScreen(Window& window) override {
+        const QWidget* widget = WindowWidget::Of(&window);
+        return widget != nullptr && widget->isVisible();
+    }
+    int64_t ShownSelection(Listbox& list) override {
+        const QModelIndexList rows = View(list).selectionModel()->selectedRows();
+        return rows.isEmpty() ? -1 : rows.first().row();
+    }
+    int64_t ShownRows(Listbox& list) override { return View(list).model()->rowCount(); }
+    bool ShownValue(CheckBox& box) override {
+        return qobject_cast<QAbstractButton*>(&Widget(box))->isChecked();
+    }
+    Bounds ShownPlace(RectControl& control) override {
+        const QRect place = Widget(control).geometry();
+        return {place.left(), place.top(), place.width(), place.height()};
+    }
+
+ private:
+    static QWidget* InFront() { return QApplication::activeModalWidget(); }
+    static QWidget& Widget(const RectControl& control) {
+        return *InFront()->findChild<QWidget*>(QString::fromStdString(control.Name()));
+    }
+    static QTableView& View(const Listbox& list) {
+        return *qobject_cast<QTableView*>(&Widget(list));
+    }
+    static QPoint PlaceOf(const Listbox& list, int64_t row) {
+        const QTableView& view = View(list);
+        if (row == -1) return view.viewport()->rect().bottomLeft() + QPoint(5, -5);
+        return view.visualRect(view.model()->index(static_cast<int>(row), 0)).center();
+    }
+    static void Click(PushButton& button) { QTest::mouseClick(&Widget(button), Qt::LeftButton); }
+    static void Type(Window& window, Qt::Key key) {
+        QWidget* widget = WindowWidget::Of(&window);
+        QTest::keyClick(widget->focusWidget() != nullptr ? widget->focusWidget() : widget, key);
+    }
+
+    Steps steps_;
+};
+
+std::unique_ptr<Hands> MakeHands() {
+    return std::make_unique<QtHands>();
+}
+
+INSTANTIATE_TEST_SUITE_P(Qt, ContractTest, ::testing::Values(HandsOf{"Qt", MakeHands}));
+
+}  // namespace
+}  // namespace dunvey::test

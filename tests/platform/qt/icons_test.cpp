@@ -1,0 +1,198 @@
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <QApplication>
+#include <QBuffer>
+#include <QIcon>
+#include <QStyle>
+
+#include "platform/qt/qt_bitmap.h"
+#include "platform/qt/qt_icon_drawing.h"
+#include "platform/qt/qt_icons.h"
+#include "support/icon_file.h"
+#include "support/own_resources.h"
+#include "support/temporary_folder.h"
+
+namespace dunvey {
+namespace {
+
+using test::IconFile;
+using test::IconPart;
+
+constexpr uint32_t kRed = 0xFFFF0000;
+constexpr uint32_t kGreen = 0xFF00FF00;
+constexpr uint32_t kBlue = 0xFF0000FF;
+
+std::string Png(int width, int height, uint32_t color) {
+    QImage image(width, height, QImage::Format_ARGB32);
+    image.fill(color);
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    image.save(&buffer, "png");
+    return bytes.toStdString();
+}
+
+/// A PNG that says it is so large, checksum and all; the rest of it is that of a small one.
+std::string PngOf(size_t width, size_t height) {
+    std::string png = Png(16, 16, kRed);
+    png.replace(16, 8, test::BigEndian(width) + test::BigEndian(height));
+    uint32_t sum = 0xFFFFFFFF;
+    for (size_t place = 12; place < 29; ++place) {
+        sum ^= static_cast<uint8_t>(png[place]);
+        for (int bit = 0; bit < 8; ++bit)
+            sum = sum >> 1 ^ ((sum & 1) != 0 ? 0xEDB88320 : 0);
+    }
+    return png.replace(29, 4, test::BigEndian(sum ^ 0xFFFFFFFF));
+}
+
+Bitmap Render(const Ref<NSImage>& image, int64_t width, int64_t height) {
+    return image->CGImageForProposedRect({0, 0, width, height});
+}
+
+uint32_t Middle(const Bitmap& bitmap) {
+    return bitmap.Pixels.at(
+        static_cast<size_t>(bitmap.Height / 2 * bitmap.Width + bitmap.Width / 2));
+}
+
+std::vector<uint32_t> Drawn(IconDrawing drawing) {
+    return BitmapOf(DrawIcon(drawing, QSize(16, 16))).Pixels;
+}
+
+class Icons : public ::testing::Test {
+ protected:
+    Icons() {
+        before_ = QIcon::themeSearchPaths();
+        QIcon::setThemeSearchPaths({QString::fromStdString(folder_.Path())});
+        UseTheme("none");
+    }
+    ~Icons() override {
+        QIcon::setThemeSearchPaths(before_);
+        QIcon::setThemeName(name_);
+    }
+
+    static void UseTheme(const char* name) { QIcon::setThemeName(QLatin1String(name)); }
+    /// A theme in which these names have a blue picture of 16 by 16.
+    void MakeTheme(const std::vector<std::string>& names) {
+        folder_.MakeFolder("blue/16");
+        folder_.Write("blue/index.theme",
+                      "[Icon Theme]\nName=blue\nDirectories=16\n[16]\nSize=16\nType=Fixed\n");
+        for (const std::string& name : names)
+            folder_.Write("blue/16/" + name + ".png", Png(16, 16, kBlue));
+        UseTheme("blue");
+    }
+
+    std::string App(const std::string& icon) {
+        folder_.MakeFolder("A.app/Contents/Resources");
+        folder_.Write("A.app/Contents/Resources/Main.icns", icon);
+        return folder_ / "A.app";
+    }
+    static std::vector<uint32_t> Pixels(const std::string& path) {
+        return Render(QtIconForFile(path), 16, 16).Pixels;
+    }
+    static uint32_t MiddleOf(const std::string& path) {
+        return Middle(Render(QtIconForFile(path), 16, 16));
+    }
+
+    test::TemporaryFolder folder_;
+    test::OwnResources resources_;
+    QStringList before_;
+    QString name_ = QIcon::themeName();
+};
+
+TEST_F(Icons, ABundlesPictureIsTakenAtTheSizeThatFits) {
+    const Ref<NSImage> image =
+        QtIconForFile(App(IconFile({IconPart("ic11", Png(32, 32, kGreen)),
+                                    IconPart("ic04", test::PlainArgb(16, 255, 255, 0, 0)),
+                                    IconPart("ic07", Png(128, 128, kBlue))})));
+    for (const auto& [size, color] :
+         {std::pair{16, kRed}, {32, kGreen}, {20, kGreen}, {128, kBlue}, {300, kBlue}, {1, kRed}}) {
+        const Bitmap bitmap = Render(image, size, size);
+        EXPECT_EQ(bitmap.Width, size);
+        EXPECT_EQ(bitmap.Height, size);
+        EXPECT_EQ(bitmap.Pixels, std::vector<uint32_t>(static_cast<size_t>(size * size), color))
+            << size;
+    }
+    EXPECT_TRUE(Render(image, 0, 0).Pixels.empty());
+}
+
+TEST_F(Icons, APictureKeepsItsAspectAndStandsInTheMiddle) {
+    const std::string path = App(IconFile({IconPart("ic07", Png(40, 20, kRed))}));
+    const Bitmap wide = Render(QtIconForFile(path), 16, 16);
+    for (int64_t row = 0; row < 16; ++row) {
+        const bool inside = row >= 4 && row < 12;
+        EXPECT_EQ(wide.Pixels[static_cast<size_t>(row * 16 + 8)], inside ? kRed : 0u) << row;
+    }
+    const Bitmap thin =
+        Render(QtIconForFile(App(IconFile({IconPart("ic07", Png(2000, 1, kRed))}))), 16, 16);
+    EXPECT_EQ(thin.Width, 16);
+    EXPECT_EQ(Middle(thin) | thin.Pixels[7 * 16 + 8], kRed) << "not scaled away";
+}
+
+TEST_F(Icons, AnUnusablePictureGivesWay) {
+    const std::string good = IconPart("ic13", Png(256, 256, kGreen));
+    const std::string png = Png(64, 64, kRed);
+    for (const std::string& broken :
+         {PngOf(60000, 60000), Png(2049, 1, kRed), Png(1, 2049, kRed), PngOf(0, 16),
+          PngOf(0xFFFFFFFF, 0xFFFFFFFF), png.substr(0, png.size() / 2), png.substr(0, 20),
+          Png(64, 64, 0)}) {
+        const std::string part = IconPart("ic12", broken);
+        const bool isBlank = broken == Png(64, 64, 0);
+        EXPECT_EQ(Middle(Render(QtIconForFile(App(IconFile({part, good}))), 64, 64)) == kGreen,
+                  !isBlank);
+        EXPECT_EQ(Pixels(App(IconFile({part}))), Drawn(IconDrawing::Application));
+    }
+}
+
+TEST_F(Icons, ABundleWithoutAUsableIconIsAProgramAllTheSame) {
+    const std::string path = App("no icon file");
+    EXPECT_EQ(Pixels(path), Drawn(IconDrawing::Application));
+    const std::string icon = path + "/Contents/Resources/Main.icns";
+    unlink(icon.c_str());
+    EXPECT_EQ(Pixels(path), Drawn(IconDrawing::Application));
+    ASSERT_EQ(mkfifo(icon.c_str(), 0600), 0);
+    EXPECT_EQ(Pixels(path), Drawn(IconDrawing::Application));
+    MakeTheme({"application-x-executable"});
+    EXPECT_EQ(MiddleOf(path), kBlue);
+}
+
+TEST_F(Icons, ADocumentHasTheImportedIconElseTheThemesElseAPage) {
+    const std::string names[] = {"a.indd", "b.INDT", "c.x.indl", "d.indb"};
+    for (const std::string& name : names)
+        EXPECT_EQ(Pixels(folder_.Write(name, "x")), Drawn(IconDrawing::Page)) << name;
+    resources_.Write("ID_Document_Icon.icns", IconFile({IconPart("ic07", Png(64, 64, kRed))}));
+    resources_.Write("ID_Book_Icon.icns", IconFile({IconPart("ic07", Png(64, 64, kGreen))}));
+    for (const std::string& name : names)
+        EXPECT_EQ(MiddleOf(folder_ / name), name == "d.indb" ? kGreen : kRed) << name;
+    EXPECT_EQ(Middle(Render(QtIconForFileType("indb"), 16, 16)), kGreen);
+    EXPECT_EQ(Pixels(folder_.Write("e.xyz", "x")), Drawn(IconDrawing::Page));
+    EXPECT_EQ(Pixels(folder_.MakeFolder("f.indd")), Drawn(IconDrawing::Folder));
+    resources_.Write("ID_Document_Icon.icns", "cut sho");
+    EXPECT_EQ(Pixels(folder_ / "a.indd"), Drawn(IconDrawing::Page));
+}
+
+TEST_F(Icons, OtherFilesFoldersAndTypesAskTheTheme) {
+    const std::string text = folder_.Write("a.txt", "x");
+    const std::string folder = folder_.MakeFolder("folder");
+    ASSERT_EQ(mkfifo((folder_ / "pipe").c_str(), 0600), 0);
+    EXPECT_EQ(Pixels(text), Drawn(IconDrawing::Page));
+    EXPECT_EQ(Pixels(folder), Drawn(IconDrawing::Folder));
+    EXPECT_EQ(Pixels(folder_ / "pipe"), Drawn(IconDrawing::Page));
+    for (const char* type : {"txt", "'APPL'", "", "a/b", "\xFF"})
+        EXPECT_EQ(Render(QtIconForFileType(type), 16, 16).Pixels, Drawn(IconDrawing::Page)) << type;
+    MakeTheme({"text-x-generic", "folder"});
+    EXPECT_EQ(MiddleOf(text), kBlue) << "by the type's generic name";
+    EXPECT_EQ(MiddleOf(folder), kBlue);
+    EXPECT_EQ(Middle(Render(QtIconForFileType("txt"), 32, 32)), kBlue);
+    EXPECT_EQ(Pixels(folder_ / "pipe"), Drawn(IconDrawing::Page));
+}
+
+TEST_F(Icons, CautionIsTheStylesSign) {
+    const Bitmap bitmap = Render(QtIconForFileType("'caut'"), 32, 32);
+    const QIcon sign = QApplication::style()->standardIcon(QStyle::SP_MessageBoxWarning);
+    EXPECT_EQ(bitmap.Pixels, BitmapOf(sign.pixmap(32, 32).toImage()).Pixels);
+    EXPECT_NE(Middle(bitmap), 0u);
+}
+
+}  // namespace
+}  // namespace dunvey

@@ -1,0 +1,372 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "platform/application.h"
+#include "platform/check_box.h"
+#include "platform/event_loop.h"
+#include "platform/exceptions.h"
+#include "platform/label.h"
+#include "platform/listbox.h"
+#include "platform/message_dialog.h"
+#include "platform/push_button.h"
+#include "platform/window.h"
+
+/// One script of what a user does and what a program sees of it. Each desktop runs it with hands of
+/// its own; a test program includes this file once and names its hands.
+namespace dunvey::test {
+
+using Step = std::function<void()>;
+
+/// The user of a desktop, who works in the window in front.
+class Hands {
+ public:
+    virtual ~Hands() = default;
+
+    /// Takes the steps as soon as the window is in front, each as an event of its own.
+    virtual void WhenShown(Window& window, std::vector<Step> steps) = 0;
+    /// Takes the step in a turn that the program gives soon.
+    virtual void DuringTurn(Step step) = 0;
+    /// Answers the dialog with this message, a sheet of the window, with its action button.
+    virtual void AnswerSheet(Window& window, const std::string& message) = 0;
+
+    virtual void Press(PushButton& button) = 0;
+    /// Tries to press a button that can't be pressed.
+    virtual void PressInVain(PushButton& button) = 0;
+    virtual void Return(Window& window) = 0;
+    virtual void Escape(Window& window) = 0;
+    /// -1: the area without rows.
+    virtual void Select(Listbox& list, int64_t row) = 0;
+    /// Moves the selection a row down by the keyboard.
+    virtual void SelectNext(Listbox& list) = 0;
+    virtual void DoubleClick(Listbox& list, int64_t row) = 0;
+    virtual void Toggle(CheckBox& box) = 0;
+    virtual void Resize(Window& window, Size size) = 0;
+    virtual void CloseByTheDesktop(Window& window) = 0;
+
+    // What the user sees.
+    virtual bool IsOnScreen(Window& window) = 0;
+    virtual int64_t ShownSelection(Listbox& list) = 0;
+    virtual int64_t ShownRows(Listbox& list) = 0;
+    virtual bool ShownValue(CheckBox& box) = 0;
+    virtual Bounds ShownPlace(RectControl& control) = 0;
+};
+
+/// A window with one control of each kind that the user works with. It logs what happens.
+class SmallWindow final : public Window {
+ public:
+    SmallWindow(std::string title, std::string& events) : Window({300, 240}), log(events) {
+        SetTitle(title);
+        SetMinWidth(300);
+        SetMinHeight(200);
+        Resizeable = true;
+        Place(list, "list", {10, 10, 280, 150}, {true, true, true, true});
+        Place(box, "box", {10, 170, 280, 20}, {true, false, false, true});
+        Place(first, "first", {10, 200, 80, 20}, {true, false, false, true});
+        Place(other, "other", {100, 200, 80, 20}, {false, false, true, true});
+        Place(cancel, "cancel", {200, 200, 80, 20}, {false, false, true, true});
+        first->SetDefault(true);
+        cancel->SetCancel(true);
+        for (const auto& button : {first, other})
+            button->Action = [this](PushButton& pressed) { log += pressed.Name() + " "; };
+        cancel->Action = [this](PushButton&) {
+            log += "cancel ";
+            Close();
+        };
+        box->Action = [this](CheckBox& changed) { log += changed.Value() ? "on " : "off "; };
+        for (const char* text : {"c", "a", "b"})
+            list->AddRow(text);
+        list->Change = [this](Listbox&) { log += std::to_string(list->ListIndex()) + " "; };
+        list->DoubleClickHandler = [this](Listbox&) { log += "double "; };
+    }
+    void Event_Close() override { log += "closed "; }
+
+    std::string& log;
+    const Ref<Listbox> list = New<Listbox>();
+    const Ref<CheckBox> box = New<CheckBox>();
+    const Ref<PushButton> first = New<PushButton>();
+    const Ref<PushButton> other = New<PushButton>();
+    const Ref<PushButton> cancel = New<PushButton>();
+
+ private:
+    void Place(const Ref<RectControl>& control, const char* name, const Bounds& place,
+               const Locks& locks) {
+        control->SetName(name);
+        control->SetDesign(place, locks);
+        control->SetTabIndex(static_cast<int64_t>(Controls().size()));
+        Add(control);
+    }
+};
+
+/// Hands by the name of their desktop.
+struct HandsOf {
+    const char* desktop;
+    std::unique_ptr<Hands> (*make)();
+    friend void PrintTo(const HandsOf& hands, std::ostream* out) { *out << hands.desktop; }
+};
+
+class ContractTest : public ::testing::TestWithParam<HandsOf> {
+ protected:
+    class Recorder final : public Application {
+     public:
+        explicit Recorder(std::string& events) : log(events) {}
+        void Event_Close() override { log += "quit "; }
+        void Event_OpenDocument(const Ref<FolderItem>& document) override {
+            log += document->Name() + " ";
+            if (document->Name() == "ask") ask();
+        }
+        std::string& log;
+        std::function<void()> ask = [] {};
+    };
+
+    ContractTest() { Application::Register(app_); }
+    ~ContractTest() override { Application::Register(nullptr); }
+
+    /// Shows the window while the user takes the steps; the last one closes it.
+    void Show(Window& window, std::vector<Step> steps) {
+        steps.emplace_back([this, &window] { user_->CloseByTheDesktop(window); });
+        user_->WhenShown(window, std::move(steps));
+        window.ShowModal();
+        EXPECT_FALSE(user_->IsOnScreen(window));
+    }
+    /// Has the application show the window when it is handed the document "ask".
+    void AskFor(const std::function<void()>& ask) {
+        app_->ask = ask;
+        loop_.PostOpenDocument(New<FolderItem>("/ask"));
+    }
+
+    EventLoop loop_;
+    std::unique_ptr<Hands> user_ = GetParam().make();
+    std::string log_;
+    Ref<Recorder> app_ = New<Recorder>(log_);
+    const Ref<SmallWindow> window_ = New<SmallWindow>("small", log_);
+    SmallWindow& w_ = *window_;
+    const Ref<SmallWindow> inner_ = New<SmallWindow>("inner", log_);
+};
+
+TEST_P(ContractTest, OnlyAButtonThatIsEnabledAndVisibleCanBePressed) {
+    w_.other->SetEnabled(false);
+    Show(w_, {[&] { user_->PressInVain(*w_.other); },
+              [&] {
+                  w_.other->SetEnabled(true);
+                  w_.other->SetVisible(false);
+              },
+              [&] { user_->PressInVain(*w_.other); }, [&] { w_.other->SetVisible(true); },
+              [&] { user_->Press(*w_.other); }});
+    EXPECT_EQ(log_, "other closed ");
+}
+
+TEST_P(ContractTest, ReturnPressesTheDefaultButtonWhereverTheFocusIs) {
+    Show(w_,
+         {[&] { user_->Return(w_); }, [&] { user_->Toggle(*w_.box); }, [&] { user_->Return(w_); },
+          [&] { user_->Press(*w_.other); }, [&] { user_->Return(w_); },
+          [&] { w_.first->SetEnabled(false); }, [&] { user_->Return(w_); },
+          [&] {
+              w_.first->SetDefault(false);
+              w_.other->SetDefault(true);
+          },
+          [&] { user_->Return(w_); }});
+    EXPECT_EQ(log_, "first on first other first other closed ");
+}
+
+TEST_P(ContractTest, EscapePressesTheCancelButtonAndClosingPressesNothing) {
+    user_->WhenShown(w_, {[&] { user_->Escape(w_); }});
+    w_.ShowModal();
+    EXPECT_EQ(log_, "cancel closed ");
+    inner_->cancel->SetEnabled(false);
+    Show(*inner_, {[&] { user_->Escape(*inner_); }});
+    EXPECT_EQ(log_, "cancel closed closed ");
+}
+
+TEST_P(ContractTest, TheUserSelectsRows) {
+    Show(w_, {[&] { user_->Select(*w_.list, 1); }, [&] { user_->Select(*w_.list, 1); },
+              [&] { user_->SelectNext(*w_.list); }, [&] { user_->Select(*w_.list, -1); },
+              [&] { EXPECT_EQ(user_->ShownSelection(*w_.list), -1); },
+              [&] { user_->DoubleClick(*w_.list, 0); }});
+    EXPECT_EQ(log_, "1 2 -1 0 double closed ");
+}
+
+TEST_P(ContractTest, CodeMaySelectInsideChange) {
+    w_.list->Change = [&](Listbox& list) {
+        log_ += std::to_string(list.ListIndex()) + " ";
+        if (list.ListIndex() == 1) list.SetListIndex(2);
+    };
+    Show(w_, {[&] { user_->Select(*w_.list, 1); },
+              [&] { EXPECT_EQ(user_->ShownSelection(*w_.list), 2); },
+              // Once more: the view must not take the row for selected still.
+              [&] { user_->Select(*w_.list, 1); },
+              [&] { EXPECT_EQ(user_->ShownSelection(*w_.list), 2); }});
+    EXPECT_EQ(log_, "1 2 1 2 closed ");
+}
+
+TEST_P(ContractTest, WhatCodeSelectsIsShownAndFiresEvenTheSameRow) {
+    w_.list->SetListIndex(2);
+    Show(w_,
+         {[&] { EXPECT_EQ(user_->ShownSelection(*w_.list), 2); },
+          [&] { w_.list->SetListIndex(w_.list->ListIndex()); }, [&] { w_.list->SetListIndex(99); },
+          [&] { EXPECT_EQ(user_->ShownSelection(*w_.list), -1); }});
+    EXPECT_EQ(log_, "2 2 -1 closed ");
+}
+
+TEST_P(ContractTest, RowsComeAndGoUnderASelection) {
+    Show(w_, {[&] { user_->Select(*w_.list, 2); }, [&] { w_.list->AddRow("d"); },
+              [&] { EXPECT_EQ(user_->ShownSelection(*w_.list), 2); },
+              [&] { user_->Select(*w_.list, 3); }, [&] { w_.list->DeleteAllRows(); },
+              [&] {
+                  EXPECT_EQ(user_->ShownRows(*w_.list), 0);
+                  for (int row = 0; row < 4; ++row)
+                      w_.list->AddRow("new");
+              },
+              [&] { EXPECT_EQ(user_->ShownSelection(*w_.list), -1); },
+              [&] { user_->Select(*w_.list, 3); }});
+    EXPECT_EQ(log_, "2 3 -1 3 closed ");
+}
+
+TEST_P(ContractTest, ChangeMayThrowTheRowsAway) {
+    w_.list->Change = [&](Listbox& list) {
+        log_ += std::to_string(list.ListIndex()) + " ";
+        if (list.ListCount() > 1) list.DeleteAllRows();
+    };
+    Show(w_, {[&] { user_->Select(*w_.list, 2); }, [&] { w_.list->AddRow("new"); },
+              [&] { user_->Select(*w_.list, 0); }});
+    EXPECT_EQ(log_, "2 -1 0 closed ");
+}
+
+TEST_P(ContractTest, SortingKeepsTheRowSelectedAndFiresNothing) {
+    w_.list->SetColumnSortDirection(0, Listbox::kSortAscending);
+    Show(w_, {[&] { user_->Select(*w_.list, 0); }, [&] { w_.list->Sort(); },
+              [&] { EXPECT_EQ(user_->ShownSelection(*w_.list), 2); },
+              [&] { user_->Select(*w_.list, 1); }});
+    EXPECT_EQ(w_.list->Cell(1, 0), "b");
+    EXPECT_EQ(log_, "0 1 closed ");
+}
+
+TEST_P(ContractTest, ACheckBoxHasItsNewValueWhenItFires) {
+    Show(w_, {[&] { user_->Toggle(*w_.box); }, [&] { w_.box->SetValue(false); },
+              [&] { EXPECT_FALSE(user_->ShownValue(*w_.box)); }, [&] { user_->Toggle(*w_.box); },
+              [&] { user_->Toggle(*w_.box); },
+              // A handler that takes the change back has the last word.
+              [&] { w_.box->Action = [](CheckBox& box) { box.SetValue(false); }; },
+              [&] { user_->Toggle(*w_.box); }, [&] { EXPECT_FALSE(user_->ShownValue(*w_.box)); }});
+    EXPECT_EQ(log_, "on on off closed ");
+}
+
+TEST_P(ContractTest, ControlsFollowTheWindow) {
+    Show(w_, {[&] {
+                  EXPECT_EQ(user_->ShownPlace(*w_.list), (Bounds{10, 10, 280, 150}));
+                  user_->Resize(w_, {400, 250});
+              },
+              [&] {
+                  EXPECT_EQ(user_->ShownPlace(*w_.list), (Bounds{10, 10, 380, 160}));
+                  EXPECT_EQ(user_->ShownPlace(*w_.first), (Bounds{10, 210, 80, 20}));
+                  EXPECT_EQ(user_->ShownPlace(*w_.cancel), (Bounds{300, 210, 80, 20}));
+                  user_->Resize(w_, {100, 100});
+              },
+              [&] {
+                  EXPECT_EQ(user_->ShownPlace(*w_.list), (Bounds{10, 10, 280, 110}));
+                  w_.SetHeight(300);
+              },
+              [&] {
+                  EXPECT_EQ(user_->ShownPlace(*w_.list), (Bounds{10, 10, 280, 210}));
+              }});
+}
+
+TEST_P(ContractTest, AHandlerMayCloseItsWindow) {
+    w_.other->Action = [&](PushButton&) {
+        w_.Close();
+        EXPECT_FALSE(user_->IsOnScreen(w_));
+        log_ += "goes on ";
+    };
+    user_->WhenShown(w_, {[&] { user_->Press(*w_.other); }});
+    w_.ShowModal();
+    EXPECT_EQ(log_, "closed goes on ");
+    w_.ShowModal();
+    EXPECT_EQ(log_, "closed goes on ") << "it is shown once";
+}
+
+TEST_P(ContractTest, ATurnInsideAHandlerMayBringThePressThatClosesTheWindow) {
+    w_.first->Action = [&](PushButton&) {
+        log_ += "begins ";
+        user_->DuringTurn([&] { user_->Press(*w_.cancel); });
+        while (!w_.IsClosed())
+            RuntimeBackgroundTask();
+        log_ += "ends ";
+    };
+    user_->WhenShown(w_, {[&] { user_->Press(*w_.first); }});
+    w_.ShowModal();
+    EXPECT_EQ(log_, "begins cancel closed ends ");
+}
+
+TEST_P(ContractTest, AnExceptionInAHandlerComesOutOfShowModal) {
+    w_.other->Action = [](PushButton&) { throw IOException("lost"); };
+    user_->WhenShown(w_, {[&] { user_->Press(*w_.other); }});
+    EXPECT_THROW(w_.ShowModal(), IOException);
+    EXPECT_FALSE(user_->IsOnScreen(w_));
+}
+
+TEST_P(ContractTest, AnExceptionInATurnComesOutOfTheHandler) {
+    w_.other->Action = [](PushButton&) { throw IOException("lost"); };
+    w_.first->Action = [&](PushButton&) {
+        user_->DuringTurn([&] { user_->Press(*w_.other); });
+        try {
+            for (;;)
+                RuntimeBackgroundTask();
+        } catch (const IOException&) {
+            log_ += "caught ";
+        }
+    };
+    Show(w_, {[&] { user_->Press(*w_.first); }});
+    EXPECT_EQ(log_, "caught closed ");
+}
+
+TEST_P(ContractTest, QuitUnwindsTwoNestedWindows) {
+    struct Witness {
+        std::string& log;
+        ~Witness() { log += "unwound "; }
+    };
+    inner_->other->Action = [](PushButton&) { Quit(7); };
+    w_.other->Action = [&](PushButton&) {
+        const Witness inside{log_};
+        user_->WhenShown(*inner_, {[&] { user_->Press(*inner_->other); }});
+        inner_->ShowModal();
+        log_ += "never ";
+    };
+    AskFor([&] {
+        const Witness outside{log_};
+        user_->WhenShown(w_, {[&] { user_->Press(*w_.other); }});
+        w_.ShowModal();
+        log_ += "never ";
+    });
+    EXPECT_EQ(loop_.Run(*app_), 7);
+    EXPECT_EQ(log_, "ask quit unwound unwound ");
+    EXPECT_FALSE(user_->IsOnScreen(w_) || user_->IsOnScreen(*inner_));
+}
+
+TEST_P(ContractTest, ADocumentArrivesInsideAModalWindow) {
+    AskFor([&] {
+        Show(w_, {[&] { loop_.PostOpenDocument(New<FolderItem>("/late")); },
+                  [&] { user_->Press(*w_.other); }});
+        Quit(0);
+    });
+    EXPECT_EQ(loop_.Run(*app_), 0);
+    EXPECT_EQ(log_, "ask late other closed quit ");
+}
+
+TEST_P(ContractTest, AMessageIsASheetOfItsWindow) {
+    w_.other->Action = [&](PushButton&) {
+        user_->AnswerSheet(w_, "sure?");
+        MessageDialog dialog;
+        dialog.Message = "sure?";
+        EXPECT_EQ(dialog.ShowModalWithin(&w_), dialog.ActionButton);
+        log_ += "answered ";
+    };
+    Show(w_, {[&] { user_->Press(*w_.other); }, [&] { user_->Press(*w_.first); }});
+    EXPECT_EQ(log_, "answered first closed ");
+}
+
+}  // namespace dunvey::test
