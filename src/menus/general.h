@@ -2,14 +2,17 @@
 
 #include <string>
 
+#include "platform/reference.h"
+
 namespace dunvey {
 
+class FolderItem;
 class Window;
 
-/// What stands beside the program's own subjects: its end, its place on the screen, and the two
-/// standing alerts. The alerts are shown as a sheet of `parent`, or in a window of their own where
-/// that is nullptr, and block until the one button is pressed. Without a screen they raise
-/// DesktopUnavailableException.
+/// What stands beside the program's own subjects: its end, its place on the screen, copying, and
+/// the two standing alerts. The alerts are shown as a sheet of `parent`, or in a window of their
+/// own where that is nullptr, and block until the one button is pressed. Without a screen they
+/// raise DesktopUnavailableException.
 namespace General {
 
 /// Asks the operating system's application object to terminate.
@@ -23,6 +26,11 @@ void ShowAlertQuit(const std::string& message, const std::string& explanation, W
 
 /// Comes to the front and tells something; returns after the click.
 void ShowAlertModalOK(const std::string& message, const std::string& explanation, Window* parent);
+
+/// Copies a file to the destination, a new file or a folder in which the copy is to stand; or a
+/// folder with all that it holds into the destination, a folder. False if something couldn't be
+/// copied; what was copied until then stays. Neither may be nil.
+bool CopyFileOrFolder(const Ref<FolderItem>& source, const Ref<FolderItem>& destination);
 
 }  // namespace General
 }  // namespace dunvey

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "platform/folder_item.h"
+#include "platform/picture.h"
+#include "platform/reference.h"
+
+/// The operating system's icons as pictures that a control can draw. Each picture has `size` by
+/// `size` points and two resolutions: `size` pixels and twice as many. Nothing is kept: each call
+/// asks the system again. Without a screen they raise DesktopUnavailableException.
+namespace dunvey::Icon {
+
+/// The icon of a file or folder; nil if the item is nil or doesn't exist.
+Ref<Picture> Get(const Ref<FolderItem>& item, int64_t size);
+
+/// The icon of a file type: an extension, or a four-letter code in single quotes.
+Ref<Picture> GetForFileType(const std::string& type, int64_t size);
+
+/// The caution sign.
+Ref<Picture> GetAlertCaution(int64_t size);
+
+}  // namespace dunvey::Icon

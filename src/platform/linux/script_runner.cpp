@@ -1,0 +1,9 @@
+#include "platform/script_runner.h"
+
+namespace dunvey {
+
+std::string ScriptRunner() {
+    return "/bin/sh";
+}
+
+}  // namespace dunvey
