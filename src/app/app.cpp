@@ -1,5 +1,8 @@
 #include "app/app.h"
 
+#include "chooser/window1.h"
+#include "persistence/preferences.h"
+
 namespace dunvey {
 
 void App::Event_OpenDocument(const Ref<FolderItem>& document) {
@@ -15,8 +18,21 @@ bool App::_FileAbout_Action() {
     return false;
 }
 
-// The chooser isn't there yet: what it would ask about is left as it was judged.
-void App::createNewWindow(int64_t, bool, bool, bool, bool) {}
+void App::createNewWindow(int64_t idx, bool IsBootingApp, bool IsBootingOtherApp, bool IsInstalled,
+                          bool NeedJudgment) {
+    const Ref<Window1> window = New<Window1>();
+    window->idx = idx;
+    window->IsBootingApp = IsBootingApp;
+    window->IsBootingOtherApp = IsBootingOtherApp;
+    window->IsInstalled = IsInstalled;
+    window->NeedJudgment = NeedJudgment;
+    window->SetAppList();
+    window->SetFileInfo();
+    window->SetEaseUse();
+    window->CheckBox1()->SetValue(Preferences::gAllowOpenHigherVersion);
+    window->CheckBox2()->SetValue(Preferences::gAllowQuitButtonActiveted);
+    window->ShowModal();
+}
 
 void App::terminate() {
     NSApplication::terminate();

@@ -25,6 +25,8 @@ class App : public Application {
     std::vector<Ref<FileClass>> Files;
     /// Whether a further document is still taken. Once False it stays False.
     bool CanAccepted = true;
+    /// Whether a document was left out because its question could not be shown anywhere.
+    bool CouldNotAsk = false;
 
     void Event_Open() override;
     void Event_Close() override;
@@ -38,7 +40,8 @@ class App : public Application {
 
     /// Puts the caption with the program's name, in the user's language, on the menu's About item.
     void localizeMenuText();
-    /// Shows the chooser for the document at `idx` and returns when it has closed.
+    /// Shows the chooser for the document at `idx` and returns when it has closed. Raises
+    /// DesktopUnavailableException without a screen.
     void createNewWindow(int64_t idx, bool IsBootingApp, bool IsBootingOtherApp, bool IsInstalled,
                          bool NeedJudgment);
     /// Asks the operating system's application object to terminate.

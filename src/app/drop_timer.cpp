@@ -8,7 +8,7 @@ namespace dunvey {
 void DropTimer::Event_Action() {
     App::Instance()->CanAccepted = false;
     App::Instance()->JudgeToOpen();
-    Quit(0);
+    Quit(App::Instance()->CouldNotAsk ? 1 : 0);
 }
 
 }  // namespace dunvey

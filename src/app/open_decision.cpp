@@ -1,7 +1,10 @@
 #include "app/open_decision.h"
 
+#include <cstdio>
+
 #include "app/app.h"
 #include "platform/array.h"
+#include "platform/desktop.h"
 #include "platform/event_loop.h"
 #include "platform/keyboard.h"
 #include "version/booting_apps.h"
@@ -21,6 +24,21 @@ RunningFlags JudgeRunning(const std::vector<std::string>& running, const std::st
     }
 }
 
+namespace {
+
+/// Leaves out a document whose question can't be shown anywhere, and says so where a developer or a
+/// calling program looks.
+void LeaveOut(FileClass& document, const DesktopUnavailableException& reason) {
+    document.WillOpen = false;
+    App::Instance()->CouldNotAsk = true;
+    const std::string line = "Dunvey: " + document.File->ShellPath() +
+                             " isn't opened, since it must be asked with which version. " +
+                             reason.Message + "\n";
+    std::fputs(line.c_str(), stderr);
+}
+
+}  // namespace
+
 void App::JudgeToOpen() {
     const int64_t last = UpperBound(Files);
     if (last == -1) return;
@@ -32,8 +50,13 @@ void App::JudgeToOpen() {
         const RunningFlags running = JudgeRunning(InDesign::BootingAppNames, document->AppName);
         const bool needJudgment = NeedsJudgment(running, isInstalled);
         if (needJudgment || Keyboard::AsyncCommandKey()) {
-            createNewWindow(idx, running.IsBootingApp, running.IsBootingOtherApp, isInstalled,
-                            needJudgment);
+            try {
+                createNewWindow(idx, running.IsBootingApp, running.IsBootingOtherApp, isInstalled,
+                                needJudgment);
+            } catch (const DesktopUnavailableException& reason) {
+                // Without a reason to ask the document goes where it belongs.
+                if (needJudgment) LeaveOut(*document, reason);
+            }
         }
         RuntimeBackgroundTask();
     }

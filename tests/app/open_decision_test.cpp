@@ -80,9 +80,15 @@ TEST_F(Road, TheCommandKeyIsReadOnlyWhereItDecides) {
     int readings = 0;
     headless::TheMachine().readCommandKey = [&readings] { return ++readings < 0; };
     const auto installed = Document("a.indd", 9);
+    const auto cancelOne = [this] {
+        user_->ExpectWindow("Marlit Id - Notification",
+                            {[this](Window& window) { user_->Escape(window); }});
+    };
+    cancelOne();
     Open({installed, installed, Document("b.indd", 14)});
     EXPECT_EQ(readings, 2) << "not for a version that isn't installed";
     Running({"CS6"});
+    cancelOne();
     Open({installed});
     EXPECT_EQ(readings, 2) << "not beside another version";
     Running({"CS6", "CC"});

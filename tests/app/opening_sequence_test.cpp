@@ -4,6 +4,7 @@
 
 #include "app/app.h"
 #include "persistence/preferences.h"
+#include "support/own_resources.h"
 #include "support/world.h"
 #include "version/installed_apps.h"
 
@@ -37,9 +38,16 @@ class Opening : public test::World {
         InDesign::InstalledApps.clear();
     }
 
-    /// One run of the program on a document; returns the exit code.
+    /// One run of the program on a document, which is left out where it must be asked about;
+    /// returns the exit code.
     int RunOnce() {
         Reset();
+        const bool asks =
+            access(AppPath("CS6").c_str(), F_OK) != 0 || headless::TheMachine().commandKey;
+        if (asks) {
+            user_->ExpectWindow("Marlit Id - Notification",
+                                {[this](Window& window) { user_->Escape(window); }});
+        }
         Application::Register(New<App>());
         loop_.PostOpenDocument(Document("a.indd", 8));
         return loop_.Run(*Application::Current());
@@ -161,6 +169,39 @@ TEST_F(Opening, TheIconImportIsDueWhenTheBuildOrTheNewestVersionChanged) {
     EXPECT_FALSE(IsIconImportDue());
     InDesign::InstalledApps.push_back(Installed("CC", "9.2"));
     EXPECT_TRUE(IsIconImportDue());
+}
+
+TEST_F(Opening, TheStartImportsTheIconsOnceForEachNewestVersion) {
+    const test::OwnResources resources;
+    const auto install = [this](const std::string& suffix, const std::string& version) {
+        const std::string path = Installed(suffix, version)->NativePath() + "/Contents/Resources";
+        mkdir(path.c_str(), 0777);
+        for (const char* icon : {"ID_Document_Icon.icns", "ID_Book_Icon.icns"})
+            std::ofstream(path + "/" + icon) << suffix;
+    };
+    const auto expectNotice = [this] {
+        user_->ExpectMessage("Import file icons from InDesign.app installed.");
+    };
+    const auto imported = [&resources] {
+        std::ifstream file(resources / "ID_Book_Icon.icns");
+        return std::string(std::istreambuf_iterator<char>(file), {});
+    };
+    install("CS6", "8.0");
+    expectNotice();
+    RunOnce();
+    EXPECT_EQ(imported(), "CS6");
+    EXPECT_NE(folder_.Read(PreferenceFile()).find("\"IconVersion\":\"8.0\""), std::string::npos);
+    unlink((resources / "ID_Book_Icon.icns").c_str());
+    RunOnce();
+    EXPECT_EQ(imported(), "") << "the same newest version: not again";
+    install("CC", "9.2");
+    expectNotice();
+    RunOnce();
+    EXPECT_EQ(imported(), "CC");
+    WriteFile("{\"NonReleaseVersion\":0,\"IconVersion\":\"9.2\"}");
+    expectNotice();
+    RunOnce();
+    EXPECT_EQ(OpenCalls().size(), 8u) << "opened and brought to the front in each of four runs";
 }
 
 TEST_F(Opening, TheAboutItemBearsTheProgramsNameInTheUsersLanguage) {

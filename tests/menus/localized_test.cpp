@@ -5,6 +5,7 @@
 #include <set>
 
 #include "menus/general.h"
+#include "menus/spoken.h"
 #include "platform/reg_ex_xojo.h"
 #include "platform/translation_table.h"
 #include "support/world.h"
@@ -20,9 +21,11 @@ TEST_F(LocalizedTexts, JapaneseHasARowOfItsOwnForEachAndNoOther) {
         keys.emplace(text.key);
     for (const LocalizedText& text : LocalizedMenu::kAll)
         keys.emplace(text.key);
+    for (const LocalizedText& text : Spoken::kAll)
+        keys.emplace(text.key);
     EXPECT_EQ(Localized::kAll.size(), 21U);
     EXPECT_EQ(LocalizedMenu::kAll.size(), 14U);
-    EXPECT_EQ(keys.size(), 36U) << "no key stands twice";
+    EXPECT_EQ(keys.size(), 38U) << "no key stands twice";
     const TranslationTable& japanese = TranslationsInto("ja");
     for (const auto& [key, text] : japanese)
         EXPECT_EQ(keys.count(key), 1U) << key;
@@ -35,6 +38,8 @@ TEST_F(LocalizedTexts, JapaneseHasARowOfItsOwnForEachAndNoOther) {
     for (const LocalizedText& text : Localized::kAll)
         differs(text);
     for (const LocalizedText& text : LocalizedMenu::kAll)
+        differs(text);
+    for (const LocalizedText& text : Spoken::kAll)
         differs(text);
 }
 

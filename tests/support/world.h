@@ -61,6 +61,11 @@ class World : public ::testing::Test {
         return New<FolderItem>(folder_ / bundle);
     }
 
+    /// What runs once a quit request has been sent.
+    void AfterQuit(const std::vector<std::string>& suffixes) {
+        folder_.Write("after-quit", ProcessList(suffixes));
+    }
+
     static std::string ProcessLine(const std::string& suffix) {
         const std::string name = "Adobe InDesign " + suffix;
         return "/Applications/" + name + "/" + name + ".app/Contents/MacOS/" + name + "\n";
@@ -68,10 +73,13 @@ class World : public ::testing::Test {
 
     /// What `ps` prints from now on: a heading and one process for each suffix.
     void Running(const std::vector<std::string>& suffixes) {
+        folder_.Write("ps-output", ProcessList(suffixes));
+    }
+    static std::string ProcessList(const std::vector<std::string>& suffixes) {
         std::string output = "COMM\n/sbin/init\n";
         for (const std::string& suffix : suffixes)
             output += ProcessLine(suffix);
-        folder_.Write("ps-output", output);
+        return output;
     }
 
     /// A document of the given version.
@@ -80,10 +88,14 @@ class World : public ::testing::Test {
     }
 
     /// The words of each start through `open`, in order.
-    std::vector<std::vector<std::string>> OpenCalls() const {
+    std::vector<std::vector<std::string>> OpenCalls() const { return CallsIn("open-calls"); }
+    /// The words of each quit request.
+    std::vector<std::vector<std::string>> QuitCalls() const { return CallsIn("osascript-calls"); }
+
+    std::vector<std::vector<std::string>> CallsIn(const std::string& name) const {
         std::vector<std::vector<std::string>> calls(1);
         std::string word;
-        for (const char c : folder_.Read("open-calls")) {
+        for (const char c : folder_.Read(name)) {
             if (c != '\0') {
                 word += c;
             } else if (word.empty()) {

@@ -1,0 +1,103 @@
+#include "app/app.h"
+#include "chooser/window1.h"
+#include "menus/general.h"
+#include "menus/localized.h"
+#include "platform/array.h"
+#include "platform/event_loop.h"
+#include "platform/keyboard.h"
+#include "platform/message_dialog.h"
+#include "platform/shell.h"
+#include "platform/text.h"
+#include "version/booting_apps.h"
+
+namespace dunvey {
+namespace {
+
+/// What is asked for by the quit request; the application's path is its argument.
+const char kQuitScript[] =
+    "on run {AppPath}\n"
+    "quit application AppPath\n"
+    "delay 1\n"
+    "end run";
+
+/// The first two fields of a version, such as "8.1"; one that has no second field as it is.
+std::string MajorAndMinor(const std::string& version) {
+    const std::vector<std::string> fields = SplitB(version, ".");
+    return fields.size() < 2 ? version : fields[0] + "." + fields[1];
+}
+
+}  // namespace
+
+Ref<FolderItem> Window1::ApplicationAt(int64_t row) const {
+    return Ref<Object>(AppList()->CellTag(row, 0).ObjectValue()).As<FolderItem>();
+}
+
+Ref<FolderItem> Window1::SelectedApplication() const {
+    const int64_t row = AppList()->ListIndex();
+    if (row == -1) return nullptr;
+    const Ref<FolderItem> application = ApplicationAt(row);
+    return application && application->Exists() ? application : nullptr;
+}
+
+void Window1::OpenWithSelectApp() {
+    const Ref<FolderItem> application = SelectedApplication();
+    if (!application) return;
+    const std::string version = AppList()->Cell(AppList()->ListIndex(), 1);
+    if (InDesign::IsBootedDiffApp(application) && ShowAlertIMixed()) return;
+    const Ref<FileClass> record = Document();
+    record->WillUseApp = application;
+    record->WillUseVer = MajorAndMinor(version);
+    Close();
+}
+
+bool Window1::ShowAlertIMixed() {
+    MessageDialog dialog;
+    dialog.Icon = MessageDialog::kCaution;
+    dialog.ActionButton->Caption = Localized::kCancel("");
+    dialog.CancelButton->Visible = true;
+    dialog.CancelButton->Caption = Localized::kQuitDunvey("");
+    dialog.AlternateActionButton->Visible = true;
+    dialog.AlternateActionButton->Caption = Localized::kCapIgnoreWarning("");
+    dialog.Message = Localized::kMultipleAppWillLaunched("");
+    dialog.Explanation = Localized::kCapRecommendNotOpenNow("");
+    General::BringFrontmostMe();
+    const Ref<MessageDialogButton> pressed = dialog.ShowModalWithin(this);
+    if (pressed == dialog.CancelButton) Quit(0);
+    return pressed != dialog.AlternateActionButton;
+}
+
+void Window1::QuitTheApp(const Ref<FolderItem>& application) {
+    const std::string command = "osascript -e " + QuotedShellWord(kQuitScript) + " " +
+                                QuotedShellWord(UnixpathMBS(*application));
+    do {
+        Shell shell;
+        shell.Execute(command);
+        InDesign::GetBootingAppNames();
+        RuntimeBackgroundTask();
+        // The turn may have closed the window: then nobody waits for the application any more.
+    } while (!IsClosed() && IndexOf(InDesign::BootingAppNames, application->Name()) != -1);
+}
+
+void Window1::PushButton1_Action(PushButton&) {
+    OpenWithSelectApp();
+}
+
+void Window1::PushButton2_Action(PushButton&) {
+    Document()->WillOpen = false;
+    Close();
+}
+
+void Window1::PushButton3_Action(PushButton&) {
+    const Ref<FolderItem> application = SelectedApplication();
+    if (!application) return;
+    PushButton3()->SetEnabled(false);
+    QuitTheApp(application);
+    if (!IsClosed()) ReView();
+}
+
+void Window1::AppList_DoubleClick(Listbox&) {
+    const bool commandKey = Keyboard::AsyncCommandKey();
+    if (commandKey || PushButton1()->Enabled()) OpenWithSelectApp();
+}
+
+}  // namespace dunvey

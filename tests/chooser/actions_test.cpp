@@ -1,0 +1,241 @@
+#include <gtest/gtest.h>
+
+#include "chooser/chooser.h"
+#include "version/booting_apps.h"
+
+namespace dunvey {
+namespace {
+
+using test::Chooser;
+
+const char kMixed[] = "Multiple InDesign.apps will be launched.";
+
+class ChooserActions : public Chooser {
+ protected:
+    ChooserActions() {
+        Installed("CS5", "7.0.4");
+        Installed("CS6", "8.1.0");
+        Installed("CC", "9.0.0");
+    }
+
+    Step Return() {
+        return [this](Window1& window) { EXPECT_TRUE(user_->Return(window)); };
+    }
+    Step Escape() {
+        return [this](Window1& window) { EXPECT_TRUE(user_->Escape(window)); };
+    }
+    Step Select(int64_t row) {
+        return [this, row](Window1& window) { user_->Select(*window.AppList(), row); };
+    }
+    Step DoubleClick(int64_t row) {
+        return [this, row](Window1& window) { user_->DoubleClick(*window.AppList(), row); };
+    }
+    Step QuitSelected() {
+        return [this](Window1& window) { user_->Press(*window.PushButton3()); };
+    }
+
+    const Ref<FolderItem> document_ = Document("a.indd", 8);
+};
+
+TEST_F(ChooserActions, EachWayToOpenAndToCancel) {
+    headless::TheMachine().commandKey = true;
+    Expect({Return()});
+    Open({document_});
+    EXPECT_EQ(Opened(), Starts{"CS6: a.indd"});
+    Expect({Escape()});
+    EXPECT_EQ(Open({document_}), 0);
+    EXPECT_EQ(Opened(), Starts{});
+    Expect({DoubleClick(0)});
+    Open({document_});
+    EXPECT_EQ(Opened(), Starts{"CS5: a.indd"}) << "with Command also in a lower version";
+    Expect({[this](Window1& window) { user_->CloseByTheDesktop(window); }});
+    Open({document_});
+    EXPECT_EQ(Opened(), Starts{"CS6: a.indd"}) << "the document keeps what was judged";
+}
+
+TEST_F(ChooserActions, TheChoiceIsWrittenIntoTheRecord) {
+    headless::TheMachine().commandKey = true;
+    Expect({[this](Window1& window) { user_->Toggle(*window.CheckBox1()); }, Select(2), Return()});
+    Open({document_});
+    const Ref<FileClass> record = App::Instance()->Files.at(0);
+    EXPECT_EQ(record->WillUseVer, "9.0");
+    EXPECT_EQ(record->WillUseApp->NativePath(), AppPath("CC"));
+    EXPECT_TRUE(record->WillOpen);
+    EXPECT_EQ(Opened(), Starts{"CC: a.indd"});
+}
+
+TEST_F(ChooserActions, ADoubleClickOpensOnlyWhatTheOpenButtonWould) {
+    Expect({DoubleClick(0), DoubleClick(2)});
+    Open({Document("b.indd", 7, 5)});
+    EXPECT_EQ(Opened(), Starts{"CC: b.indd"});
+}
+
+TEST_F(ChooserActions, AnotherVersionBesideARunningOneAsksFirst) {
+    Running({"CC"});
+    const auto look = [](const MessageDialog& dialog) {
+        EXPECT_EQ(dialog.Icon, MessageDialog::kCaution);
+        EXPECT_EQ(dialog.ActionButton->Caption, "Cancel");
+        EXPECT_EQ(dialog.CancelButton->Caption, "Quit Dunvey");
+        EXPECT_EQ(dialog.AlternateActionButton->Caption, "Ignore warning");
+        EXPECT_EQ(dialog.Explanation,
+                  "InDesign.app to launched should keep only one as much as possible.");
+    };
+    Expect({Return(), Escape()});
+    user_->ExpectMessage(kMixed, Answer::Action, look);
+    Open({document_});
+    EXPECT_EQ(Opened(), Starts{});
+    Expect({Return()});
+    user_->ExpectMessage(kMixed, Answer::AlternateAction);
+    Open({document_});
+    EXPECT_EQ(Opened(), Starts{"CS6: a.indd"});
+    Expect({Return()});
+    user_->ExpectMessage(kMixed, Answer::Cancel);
+    EXPECT_EQ(Open({document_}), 0);
+    EXPECT_EQ(Opened(), Starts{}) << "the program has been quit";
+    EXPECT_EQ(user_->timesInFront(), 3);
+    Running({"CC", "CS6"});
+    headless::TheMachine().commandKey = true;
+    Expect({Return()});
+    Open({document_});
+    EXPECT_EQ(Opened(), Starts{"CS6: a.indd"}) << "the chosen one runs itself";
+}
+
+TEST_F(ChooserActions, QuittingTheOtherVersionClearsTheWay) {
+    Running({"CC"});
+    AfterQuit({});
+    Expect({Select(2), QuitSelected(),
+            [](Window1& window) {
+                EXPECT_EQ(Column(window, 2), (std::vector<std::string>{"", "", ""}));
+                EXPECT_FALSE(window.Canvas2()->Backdrop());
+                EXPECT_EQ(window.LabelMsg()->Text(), "");
+                EXPECT_EQ(window.AppList()->ListIndex(), 1);
+                EXPECT_FALSE(window.PushButton3()->Enabled());
+            },
+            Return()});
+    Open({document_});
+    EXPECT_EQ(Opened(), Starts{"CS6: a.indd"});
+    const std::string script = "on run {AppPath}\nquit application AppPath\ndelay 1\nend run";
+    EXPECT_EQ(QuitCalls(), (std::vector<std::vector<std::string>>{{"-e", script, AppPath("CC")}}));
+}
+
+TEST_F(ChooserActions, AQuoteInAPathReachesTheQuitRequest) {
+    Installed("it's \"$(x)\"", "10.0.0");
+    Running({"it's \"$(x)\""});
+    AfterQuit({});
+    Expect({Select(3), QuitSelected(), Escape()});
+    Open({document_});
+    ASSERT_EQ(QuitCalls().size(), 1U);
+    EXPECT_EQ(QuitCalls()[0][2], AppPath("it's \"$(x)\""));
+}
+
+TEST_F(ChooserActions, AVersionThatRefusesToQuitIsAskedAgainUntilTheUserHasEnough) {
+    Running({"CC"});
+    const auto quitWhile = [this](std::function<void()> second) {
+        return [this, second](Window1& window) {
+            user_->DuringTurn([] {});
+            user_->DuringTurn(second);
+            user_->Press(*window.PushButton3());
+        };
+    };
+    Window1* open = nullptr;
+    const auto remember = [&open](Window1& window) { open = &window; };
+    Expect({remember, Select(2), quitWhile([&] {
+                EXPECT_FALSE(open->PushButton3()->Enabled());
+                user_->Escape(*open);
+            })});
+    EXPECT_EQ(Open({document_}), 0);
+    EXPECT_EQ(QuitCalls().size(), 2U);
+    EXPECT_EQ(Opened(), Starts{});
+    Expect({Select(2), quitWhile([] { NSApplication::terminate(); })});
+    EXPECT_EQ(Open({document_}), 0);
+    EXPECT_EQ(QuitCalls().size(), 4U);
+    EXPECT_EQ(Opened(), Starts{}) << "the end of the program launches nothing";
+}
+
+TEST_F(ChooserActions, TheUserActsInTheMiddleOfARebuild) {
+    Running({"CC"});
+    Window1* open = nullptr;
+    // The first turn is that of the quit request, the others are those of the rows.
+    const auto quitAnd = [&](std::function<void()> act) {
+        return [&, act](Window1& window) {
+            AfterQuit({});
+            open = &window;
+            user_->DuringTurn([] {});
+            user_->DuringTurn(act);
+            user_->Press(*window.PushButton3());
+        };
+    };
+    Expect({Select(2), quitAnd([&] { user_->Escape(*open); })});
+    Open({document_});
+    EXPECT_EQ(Opened(), Starts{});
+    Running({"CC"});
+    Expect({Select(2), quitAnd([&] { open->ReView(); }),
+            [](Window1& window) {
+                EXPECT_EQ(Column(window, 1), (std::vector<std::string>{"7.0.4", "8.1.0", "9.0.0"}));
+                EXPECT_EQ(window.AppList()->ListIndex(), 1);
+            },
+            Return()});
+    Open({document_});
+    EXPECT_EQ(Opened(), Starts{"CS6: a.indd"});
+}
+
+TEST_F(ChooserActions, AnApplicationThatVanishedDoesNothingInSilence) {
+    Running({"CS6", "CC"});
+    headless::TheMachine().commandKey = true;
+    Expect({[this](Window1&) { rename(AppPath("CS6").c_str(), (folder_ / "gone").c_str()); },
+            Return(), QuitSelected(), Escape()});
+    Open({document_});
+    EXPECT_TRUE(QuitCalls().empty());
+}
+
+TEST_F(ChooserActions, OneChooserAfterTheOtherThenTheRunInTheOrderOfItsVersions) {
+    headless::TheMachine().commandKey = true;
+    const auto showing = [](const std::string& name) {
+        return [name](Window1& window) { EXPECT_EQ(window.LabelFileName()->Text(), name); };
+    };
+    Expect({showing("low.indd"), [this](Window1& window) { user_->Toggle(*window.CheckBox1()); },
+            Select(2), Return()});
+    Expect({showing("middle.indd"), Return()});
+    Expect({showing("high.indd"), Escape()});
+    Open({Document("high.indd", 9), Document("low.indd", 7), Document("middle.indd", 8)});
+    EXPECT_EQ(Opened(), (Starts{"CS6: middle.indd", "CC: low.indd"}));
+}
+
+TEST_F(ChooserActions, WhatWasQuitForOneDocumentNoLongerCountsForTheNext) {
+    Running({"CC"});
+    AfterQuit({});
+    Expect({Select(2), QuitSelected(), Return()});
+    Open({Document("a.indd", 7), Document("b.indd", 8)});
+    EXPECT_EQ(Opened(), (Starts{"CS5: a.indd", "CS6: b.indd"}));
+}
+
+TEST_F(ChooserActions, ALateDocumentIsDropped) {
+    headless::TheMachine().commandKey = true;
+    Expect({[this](Window1&) { loop_.PostOpenDocument(Document("late.indd", 9)); }, Return()});
+    Open({document_});
+    EXPECT_EQ(Opened(), Starts{"CS6: a.indd"});
+}
+
+TEST_F(ChooserActions, WithoutAScreenOnlyTheQuestionsAreLeftOut) {
+    Desktop::Install(nullptr);
+    Desktop::SetLoader(
+        []() -> std::unique_ptr<Desktop> { throw DesktopUnavailableException("No display."); });
+    ::testing::internal::CaptureStderr();
+    const int code = Open({Document("lost one.indd", 12), document_});
+    const std::string said = ::testing::internal::GetCapturedStderr();
+    EXPECT_EQ(code, 1);
+    EXPECT_EQ(Opened(), Starts{"CS6: a.indd"});
+    EXPECT_EQ(said, "Dunvey: " + folder_.Path() +
+                        "/lost\\ one.indd isn't opened, since it must be asked with which version. "
+                        "No display.\n");
+    headless::TheMachine().commandKey = true;
+    EXPECT_EQ(Open({document_}), 0) << "the key alone is no question";
+    EXPECT_EQ(Opened(), Starts{"CS6: a.indd"});
+    Desktop::SetLoader(nullptr);
+    auto desktop = std::make_unique<headless::ScriptedDesktop>();
+    user_ = desktop.get();
+    Desktop::Install(std::move(desktop));
+}
+
+}  // namespace
+}  // namespace dunvey

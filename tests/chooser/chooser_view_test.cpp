@@ -1,0 +1,220 @@
+#include <gtest/gtest.h>
+
+#include "chooser/chooser.h"
+#include "icons/icon.h"
+
+namespace dunvey {
+namespace {
+
+using test::Chooser;
+
+/// Whose image it is, from the scripted desktop's colours.
+uint32_t Colour(const Ref<Picture>& picture) {
+    return picture->Images().front()->Pixels().Pixels.front();
+}
+
+TEST_F(Chooser, WhatIsPassedOnAndShownInEachSituation) {
+    struct Row {
+        const char* name;
+        std::vector<std::string> installed;
+        std::vector<std::string> running;
+        bool commandKey;
+        bool booting, other, isInstalled, needJudgment;
+        const char* message;
+    };
+    const char* const kNone = "InDesign.app is not installed.";
+    const char* const kMissing = "The same version of InDesign.app is not installed.";
+    const char* const kAnother = "Another version of InDesign.app is booting.";
+    const Row kRows[] = {
+        {"nothing installed", {}, {}, false, false, false, false, true, kNone},
+        {"version missing", {"CC"}, {}, false, false, false, false, true, kMissing},
+        {"missing, another runs", {"CC"}, {"CC"}, false, false, true, false, true, kMissing},
+        {"another runs", {"CS6", "CC"}, {"CC"}, false, false, true, true, true, kAnother},
+        {"asked for", {"CS6"}, {}, true, false, false, true, false, ""},
+        {"asked for, own runs", {"CS6"}, {"CS6"}, true, true, false, true, false, ""},
+        {"asked for, both run", {"CS6", "CC"}, {"CS6", "CC"}, true, true, true, true, false, ""},
+    };
+    const auto document = Document("a.indd", 8);
+    for (const Row& row : kRows) {
+        SCOPED_TRACE(row.name);
+        system(("rm -rf '" + (folder_ / "Applications") + "'/*").c_str());
+        for (const std::string& suffix : row.installed)
+            Installed(suffix, suffix == "CS6" ? "8.1.0" : "9.2.0");
+        Running(row.running);
+        headless::TheMachine().commandKey = row.commandKey;
+        Look([&](Window1& window) {
+            EXPECT_EQ(window.idx, 0);
+            EXPECT_EQ(window.IsBootingApp, row.booting);
+            EXPECT_EQ(window.IsBootingOtherApp, row.other);
+            EXPECT_EQ(window.IsInstalled, row.isInstalled);
+            EXPECT_EQ(window.NeedJudgment, row.needJudgment);
+            EXPECT_EQ(window.LabelMsg()->Text(), row.message);
+            ASSERT_EQ(static_cast<bool>(window.Canvas2()->Backdrop()), row.needJudgment);
+            if (row.needJudgment) {
+                EXPECT_EQ(window.LabelMsg()->TextColor(), Color{0xFB0C43});
+                EXPECT_EQ(Colour(window.Canvas2()->Backdrop()), Colour(Icon::GetAlertCaution(32)));
+            }
+            EXPECT_EQ(window.LabelFileName()->Text(), "a.indd");
+            EXPECT_EQ(window.LabelAppName()->Text(),
+                      row.installed.empty() ? " (v8)" : "InDesign CS6 (v8)");
+            EXPECT_EQ(Colour(window.Canvas1()->Backdrop()), Colour(Icon::Get(document, 46)));
+            EXPECT_EQ(window.Canvas1()->Backdrop()->Width(), 46);
+        });
+        EXPECT_EQ(Open({document}), 0);
+        EXPECT_TRUE(Opened().empty()) << "cancelled";
+    }
+}
+
+TEST_F(Chooser, ListsEveryVersionInOrderWithItsState) {
+    for (const auto& [suffix, version] : std::vector<std::pair<std::string, std::string>>{
+             {"CC 2019", "14.0.1"}, {"CS5.5", "7.5.3"}, {"CC", "9.0.3"}, {"CS3", ""}}) {
+        Installed(suffix, version);
+    }
+    Running({"CC"});
+    Look([&](Window1& window) {
+        const Listbox& list = *window.AppList();
+        EXPECT_EQ(Column(window, 0),
+                  (std::vector<std::string>{"Adobe InDesign CS3", "Adobe InDesign CS5.5",
+                                            "Adobe InDesign CC", "Adobe InDesign CC 2019"}));
+        EXPECT_EQ(Column(window, 1),
+                  (std::vector<std::string>{"0.0.0", "7.5.3", "9.0.3", "14.0.1"}));
+        EXPECT_EQ(Column(window, 2), (std::vector<std::string>{"", "", "Booting", ""}));
+        EXPECT_TRUE(list.CellTag(2, 2).BooleanValue());
+        EXPECT_TRUE(list.CellTag(1, 2).IsNull());
+        EXPECT_EQ(Colour(list.RowPicture(1)),
+                  Colour(Icon::Get(New<FolderItem>(AppPath("CS5.5")), 16)));
+        EXPECT_EQ(list.ColumnAlignment(0), Listbox::kAlignDefault);
+        EXPECT_EQ(list.ColumnAlignment(2), Listbox::kAlignCentre);
+        EXPECT_EQ(list.Description(),
+                  "a.indd, InDesign CS6 (v8). The same version of InDesign.app is not installed.");
+        EXPECT_EQ(list.RowDescription(2),
+                  "Adobe InDesign CC, 9.0.3, Booting, can open this document");
+        EXPECT_EQ(list.RowDescription(1), "Adobe InDesign CS5.5, 7.5.3, can't open this document");
+    });
+    Open({Document("a.indd", 8)});
+}
+
+TEST_F(Chooser, HeightFollowsTheRowsAndTheControlsFollowTheHeight) {
+    struct Row {
+        int rows;
+        int64_t height;
+    };
+    int installed = 0;
+    for (const Row& row : {Row{0, 356}, Row{4, 356}, Row{5, 408}, Row{6, 434}, Row{12, 590}}) {
+        for (; installed < row.rows; ++installed) {
+            const int number = 9 + installed;
+            Installed("CC " + std::to_string(number), std::to_string(number) + ".0.0");
+        }
+        Look([&](Window1& window) {
+            EXPECT_EQ(window.MinHeight(), row.height);
+            EXPECT_EQ(window.Height(), row.height);
+            EXPECT_EQ(window.Width(), 450);
+            EXPECT_EQ(window.AppList()->Place(), (Bounds{20, 109, 410, row.height - 251}));
+            EXPECT_EQ(window.CheckBox2()->Place(), (Bounds{20, row.height - 40, 410, 20}));
+            user_->Resize(window, {600, 1000});
+            EXPECT_EQ(window.PushButton1()->Place(), (Bounds{435, 870, 145, 20}));
+            EXPECT_EQ(window.PushButton3()->Place(), (Bounds{20, 870, 135, 20}));
+            EXPECT_EQ(window.LabelMsg()->Place(), (Bounds{0, 78, 600, 24}));
+            EXPECT_EQ(window.Canvas2()->Place(), (Bounds{15, 36, 32, 32}));
+            user_->Resize(window, {100, 100});
+            EXPECT_EQ(window.Width(), 450);
+            EXPECT_EQ(window.Height(), row.height);
+        });
+        Open({Document("a.indd", 8)});
+    }
+}
+
+/// Writes down what is drawn.
+class Paper final : public Graphics {
+ public:
+    int64_t Width() const override { return 90; }
+    int64_t Height() const override { return 26; }
+    void FillRect(int64_t x, int64_t y, int64_t width, int64_t height) override {
+        Write("fill", {x, y, width, height});
+    }
+    void DrawLine(int64_t x, int64_t y, int64_t toX, int64_t toY) override {
+        Write("line", {x, y, toX, toY});
+    }
+    void DrawPicture(const Picture&, int64_t x, int64_t y) override { Write("picture", {x, y}); }
+
+    std::string drawn;
+
+ private:
+    void Write(const char* what, const std::vector<int64_t>& numbers) {
+        drawn += what;
+        for (const int64_t number : numbers)
+            drawn += " " + std::to_string(number);
+        drawn += ForeColor == Color{0xF1F2F2}   ? " stripe;"
+                 : ForeColor == Color{0xD5D5D5} ? ";"
+                                                : "?";
+    }
+};
+
+TEST_F(Chooser, RowsAreStripedAndGreyWhereTheyCannotOpenTheDocument) {
+    Installed("CS5", "7.0.0");
+    Installed("CS6", "8.0.1");
+    Installed("CC", "9.0.0");
+    headless::TheMachine().commandKey = true;
+    Look([&](Window1& window) {
+        const auto background = [&](int64_t row, int64_t column) {
+            Paper paper;
+            const bool drawn = window.AppList()->Event_CellBackgroundPaint(paper, row, column);
+            return (drawn ? "all: " : "") + paper.drawn;
+        };
+        const auto grey = [&](int64_t row) {
+            Paper paper;
+            EXPECT_FALSE(window.AppList()->Event_CellTextPaint(paper, row, 0, 0, 0));
+            return paper.ForeColor == Color{0x999999};
+        };
+        ASSERT_EQ(window.AppList()->ListIndex(), 1);
+        EXPECT_EQ(background(1, 0), "all: ") << "the selected row has the highlight alone";
+        EXPECT_EQ(background(0, 0), "line 0 25 90 25;line 89 0 89 25;");
+        EXPECT_EQ(background(2, 2), "line 0 25 90 25;") << "no line behind the last column";
+        EXPECT_TRUE(grey(0));
+        EXPECT_FALSE(grey(1));
+        EXPECT_TRUE(grey(2));
+        user_->Select(*window.AppList(), 2);
+        EXPECT_FALSE(grey(2)) << "the selected row never is";
+        EXPECT_EQ(background(1, 1), "fill 0 0 90 26 stripe;line 0 25 90 25;line 89 0 89 25;");
+        window.AppList()->CellBackgroundPaint = [](Listbox&, Graphics&, int64_t row, int64_t) {
+            return row == 0;
+        };
+        EXPECT_EQ(background(0, 2), "all: line 0 25 90 25;") << "the owner has the last word";
+    });
+    Open({Document("a.indd", 8)});
+}
+
+TEST_F(Chooser, ComesUpWithoutTitleBarButtonsAndTakesNoClickOnTheIcon) {
+    headless::TheMachine().commandKey = true;
+    Installed("CS6", "8.0.1");
+    Look([](Window1& window) {
+        for (int kind = 0; kind < 3; ++kind)
+            EXPECT_TRUE(window.Handle()->standardWindowButton(kind)->isHidden());
+        EXPECT_TRUE(window.Canvas1()->Event_MouseDown(1, 1));
+        EXPECT_FALSE(window.Canvas2()->Event_MouseDown(1, 1));
+        EXPECT_EQ(window.FileAbout(), window.MenuBar()->Find("FileAbout"));
+        EXPECT_TRUE(window.EditUndo());
+    });
+    Open({Document("a.indd", 8)});
+}
+
+TEST_F(Chooser, ThePreferencesAreInTheCheckBoxesAndStayOnTheDisk) {
+    Installed("CS6", "8.0.1");
+    headless::TheMachine().commandKey = true;
+    Expect({[&](Window1& window) {
+                EXPECT_FALSE(window.CheckBox1()->Value());
+                user_->Toggle(*window.CheckBox1());
+                user_->Toggle(*window.CheckBox2());
+            },
+            [&](Window1& window) { user_->Escape(window); }});
+    Open({Document("a.indd", 8)});
+    Look([](Window1& window) {
+        EXPECT_TRUE(window.CheckBox1()->Value());
+        EXPECT_TRUE(window.CheckBox2()->Value());
+    });
+    Preferences::gAllowOpenHigherVersion = Preferences::gAllowQuitButtonActiveted = false;
+    Open({Document("a.indd", 8)});
+}
+
+}  // namespace
+}  // namespace dunvey
