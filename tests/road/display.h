@@ -4,22 +4,71 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <cstdio>
 #include <cstdlib>
 #include <string>
 
 namespace dunvey::test {
 
-/// A screen of the test's own, without a window manager.
+/// A screen of the test's own.
 class Display {
  public:
-    Display() {
+    enum class Manager { None, Openbox };
+
+    explicit Display(Manager manager = Manager::None) {
+        StartServer();
+        if (manager == Manager::Openbox) StartManager();
+    }
+    ~Display() {
+        for (const pid_t process : {manager_, server_}) {
+            if (process > 0) kill(process, SIGTERM);
+            if (process > 0) waitpid(process, nullptr, 0);
+        }
+    }
+    Display(const Display&) = delete;
+    Display& operator=(const Display&) = delete;
+
+    /// Empty if there is no server.
+    std::string Name() const { return number_.empty() ? "" : ":" + number_; }
+    /// What the user's hands do, in xdotool's words. Returns whether that worked.
+    bool Do(const std::string& words) const { return system(Line(words).c_str()) == 0; }
+    /// What xdotool answers, its last line feed cut off; empty if that didn't work.
+    std::string Ask(const std::string& words) const {
+        FILE* answer = popen((Line(words) + " 2>/dev/null").c_str(), "r");
+        std::string text;
+        for (int c; answer != nullptr && (c = fgetc(answer)) != EOF;)
+            text += static_cast<char>(c);
+        if (answer != nullptr) pclose(answer);
+        if (!text.empty() && text.back() == '\n') text.pop_back();
+        return text;
+    }
+
+ private:
+    std::string Line(const std::string& words) const {
+        return "DISPLAY=" + Name() + " timeout 60 xdotool " + words;
+    }
+
+    void StartManager() {
+        manager_ = fork();
+        if (manager_ == 0) {
+            setenv("DISPLAY", Name().c_str(), 1);
+            freopen("/dev/null", "w", stderr);
+            execlp("openbox", "openbox", nullptr);
+            _exit(127);
+        }
+        // It is there once it answers for the number of desktops.
+        for (int i = 0; i < 600 && Ask("get_num_desktops").empty(); ++i)
+            usleep(100'000);
+    }
+
+    void StartServer() {
         int ends[2];
         if (pipe(ends) != 0) return;
         server_ = fork();
         if (server_ == 0) {
             // A server that resets forgets the keys held down when its last client leaves.
             const std::string number = std::to_string(ends[1]);
-            execlp("Xvfb", "Xvfb", "-displayfd", number.c_str(), "-screen", "0", "800x600x24",
+            execlp("Xvfb", "Xvfb", "-displayfd", number.c_str(), "-screen", "0", "1000x900x24",
                    "-nolisten", "tcp", "-noreset", nullptr);
             _exit(127);
         }
@@ -28,22 +77,8 @@ class Display {
             number_ += c;
         close(ends[0]);
     }
-    ~Display() {
-        kill(server_, SIGTERM);
-        waitpid(server_, nullptr, 0);
-    }
-    Display(const Display&) = delete;
-    Display& operator=(const Display&) = delete;
-
-    /// Empty if there is no server.
-    std::string Name() const { return number_.empty() ? "" : ":" + number_; }
-    /// What the user's hands do, in xdotool's words. Returns whether that worked.
-    bool Do(const std::string& words) const {
-        return system(("DISPLAY=" + Name() + " xdotool " + words).c_str()) == 0;
-    }
-
- private:
     pid_t server_ = -1;
+    pid_t manager_ = -1;
     std::string number_;
 };
 

@@ -65,9 +65,33 @@ class RealWorld : public ::testing::Test {
     /// Runs the program on the words and returns its exit code, -1 if it ended otherwise.
     int Dunvey(const std::vector<std::string>& words,
                const std::vector<std::string>& extraVariables = {}) {
+        return ExitCodeOf(Start(words, extraVariables));
+    }
+
+    /// Waits for a started program to end; -1 if it ended otherwise than by an exit code, or has to
+    /// be killed after two minutes.
+    static int ExitCodeOf(pid_t process) {
+        int status = 0;
+        pid_t ended = 0;
+        for (int i = 0; process > 0 && i < 60'000 && ended == 0; ++i) {
+            ended = waitpid(process, &status, WNOHANG);
+            if (ended == 0) usleep(2'000);
+        }
+        if (process > 0 && ended == 0) {
+            kill(process, SIGKILL);
+            waitpid(process, &status, 0);
+        }
+        if (ended != process) return -1;
+        return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+    }
+
+    /// Starts the program on the words; 0 if that doesn't work.
+    pid_t Start(const std::vector<std::string>& words,
+                const std::vector<std::string>& extraVariables = {}) {
         std::vector<std::string> variables = {
             "HOME=" + folder_.Path(), "XDG_CONFIG_HOME=" + folder_.Path() + "/config",
-            "DUNVEY_RECORD=" + folder_.Path() + "/records", "PATH=/usr/local/bin:/usr/bin:/bin"};
+            "DUNVEY_RECORD=" + folder_.Path() + "/records", "PATH=/usr/local/bin:/usr/bin:/bin",
+            std::string("LSAN_OPTIONS=print_suppressions=0:suppressions=") + DUNVEY_LEAKS};
         variables.insert(variables.end(), extraVariables.begin(), extraVariables.end());
         std::vector<std::string> arguments = {"Dunvey"};
         arguments.insert(arguments.end(), words.begin(), words.end());
@@ -79,9 +103,7 @@ class RealWorld : public ::testing::Test {
         const int error = posix_spawn(&process, program_.c_str(), &actions, nullptr,
                                       Pointers(arguments).data(), Pointers(variables).data());
         posix_spawn_file_actions_destroy(&actions);
-        int status = 0;
-        if (error != 0 || waitpid(process, &status, 0) != process) return -1;
-        return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+        return error == 0 ? process : 0;
     }
 
     std::vector<Record> Records() const { return ReadRecords(folder_ / "records"); }
