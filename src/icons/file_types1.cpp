@@ -4,7 +4,7 @@ namespace dunvey::FileTypes1 {
 namespace {
 
 Ref<FileType> Append(const char* name, const char* macType, const char* uti) {
-    const Ref<FileType> type = New<FileType>();
+    Ref<FileType> type = New<FileType>();
     type->Name = name;
     type->MacType = macType;
     type->Imported = true;

@@ -8,7 +8,7 @@
 
 namespace dunvey {
 
-std::string OneLine(std::string_view text) {
+std::string PrintableLine(std::string_view text) {
     std::string line(text);
     const auto isControl = [](char byte) { return (byte >= 0 && byte < ' ') || byte == '\x7f'; };
     std::replace_if(line.begin(), line.end(), isControl, '?');
@@ -17,7 +17,7 @@ std::string OneLine(std::string_view text) {
 
 std::string Quoted(std::string_view path) {
     std::string quoted(1, '"');
-    quoted += OneLine(path);
+    quoted += PrintableLine(path);
     quoted += '"';
     return quoted;
 }

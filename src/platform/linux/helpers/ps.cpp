@@ -28,7 +28,7 @@ int PrintProcesses() {
     std::string output = "COMM\n";
     for (const pid_t id : ids) {
         const std::string path = processes.Program(id).path;
-        if (!path.empty()) output += OneLine(path) + "\n";
+        if (!path.empty()) output += PrintableLine(path) + "\n";
     }
     const int error = WriteFully(STDOUT_FILENO, output);
     if (error == 0) return 0;

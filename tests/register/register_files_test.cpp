@@ -1,0 +1,211 @@
+#include <cstdint>
+
+#include "register/register_world.h"
+
+namespace dunvey::test {
+namespace {
+
+/// What the program makes, leaves alone and removes.
+class RegisterFilesTest : public RegisterWorld {
+ protected:
+    static constexpr const char* kName = "Adobe InDesign CS6";
+
+    int RegisterOne(const Words& options = {}) {
+        return RegisterCommand(kName, "8.0.1", {"/bin/true"}, options);
+    }
+    /// Expects the call to end with the code, to say something, and to change no application.
+    void ExpectRefused(const Words& words, int code, const std::string& preparation = {}) {
+        const std::string before = Tree();
+        EXPECT_EQ(Register(words, preparation), code) << ::testing::PrintToString(words);
+        EXPECT_TRUE(folder_.Read("stderr").starts_with("dunvey-register: "))
+            << folder_.Read("stderr");
+        EXPECT_EQ(Tree(), before) << ::testing::PrintToString(words);
+    }
+    static Words Call(const std::string& name, const std::string& version) {
+        return {"--name", name, "--version", version, "--", "/bin/true"};
+    }
+};
+
+std::string BigEndian(uint32_t number) {
+    std::string bytes;
+    for (int shift = 24; shift >= 0; shift -= 8)
+        bytes += static_cast<char>(number >> shift & 0xFF);
+    return bytes;
+}
+
+std::string Png(uint32_t width, uint32_t height) {
+    return std::string("\x89PNG\r\n\x1A\n\0\0\0\x0DIHDR", 16) + BigEndian(width) +
+           BigEndian(height) + std::string(900, 'p');
+}
+
+std::string Icns(const std::string& type, const std::string& part) {
+    const auto size = static_cast<uint32_t>(part.size());
+    return "icns" + BigEndian(size + 16) + type + BigEndian(size + 8) + part;
+}
+
+TEST_F(RegisterFilesTest, WrongCallsMakeNothing) {
+    const std::string kNames[] = {"",
+                                  ".",
+                                  "..",
+                                  "CS6",
+                                  "Adobe InDesign",
+                                  "Adobe InDesign ",
+                                  "Adobe InDesignCS6",
+                                  "adobe indesign CS6",
+                                  " Adobe InDesign CS6",
+                                  "../Adobe InDesign CS6",
+                                  "Adobe InDesign CS6/x",
+                                  "Adobe InDesign /../../x",
+                                  "Adobe InDesign a\nb",
+                                  "Adobe InDesign \x1B[2J",
+                                  "Adobe InDesign \xFF",
+                                  "Adobe InDesign " + std::string(237, 'x')};
+    for (const std::string& name : kNames) {
+        ExpectRefused(Call(name, "8.0.1"), 2);
+        ExpectRefused({"--remove", name}, 2);
+    }
+    for (const char* version : {"", ".", "8.", ".8", "8..1", "8a", "-8", " 8", "8\n", "eight"})
+        ExpectRefused(Call(kName, version), 2);
+    const Words kCalls[] = {{},
+                            {"--list", "x"},
+                            {"--remove"},
+                            {"--remove", kName, "x"},
+                            {"list"},
+                            {"--name", kName, "--version", "8"},
+                            {"--name", kName, "--version", "8", "--"},
+                            {"--name", kName, "--version", "8", "--", ""},
+                            {"--name", kName, "--version", "--", "/bin/true"},
+                            {"--name", kName, "--name", kName, "--version", "8", "--", "/bin/true"},
+                            {"--name", kName, "--version", "8", "/bin/true"},
+                            {"--name", kName, "--", "/bin/true"},
+                            {"--version", "8", "--", "/bin/true"}};
+    for (const Words& call : kCalls)
+        ExpectRefused(call, 2);
+}
+
+TEST_F(RegisterFilesTest, WhatItDidNotMakeStays) {
+    folder_.MakeFolder("elsewhere");
+    folder_.MakeFolder("Applications");
+    ASSERT_EQ(RegisterCommand("Adobe InDesign 2021", "16", {"/bin/true"}), 0);
+    // Each makes something by the name; the last two lead to one that it did make.
+    const char* kScripts[] = {
+        "mkdir \"$1\" \"$1/$1.app\"",
+        "mkdir \"$1\"; echo mine >\"$1/$1.app\"",
+        "mkdir -p \"$1/$1.app/Contents/MacOS\"; cp \"$HOME/foreign\" "
+        "\"$1/$1.app/Contents/Info.plist\"",
+        "mkdir -p \"$1/$1.app/Contents\"; mkfifo \"$1/$1.app/Contents/Info.plist\"",
+        "echo mine >\"$1\"",
+        "ln -s \"$HOME/elsewhere\" \"$1\"",
+        "ln -s \"$HOME/nowhere\" \"$1\"",
+        "mkdir \"$1\"; ln -s \"$HOME/nowhere\" \"$1/$1.app\"",
+        "mkdir \"$1\"; ln -s '../Adobe InDesign 2021/Adobe InDesign 2021.app' \"$1/$1.app\"",
+        "cp -a 'Adobe InDesign 2021/Adobe InDesign 2021.app' \"$HOME/elsewhere/$1.app\"; "
+        "ln -s \"$HOME/elsewhere\" \"$1\""};
+    folder_.Write("foreign",
+                  "<plist version=\"1.0\"><dict><key>CFBundleShortVersionString</key>"
+                  "<string>DunveyRegisterCommand</string></dict></plist>");
+    for (const char* script : kScripts) {
+        ASSERT_EQ(Script(std::string("cd Applications; ") + script, {kName}), 0) << script;
+        ExpectRefused(Call(kName, "8.0.1"), 1);
+        ExpectRefused({"--remove", kName}, 1);
+        EXPECT_EQ(List(), "Adobe InDesign 2021\t16\t/bin/true\n");
+        ASSERT_EQ(Script("rm -r \"Applications/$1\"", {kName}), 0) << script;
+    }
+    ExpectRefused({"--remove", kName}, 1);
+}
+
+TEST_F(RegisterFilesTest, RenewalAndRemovalKeepTheUsersFiles) {
+    folder_.Write("picture.png", Png(128, 128));
+    ASSERT_EQ(Script("mkdir \"Applications/$1\"; echo mine >\"Applications/$1/notes\"", {kName}),
+              0);
+    const std::string before = Tree();
+    ASSERT_EQ(RegisterOne({"--icon", "picture.png"}), 0) << folder_.Read("stderr");
+    const std::string icon = BundleOf(kName) + "/Contents/Resources/Application.icns";
+    EXPECT_EQ(folder_.Read(icon), Icns("ic07", Png(128, 128)));
+    ASSERT_EQ(Script("echo mine >\"$1/Contents/MacOS/plug-in\"", {BundleOf(kName)}), 0);
+
+    ASSERT_EQ(RegisterCommand(kName, "8.1", {"/bin/sh", "-c", "true"}), 0)
+        << folder_.Read("stderr");
+    EXPECT_EQ(List(), "Adobe InDesign CS6\t8.1\t/bin/sh -c true\n");
+    EXPECT_EQ(folder_.Read(icon), Icns("ic07", Png(128, 128)));
+    EXPECT_NE(folder_.Read(BundleOf(kName) + "/Contents/Info.plist").find("Application.icns"),
+              std::string::npos);
+
+    ASSERT_EQ(Register({"--remove", kName}), 0);
+    EXPECT_NE(folder_.Read("stderr").find(BundleOf(kName)), std::string::npos);
+    EXPECT_EQ(List(), "");
+    ASSERT_EQ(Script("cd \"$1\"; find . -type f >\"$HOME/left\"", {BundleOf(kName)}), 0);
+    EXPECT_EQ(folder_.Read("left"), "./Contents/MacOS/plug-in\n");
+
+    ASSERT_EQ(Script("rm -r \"$1\"", {BundleOf(kName)}), 0);
+    ASSERT_EQ(RegisterOne(), 0);
+    ASSERT_EQ(Register({"--remove", kName}), 0);
+    EXPECT_EQ(Tree(), before);
+}
+
+TEST_F(RegisterFilesTest, PicturesBecomeTheIconOrAreRefused) {
+    const std::string icon = BundleOf(kName) + "/Contents/Resources/Application.icns";
+    const std::pair<uint32_t, const char*> kSizes[] = {{1, "icp4"},   {16, "icp4"},  {17, "icp5"},
+                                                       {64, "icp6"},  {128, "ic07"}, {256, "ic08"},
+                                                       {512, "ic09"}, {1024, "ic10"}};
+    for (const auto& [size, type] : kSizes) {
+        folder_.Write("icon", Png(size / 2 + 1, size));
+        ASSERT_EQ(RegisterOne({"--icon", "icon"}), 0) << size;
+        EXPECT_EQ(folder_.Read(icon), Icns(type, Png(size / 2 + 1, size))) << size;
+    }
+    const std::string whole = Icns("ic07", Png(128, 128));
+    folder_.Write("icon", whole);
+    ASSERT_EQ(RegisterOne({"--icon", "icon"}), 0);
+    EXPECT_EQ(folder_.Read(icon), whole);
+
+    const std::string kBroken[] = {"",
+                                   "icns",
+                                   "GIF89a",
+                                   whole.substr(0, whole.size() - 1),
+                                   whole + "x",
+                                   Png(16, 16).substr(0, 23),
+                                   Png(0, 16),
+                                   Png(16, 1025),
+                                   Png(0xFFFFFFFF, 16)};
+    Words call = Call(kName, "9");
+    call.insert(call.begin(), {"--icon", "icon"});
+    for (const std::string& bytes : kBroken) {
+        folder_.Write("icon", bytes);
+        ExpectRefused(call, 1);
+    }
+    ExpectRefused(call, 1, "rm icon;");
+    ExpectRefused(call, 1, "mkfifo icon;");
+    ExpectRefused(call, 1, "rm icon; mkdir icon;");
+}
+
+TEST_F(RegisterFilesTest, FailureLeavesNothingBehind) {
+    // No file may get longer than half a kilobyte: now the script, now the icon is too long.
+    const char* const limit = "trap '' XFSZ; ulimit -f 1;";
+    Words call = Call(kName, "8");
+    folder_.Write("icon", Png(16, 16));
+    call.insert(call.begin(), {"--icon", "icon"});
+    ExpectRefused(call, 1, limit);
+    Words longCall = Call(kName, "8");
+    longCall.emplace_back(1000, 'x');
+    ExpectRefused(longCall, 1, limit);
+    // What was made before is as it was.
+    ASSERT_EQ(RegisterOne(), 0);
+    ExpectRefused(longCall, 1, limit);
+
+    for (const char* command : {"no-such-program", "/", "./icon", "/bin/true/x", "Applications"})
+        ExpectRefused({"--name", kName, "--version", "8", "--", command}, 1);
+    ExpectRefused(
+        Call("Adobe InDesign CC", "8"), 1,
+        "mv Applications a; echo >Applications; trap 'rm Applications; mv a Applications' "
+        "EXIT; '" DUNVEY_REGISTER "' \"$@\"; exit;");
+}
+
+TEST_F(RegisterFilesTest, MakesTheApplicationsFolder) {
+    ASSERT_EQ(Script("rmdir Applications"), 0);
+    EXPECT_EQ(List(), "");
+    ASSERT_EQ(RegisterOne(), 0) << folder_.Read("stderr");
+    EXPECT_EQ(List(), "Adobe InDesign CS6\t8.0.1\t/bin/true\n");
+}
+
+}  // namespace
+}  // namespace dunvey::test

@@ -1,0 +1,122 @@
+#include "register/register_world.h"
+#include "support/hostile_names.h"
+
+namespace dunvey::test {
+namespace {
+
+/// What an application that was made does.
+class RegisterTest : public RegisterWorld {
+ protected:
+    std::string Running() {
+        EXPECT_EQ(Script("'" DUNVEY_HELPERS "/ps' -ax -o comm >processes"), 0);
+        return folder_.Read("processes");
+    }
+    bool IsRunning(const std::string& name) {
+        return Running().find((folder_ / BundleOf(name)) + "/Contents/MacOS/" + name + "\n") !=
+               std::string::npos;
+    }
+    int AskToQuit(const std::string& name) {
+        return Script("exec '" DUNVEY_HELPERS
+                      "/osascript' -e 'on run {n}\nquit application n\nend run' \"$1\"",
+                      {folder_ / BundleOf(name)});
+    }
+};
+
+TEST_F(RegisterTest, CommandGetsItsWordsAndTheDocumentsByteForByte) {
+    Words words = HostileNames();
+    words.emplace_back();
+    Words command = {DUNVEY_RECORDER};
+    command.insert(command.end(), words.begin(), words.end());
+    ASSERT_EQ(RegisterCommand("Adobe InDesign CS6", "8.0.1", command), 0) << folder_.Read("stderr");
+    const std::string plain = Document("plain.indd", 8);
+    const std::string hostile = Document("$(touch canary) 'it\"s\n-.indd", 8);
+    ASSERT_EQ(Dunvey({plain, hostile}), 0);
+    EXPECT_EQ(folder_.Read("stderr"), "");
+    words.push_back(plain);
+    words.push_back(hostile);
+    const std::vector<Record> records = AwaitRecords(1);
+    ASSERT_EQ(records.size(), 1U);
+    EXPECT_EQ(records[0].arguments, words);
+    EXPECT_EQ(Script("! find . -name 'canary*' | grep ."), 0);
+}
+
+TEST_F(RegisterTest, ApplicationRunsAsLongAsItsCommandAndEndsWithIt) {
+    const std::string name = "Adobe InDesign 2021";
+    ASSERT_EQ(RegisterCommand(name, "16.4", {DUNVEY_RECORDER}), 0);
+    ASSERT_EQ(Dunvey({Document("a.indd", 16)}), 0);
+    ASSERT_EQ(AwaitRecords(1).size(), 1U);
+    EXPECT_TRUE(IsRunning(name));
+    ASSERT_EQ(AskToQuit(name), 0);
+    for (int i = 0; i < 6000 && IsRunning(name); ++i)
+        usleep(10'000);
+    EXPECT_FALSE(IsRunning(name));
+    EXPECT_NE(kill(Records()[0].process, 0), 0) << "the command outlived its application";
+}
+
+TEST_F(RegisterTest, ApplicationStaysWhileItsCommandPutsTheRequestToEndOff) {
+    const std::string name = "Adobe InDesign CC";
+    folder_.Write("slow",
+                  "#!/bin/sh\ntrap 'echo asked >>\"$HOME/asked\"' TERM\n"
+                  "echo ready >\"$HOME/ready\"\n"
+                  "until [ -e \"$HOME/over\" ]; do sleep 0.05; done\n");
+    chmod((folder_ / "slow").c_str(), 0755);
+    ASSERT_EQ(RegisterCommand(name, "9.2", {folder_ / "slow"}), 0);
+    ASSERT_EQ(Dunvey({Document("a.indd", 9)}), 0);
+    for (int i = 0; i < 6000 && folder_.Read("ready").empty(); ++i)
+        usleep(10'000);
+    for (const char* asked : {"asked\n", "asked\nasked\n", "asked\nasked\nasked\n"}) {
+        EXPECT_EQ(AskToQuit(name), 0);
+        for (int i = 0; i < 6000 && folder_.Read("asked") != asked; ++i)
+            usleep(10'000);
+        EXPECT_EQ(folder_.Read("asked"), asked);
+        EXPECT_TRUE(IsRunning(name));
+    }
+    folder_.Write("over", "yes");
+    for (int i = 0; i < 6000 && IsRunning(name); ++i)
+        usleep(10'000);
+    EXPECT_FALSE(IsRunning(name));
+}
+
+TEST_F(RegisterTest, NamesOfAllKindsAreFoundListedAndRemoved) {
+    const std::string kNames[] = {"Adobe InDesign CS6",
+                                  "Adobe InDesign it's $(touch canary) `x`",
+                                  "Adobe InDesign <&lt;\"]]>\\",
+                                  "Adobe InDesign -rf *",
+                                  "Adobe InDesign \xE6\x97\xA5\xE6\x9C\xAC",
+                                  "Adobe InDesign " + std::string(236, 'x')};
+    for (const std::string& name : kNames) {
+        ASSERT_EQ(RegisterCommand(name, "8.0.1", {DUNVEY_RECORDER, "for\n", name}), 0)
+            << folder_.Read("stderr");
+        const std::string line = name + "\t8.0.1\t" + DUNVEY_RECORDER + " for'\xE2\x90\x8A' ";
+        EXPECT_EQ(List().substr(0, line.size()), line);
+        const size_t before = Records().size();
+        ASSERT_EQ(Dunvey({Document("a.indd", 8)}), 0);
+        ASSERT_EQ(AwaitRecords(before + 1).size(), before + 1) << name;
+        EXPECT_EQ(Records().back().arguments, (Words{"for\n", name, folder_ / "a.indd"}));
+        kill(Records().back().process, SIGTERM);
+        EXPECT_EQ(Register({"--remove", name}), 0) << folder_.Read("stderr");
+        EXPECT_EQ(Tree(), "Applications\n");
+    }
+}
+
+TEST_F(RegisterTest, CommandIsAPathFromThenOn) {
+    folder_.MakeFolder("bin");
+    for (const char* program : {"if", "-x", "a=b"}) {
+        ASSERT_EQ(Script("cp \"$1\" \"bin/$2\"", {DUNVEY_RECORDER, program}), 0);
+        for (const std::string& command : {std::string(program), "bin/" + std::string(program),
+                                           "./bin/" + std::string(program)}) {
+            ASSERT_EQ(Register({"--name", "Adobe InDesign CS6", "--version", "8", "--", command},
+                               "PATH=\"$HOME/bin:$PATH\""),
+                      0)
+                << command << folder_.Read("stderr");
+            const size_t before = Records().size();
+            ASSERT_EQ(Dunvey({Document("a.indd", 8)}), 0);
+            ASSERT_EQ(AwaitRecords(before + 1).size(), before + 1) << command;
+            EXPECT_EQ(Records().back().executable, folder_ / ("bin/" + std::string(program)));
+            kill(Records().back().process, SIGTERM);
+        }
+    }
+}
+
+}  // namespace
+}  // namespace dunvey::test
