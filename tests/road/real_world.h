@@ -32,6 +32,21 @@ class RealWorld : public ::testing::Test {
             kill(record.process, SIGTERM);
     }
 
+    /// Ends every application that was started, and returns when none of them runs any more.
+    void EndAll() const {
+        for (const Record& record : Records())
+            kill(record.process, SIGTERM);
+        for (const Record& record : Records()) {
+            for (int i = 0; i < 6000 && IsAlive(record.process); ++i)
+                usleep(10'000);
+        }
+    }
+    /// Whether the process runs; one that only waits to be collected doesn't.
+    static bool IsAlive(pid_t process) {
+        char target[1];
+        return readlink(("/proc/" + std::to_string(process) + "/exe").c_str(), target, 1) > 0;
+    }
+
     static std::string Bundle(const std::string& suffix) {
         return "Applications/Adobe InDesign " + suffix + "/Adobe InDesign " + suffix + ".app";
     }
