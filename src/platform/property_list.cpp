@@ -3,8 +3,6 @@
 #include <plist/plist.h>
 
 #include <cstdint>
-#include <cstdlib>
-#include <memory>
 
 #include "platform/binary_property_list.h"
 
@@ -23,11 +21,9 @@ class XmlDictionary final : public CFDictionaryMBS {
     Ref<CFStringMBS> Lookup(const CFStringMBS& key) const override {
         plist_t value = plist_dict_get_item(node_, key.Text().c_str());
         if (value == nullptr || plist_get_node_type(value) != PLIST_STRING) return nullptr;
-        char* text = nullptr;
-        plist_get_string_val(value, &text);
-        if (text == nullptr) return nullptr;
-        const std::unique_ptr<char, decltype(&std::free)> owner(text, &std::free);
-        return New<CFStringMBS>(std::string(text));
+        // A zero byte ends the text. The library's call that copies it would end the process.
+        const char* text = plist_get_string_ptr(value, nullptr);
+        return text == nullptr ? nullptr : New<CFStringMBS>(text);
     }
 
  private:

@@ -16,14 +16,19 @@ constexpr const char* kBundleInPath =
     "/Applications/Adobe InDesign .+?/(Adobe InDesign .+?.app)/Contents/MacOS/"
     "Adobe InDesign .+";
 
+constexpr const char* kStart = "/Applications/Adobe InDesign ";
+
 /// The line with the applications folder as the patterns have it, also where that is the user's
-/// own; empty for a process of another place. The patterns aren't anchored: what stands ahead of a
-/// match would stay in the result.
+/// own; empty for a process of another place, a copy of that folder further down among them. The
+/// patterns aren't anchored: what stands ahead of a match would stay in the result.
 std::string SeenFromApplications(const std::string& line, const std::vector<std::string>& folders) {
+    std::string seen = line;
     for (const std::string& folder : folders) {
-        if (line.starts_with(folder + "/")) return "/Applications" + line.substr(folder.size());
+        if (!line.starts_with(folder + "/")) continue;
+        seen = "/Applications" + line.substr(folder.size());
+        break;
     }
-    return line.starts_with("/Applications/") ? line : std::string();
+    return seen.starts_with(kStart) ? seen : std::string();
 }
 
 }  // namespace
