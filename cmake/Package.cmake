@@ -20,7 +20,8 @@ set(CPACK_DEBIAN_COMPRESSION_TYPE xz)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 # What copies the document icons into the bundle where only root may write there; and the plug-in for a
 # display that serves nothing else.
-set(CPACK_DEBIAN_PACKAGE_RECOMMENDS pkexec)
+# The translations are those of the file dialog.
+set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "pkexec, qt6-translations-l10n")
 set(CPACK_DEBIAN_PACKAGE_SUGGESTS qt6-wayland)
 set(CPACK_DEBIAN_PACKAGE_DESCRIPTION
 "Several versions of Adobe InDesign may be installed side by side. Dunvey

@@ -1,5 +1,6 @@
 #include "app/app.h"
 
+#include "chooser/about_window.h"
 #include "chooser/window1.h"
 #include "persistence/preferences.h"
 
@@ -13,9 +14,13 @@ void App::Event_OpenDocument(const Ref<FolderItem>& document) {
     t->SetMode(Timer::kOnce);
 }
 
-// The About window isn't there yet.
+std::vector<std::string> App::DocumentExtensions() const {
+    return InDesign::DocumentExtensions();
+}
+
 bool App::_FileAbout_Action() {
-    return false;
+    AboutWindow::Instance()->Show();
+    return true;
 }
 
 void App::createNewWindow(int64_t idx, bool IsBootingApp, bool IsBootingOtherApp, bool IsInstalled,

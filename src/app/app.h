@@ -31,6 +31,7 @@ class App : public Application {
     void Event_Open() override;
     void Event_Close() override;
     void Event_OpenDocument(const Ref<FolderItem>& document) override;
+    std::vector<std::string> DocumentExtensions() const override;
     /// The menu's About item. Returns whether the command was dealt with.
     virtual bool _FileAbout_Action();
     /// Decides for each document of the run whether the user must be asked, asks, and hands the run
@@ -40,6 +41,8 @@ class App : public Application {
 
     /// Puts the caption with the program's name, in the user's language, on the menu's About item.
     void localizeMenuText();
+    /// Decides for the documents from that position on, then sorts the run again and hands it on.
+    void JudgeFrom(int64_t first);
     /// Shows the chooser for the document at `idx` and returns when it has closed. Raises
     /// DesktopUnavailableException without a screen.
     void createNewWindow(int64_t idx, bool IsBootingApp, bool IsBootingOtherApp, bool IsInstalled,
@@ -49,6 +52,10 @@ class App : public Application {
     /// Drops the documents that were withdrawn and hands the others to their applications, one
     /// command for each run of equal WillUseVer, in the order of Files.
     void OpenFile();
+
+ private:
+    /// Decides for one document, with what runs at this moment, and asks if need be.
+    void Judge(int64_t idx);
 };
 
 /// The item "FileAbout" of the application's menu bar; nil where there is no menu bar or none such

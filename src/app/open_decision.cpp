@@ -3,6 +3,7 @@
 #include <cstdio>
 
 #include "app/app.h"
+#include "app/run_rescue.h"
 #include "platform/array.h"
 #include "platform/desktop.h"
 #include "platform/event_loop.h"
@@ -40,28 +41,36 @@ void LeaveOut(FileClass& document, const DesktopUnavailableException& reason) {
 }  // namespace
 
 void App::JudgeToOpen() {
-    const int64_t last = UpperBound(Files);
-    if (last == -1) return;
+    if (Files.empty()) return;
     Files = InDesign::SortFilesByVer(Files);
-    for (int64_t idx = 0; idx <= last; ++idx) {
-        const Ref<FileClass> document = At(Files, idx);
-        InDesign::GetBootingAppNames();
-        const bool isInstalled = static_cast<bool>(document->App);
-        const RunningFlags running = JudgeRunning(InDesign::BootingAppNames, document->AppName);
-        const bool needJudgment = NeedsJudgment(running, isInstalled);
-        if (needJudgment || Keyboard::AsyncCommandKey()) {
-            try {
-                createNewWindow(idx, running.IsBootingApp, running.IsBootingOtherApp, isInstalled,
-                                needJudgment);
-            } catch (const DesktopUnavailableException& reason) {
-                // Without a reason to ask the document goes where it belongs.
-                if (needJudgment) LeaveOut(*document, reason);
-            }
-        }
+    JudgeFrom(0);
+}
+
+void App::JudgeFrom(int64_t first) {
+    const int64_t last = UpperBound(Files);
+    for (int64_t idx = first; idx <= last; ++idx) {
+        Judge(idx);
         RuntimeBackgroundTask();
     }
     Files = InDesign::SortFilesByVer(Files);
     OpenFile();
+}
+
+void App::Judge(int64_t idx) {
+    const Ref<FileClass> document = At(Files, idx);
+    InDesign::GetBootingAppNames();
+    const bool isInstalled = static_cast<bool>(document->App);
+    const RunningFlags running = JudgeRunning(InDesign::BootingAppNames, document->AppName);
+    const bool needJudgment = NeedsJudgment(running, isInstalled);
+    if (!needJudgment && !Keyboard::AsyncCommandKey()) return;
+    const RunAtRisk run(idx);
+    try {
+        createNewWindow(idx, running.IsBootingApp, running.IsBootingOtherApp, isInstalled,
+                        needJudgment);
+    } catch (const DesktopUnavailableException& reason) {
+        // Without a reason to ask the document goes where it belongs.
+        if (needJudgment) LeaveOut(*document, reason);
+    }
 }
 
 }  // namespace dunvey

@@ -11,7 +11,6 @@ namespace dunvey {
 namespace {
 
 constexpr Size kDesign{450, 700};
-constexpr int64_t kMinHeight = 356;
 
 }  // namespace
 

@@ -19,6 +19,9 @@ namespace dunvey {
 /// version, or drops the document from the run. What is decided stands in the document's record.
 class Window1 : public Window {
  public:
+    /// The least height in points; it has room for four rows.
+    static constexpr int64_t kMinHeight = 356;
+
     Window1();
 
     /// The document's position in the application's Files.
@@ -145,6 +148,8 @@ class Window1 : public Window {
         return MenuBar() ? MenuBar()->Find(name).template As<T>() : Ref<T>();
     }
 
+    /// The names of those that are being asked to quit.
+    std::vector<std::string> quitting_;
     Ref<myListBox> appList_;
     Ref<PushButton> pushButton1_;
     Ref<PushButton> pushButton2_;

@@ -91,7 +91,11 @@ void Window1::PushButton3_Action(PushButton&) {
     const Ref<FolderItem> application = SelectedApplication();
     if (!application) return;
     PushButton3()->SetEnabled(false);
+    // A press that comes in a turn of the same request adds nothing to it.
+    if (IndexOf(quitting_, application->Name()) != -1) return;
+    quitting_.push_back(application->Name());
     QuitTheApp(application);
+    quitting_.pop_back();
     if (!IsClosed()) ReView();
 }
 

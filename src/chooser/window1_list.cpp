@@ -12,7 +12,6 @@ namespace dunvey {
 namespace {
 
 constexpr Color kUnusable{0x999999};
-constexpr int64_t kMinHeight = 356;
 /// So many rows have room in the least height.
 constexpr int64_t kRowsWithRoom = 4;
 

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <string>
+#include <vector>
 
 #include "platform/folder_item.h"
 #include "platform/menu_item.h"
@@ -23,6 +24,9 @@ class Application {
     virtual void Event_Close() {}
     /// Delivered for each document that is handed to the application, after Event_Open.
     virtual void Event_OpenDocument(const Ref<FolderItem>& document) = 0;
+
+    /// The extensions of the documents that it takes, in small letters; none if it takes any file.
+    virtual std::vector<std::string> DocumentExtensions() const { return {}; }
 
     /// The registered application object; raises NilObjectException before there is one.
     static Ref<Application> Current();

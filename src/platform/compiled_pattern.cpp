@@ -60,7 +60,8 @@ CompiledPattern::Bounds CompiledPattern::Group(size_t number) const {
 }
 
 CompiledPattern& PatternFor(const std::string& pattern, bool caseSensitive) {
-    static std::list<Kept> kept;
+    // Never destroyed: it is asked at the very end of the process too.
+    static std::list<Kept>& kept = *new std::list<Kept>;
     for (auto it = kept.begin(); it != kept.end(); ++it) {
         if (it->caseSensitive == caseSensitive && it->pattern == pattern) {
             kept.splice(kept.begin(), kept, it);

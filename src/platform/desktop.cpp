@@ -1,10 +1,16 @@
 #include "platform/desktop.h"
 
+#include <utility>
+
+#include "platform/window.h"
+
 namespace dunvey {
 namespace {
 
 Desktop::Loader loadDesktop = nullptr;
-std::unique_ptr<Desktop> installed;
+// Never destroyed with the process: where the toolkit ends that from below, windows still stand on
+// it. An orderly end takes it away.
+Desktop* installed = nullptr;
 
 }  // namespace
 
@@ -13,15 +19,20 @@ void Desktop::SetLoader(Loader loader) {
 }
 
 void Desktop::Install(std::unique_ptr<Desktop> desktop) {
-    installed = std::move(desktop);
+    Window::LetAllGo();
+    delete std::exchange(installed, desktop.release());
 }
 
 Desktop& Desktop::Current() {
-    if (!installed) {
+    if (installed == nullptr) {
         if (loadDesktop == nullptr) throw DesktopUnavailableException("There is no desktop.");
-        installed = loadDesktop();
+        installed = loadDesktop().release();
     }
     return *installed;
+}
+
+void Desktop::Abandon() {
+    installed = nullptr;
 }
 
 bool Desktop::IsLoaded() {

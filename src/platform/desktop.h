@@ -23,6 +23,10 @@ class Shown {
     virtual ~Shown() = default;
     /// Brings it up in front of the others.
     virtual void Raise() {}
+    /// Puts a window away until the user takes it back.
+    virtual void Minimize() {}
+    /// Gives a window the size of the screen, or the one before.
+    virtual void Zoom() {}
 };
 
 /// The one seam to the screen, the keyboard and the mouse. It is loaded at its first use; a run in
@@ -68,6 +72,8 @@ class Desktop {
     /// The desktop, loaded now if need be. Raises DesktopUnavailableException.
     static Desktop& Current();
     static bool IsLoaded();
+    /// Leaves the desktop as it is, for good, without a further word to it: its screen has gone.
+    static void Abandon();
 
  protected:
     static UserAction ByUser() { return {}; }

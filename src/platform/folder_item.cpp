@@ -104,7 +104,7 @@ std::string UnixpathMBS(const FolderItem& item) {
 
 std::string ShellWord(const std::string& text) {
     if (text.empty()) return "''";
-    static const std::string kPlain =
+    constexpr std::string_view kPlain =
         "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789/._-+:,@%";
     std::string word;
     word.reserve(text.size() + text.size() / 4);

@@ -21,12 +21,15 @@ class Label : public RectControl {
     /// In points; 0 for the system's own.
     int64_t TextSize() const { return textSize_; }
     void SetTextSize(int64_t size) { Put(textSize_, size); }
+    bool Bold() const { return bold_; }
+    void SetBold(bool bold) { Put(bold_, bold); }
 
  private:
     std::string text_;
     Color textColor_;
     int textAlign_ = kAlignLeft;
     int64_t textSize_ = 0;
+    bool bold_ = false;
 };
 
 }  // namespace dunvey

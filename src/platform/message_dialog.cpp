@@ -1,13 +1,14 @@
 #include "platform/message_dialog.h"
 
 #include "platform/desktop.h"
+#include "platform/responder_chain.h"
 
 namespace dunvey {
-
 Ref<MessageDialogButton> MessageDialog::ShowModalWithin(Window* parent) {
     pressed_ = nullptr;
     loop_ = ModalLoop();
     const std::unique_ptr<Shown> shown = Desktop::Current().Show(*this, parent);
+    const ResponderChain::Place place = ResponderChain::AddDialog();
     loop_.Run();
     return pressed_;
 }

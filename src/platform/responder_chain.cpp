@@ -9,8 +9,9 @@
 namespace dunvey {
 namespace {
 
-/// A window has its own number twice; a control has that of the window it stands in, 0 without one.
-/// Numbers aren't used again, so the controls of a window that is gone are never asked.
+/// A window has its own number twice, a dialog is one without a responder; a control has that of
+/// the window it stands in, 0 without one. Numbers aren't used again, so the controls of a window
+/// that is gone are never asked.
 struct Registered {
     int64_t id;
     int64_t window;
@@ -23,10 +24,11 @@ struct Registered {
 std::vector<Registered> registered;
 int64_t lastId = 0;
 
-int64_t FrontWindow() {
+/// Its responder is nullptr for a dialog, its number 0 without a window.
+Registered FrontWindow() {
     const auto front =
         std::find_if(registered.rbegin(), registered.rend(), std::mem_fn(&Registered::IsWindow));
-    return front == registered.rend() ? 0 : front->id;
+    return front == registered.rend() ? Registered{0, 0, nullptr} : *front;
 }
 
 }  // namespace
@@ -46,6 +48,7 @@ void ResponderChain::Place::GiveUp() {
 }
 
 void ResponderChain::Place::BringToFront() {
+    if (FrontWindow().responder == nullptr) return;
     std::stable_partition(registered.begin(), registered.end(),
                           [this](const Registered& one) { return one.window != id_; });
 }
@@ -56,15 +59,23 @@ ResponderChain::Place ResponderChain::AddWindow(Responder& window) {
     return Place(id);
 }
 
+ResponderChain::Place ResponderChain::AddDialog() {
+    const int64_t id = ++lastId;
+    registered.push_back({id, id, nullptr});
+    return Place(id);
+}
+
 ResponderChain::Place ResponderChain::AddFocus(Responder& control) {
     const int64_t id = ++lastId;
-    registered.push_back({id, FrontWindow(), &control});
+    registered.push_back({id, FrontWindow().id, &control});
     return Place(id);
 }
 
 Responder* ResponderChain::FirstThatTakes(const Selector& action) {
-    const int64_t front = FrontWindow();
-    const auto takes = [&](Responder* responder) { return responder->respondsToSelector(action); };
+    const int64_t front = FrontWindow().id;
+    const auto takes = [&](Responder* responder) {
+        return responder != nullptr && responder->respondsToSelector(action);
+    };
     // A window stands ahead of its controls, so it is met behind them.
     const auto found = std::find_if(
         registered.rbegin(), registered.rend(),

@@ -19,7 +19,7 @@ class ResponderChain {
         ~Place() { GiveUp(); }
 
         /// Puts a window in front of the others; its focused control comes with it. It does nothing
-        /// for a control.
+        /// for a control, and while a dialog is in front.
         void BringToFront();
 
      private:
@@ -32,6 +32,8 @@ class ResponderChain {
 
     /// A window that is shown, in front of the others. When it goes, the one before is in front.
     [[nodiscard]] static Place AddWindow(Responder& window);
+    /// A dialog in front of all windows: while it is open none of them is asked.
+    [[nodiscard]] static Place AddDialog();
     /// The control of the window in front that has the focus. It goes with the window; when it goes
     /// first, the control that had the focus before it has it again.
     [[nodiscard]] static Place AddFocus(Responder& control);

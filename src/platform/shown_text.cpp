@@ -12,13 +12,20 @@ constexpr Color kBlack{0x000000};
 constexpr Color kWhite{0xFFFFFF};
 constexpr uint32_t kReplacement = 0xFFFD;
 
-/// Whether the three bytes are a line or paragraph separator or a mark that embeds, overrides or
-/// isolates a direction.
-bool DisturbsLine(std::string_view bytes) {
-    if (bytes.size() < 3 || bytes[0] != '\xE2') return false;
-    const auto last = static_cast<unsigned char>(bytes[2]);
-    if (bytes[1] == '\x80') return last >= 0xA8 && last <= 0xAE;
-    return bytes[1] == '\x81' && last >= 0xA6 && last <= 0xA9;
+/// The length in bytes of the mark at the beginning of the text that takes no place of its own but
+/// disturbs a line: one that separates lines or paragraphs, sets, embeds, overrides or isolates a
+/// direction, or has no width; 0 for none.
+size_t DisturbingMark(std::string_view text) {
+    constexpr std::string_view kArabicLetterMark = "\xD8\x9C";
+    constexpr std::string_view kNoBreakWithoutWidth = "\xEF\xBB\xBF";
+    if (text.starts_with(kArabicLetterMark)) return kArabicLetterMark.size();
+    if (text.starts_with(kNoBreakWithoutWidth)) return kNoBreakWithoutWidth.size();
+    if (text.size() < 3 || text[0] != '\xE2') return 0;
+    const auto last = static_cast<unsigned char>(text[2]);
+    const bool general = text[1] == '\x80' && ((last >= 0xA8 && last <= 0xAE) || last == 0x8B ||
+                                               last == 0x8E || last == 0x8F);
+    const bool isolates = text[1] == '\x81' && last >= 0xA6 && last <= 0xA9;
+    return general || isolates ? 3 : 0;
 }
 
 uint32_t Part(Color color, int shift) {
@@ -57,9 +64,9 @@ std::string OneLine(std::string_view text) {
             line += Chr(kPictures + byte);
         } else if (byte == 0x7F) {
             line += Chr(kPictureOfDelete);
-        } else if (isUpperControl || DisturbsLine(text.substr(i))) {
+        } else if (const size_t length = isUpperControl ? 2 : DisturbingMark(text.substr(i))) {
             line += Chr(kReplacement);
-            i += isUpperControl ? 1 : 2;
+            i += length - 1;
         } else {
             line += text[i];
         }

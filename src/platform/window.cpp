@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "platform/native_menu.h"
 #include "platform/push_button.h"
 
 namespace dunvey {
@@ -14,6 +15,9 @@ Size AtLeast(const Size& size, const Size& least) {
 Size AtMost(const Size& size, const Size& most) {
     return {std::min(size.Width, most.Width), std::min(size.Height, most.Height)};
 }
+
+/// The windows that Show keeps alive.
+std::vector<std::shared_ptr<Window>> kept;
 
 }  // namespace
 
@@ -87,31 +91,80 @@ void Window::Open() {
     Event_Open();
 }
 
+std::shared_ptr<Window::Presence> Window::Appear(bool modal) {
+    Open();
+    auto presence = std::make_shared<Presence>();
+    presence->view = Desktop::Current().Show(*this, modal);
+    presence->place = ResponderChain::AddWindow(*this);
+    presence_ = presence;
+    return presence;
+}
+
 void Window::Show() {
     if (closed_) return;
-    if (shown_) return shown_->Raise();
-    Open();
-    shown_ = Desktop::Current().Show(*this, false);
+    const auto presence = presence_.lock();
+    if (!presence) {
+        held_ = Appear(false);
+        if (auto self = weak_from_this().lock()) kept.push_back(std::move(self));
+        return;
+    }
+    presence->view->Raise();
+    presence->place.BringToFront();
 }
 
 void Window::ShowModal() {
-    if (closed_ || shown_) return;
-    Open();
-    const std::unique_ptr<Shown> shown = Desktop::Current().Show(*this, true);
+    if (closed_ || !presence_.expired()) return;
+    const std::shared_ptr<Presence> presence = Appear(true);
     loop_.Run();
 }
 
 void Window::Close() {
     if (std::exchange(closed_, true)) return;
+    const auto alive = weak_from_this().lock();
     Changed();
     loop_.Leave();
-    shown_.reset();
+    held_.reset();
+    std::erase(kept, alive);
     Event_Close();
 }
 
+void Window::LetAllGo() {
+    for (const std::shared_ptr<Window>& window : std::exchange(kept, {}))
+        window->held_.reset();
+}
+
 void Window::Dismiss(UserAction) {
-    const auto alive = weak_from_this().lock();
     Close();
+}
+
+void Window::Activate(UserAction) {
+    if (const auto presence = presence_.lock()) presence->place.BringToFront();
+}
+
+bool Window::respondsToSelector(const Selector& selector) const {
+    constexpr const char* kTaken[] = {
+        "performClose:", "performMiniaturize:", "performZoom:", "validateMenuItem:"};
+    return !closed_ &&
+           std::find(std::begin(kTaken), std::end(kTaken), selector.Name()) != std::end(kTaken);
+}
+
+bool Window::CanPerform(const Selector& action) const {
+    if (closed_) return false;
+    if (action.Name() == "performMiniaturize:") return MinimizeButton;
+    if (action.Name() == "performZoom:") return MaximizeButton;
+    return true;
+}
+
+bool Window::validateMenuItem(const Ref<NSMenuItem>& item) {
+    return item && CanPerform(item->action());
+}
+
+void Window::perform(const Selector& action, const Ref<NSMenuItem>&) {
+    const auto presence = presence_.lock();
+    if (!presence || !CanPerform(action)) return;
+    if (action.Name() == "performClose:") Close();
+    if (action.Name() == "performMiniaturize:") presence->view->Minimize();
+    if (action.Name() == "performZoom:") presence->view->Zoom();
 }
 
 Ref<PushButton> Window::Button(bool (PushButton::*is)() const) const {
@@ -133,7 +186,11 @@ bool Window::PressCancel(UserAction key) {
     const auto alive = weak_from_this().lock();
     const Ref<PushButton> button = Button(&PushButton::Cancel);
     if (button) button->Press(key);
-    return static_cast<bool>(button);
+    if (button || !CloseButton || MinimizeButton || MaximizeButton) {
+        return static_cast<bool>(button);
+    }
+    Dismiss(key);
+    return true;
 }
 
 }  // namespace dunvey

@@ -12,6 +12,7 @@
 #include "platform/native_window.h"
 #include "platform/observable.h"
 #include "platform/rect_control.h"
+#include "platform/responder_chain.h"
 #include "platform/user_action.h"
 
 namespace dunvey {
@@ -25,15 +26,16 @@ struct Size {
     friend bool operator==(const Size&, const Size&) = default;
 };
 
-/// A window with its controls. It is shown once: when it has closed it is over.
-class Window : public Observable, public std::enable_shared_from_this<Window> {
+/// A window with its controls. It is shown once: when it has closed it is over. While it is shown
+/// it answers the menu's commands to close it, to put it away and to zoom it.
+class Window : public Observable, public Responder, public std::enable_shared_from_this<Window> {
  public:
     enum : int { kDocument = 0, kMovableModal = 1 };
     enum : int { kDefaultPlacement = 0, kMainScreen = 2 };
 
     /// The design size is the one that the controls' places are given for.
     explicit Window(Size design) : design_(design), wanted_(design) {}
-    virtual ~Window() = default;
+    ~Window() override = default;
 
     const std::string& Title() const { return title_; }
     void SetTitle(const std::string& title) { Put(title_, title); }
@@ -72,8 +74,9 @@ class Window : public Observable, public std::enable_shared_from_this<Window> {
     /// In the order in which they were added, the undermost first.
     const std::vector<Ref<RectControl>>& Controls() const { return controls_; }
 
-    /// Shows it, or brings it up if it is on the screen, and returns at once. Raises
-    /// DesktopUnavailableException without a screen.
+    /// Shows it, or brings it up if it is on the screen, and returns at once. It is kept alive
+    /// until it has closed or the desktop goes. Raises DesktopUnavailableException without a
+    /// screen.
     void Show();
     /// Shows it and blocks until it has closed. Raises DesktopUnavailableException without a
     /// screen.
@@ -81,6 +84,9 @@ class Window : public Observable, public std::enable_shared_from_this<Window> {
     /// Closes it for good. A modal one then comes back from ShowModal.
     void Close();
     bool IsClosed() const { return closed_; }
+
+    /// Takes all that Show holds off the screen; no event is fired.
+    static void LetAllGo();
 
     /// Fired once, when the window opens, behind the opening of its controls.
     virtual void Event_Open() {}
@@ -93,16 +99,32 @@ class Window : public Observable, public std::enable_shared_from_this<Window> {
     void Confine(UserAction, Size room);
     /// The user presses Return: the default button. False if there is none that can be pressed.
     bool PressDefault(UserAction key);
-    /// The user presses Escape: the cancel button. False if there is none that can be pressed.
+    /// The user presses Escape: the cancel button. Without one a window that can only be closed is
+    /// dismissed. False if neither is so.
     bool PressCancel(UserAction key);
     /// The user closes it with the means of the desktop: no button of it is pressed.
     void Dismiss(UserAction);
+    /// The user brings it in front of the others: the menu's commands go to it.
+    void Activate(UserAction);
+
+    // Closing is always possible, as with Dismiss; the rest where the window has the button for it.
+    bool respondsToSelector(const Selector& selector) const override;
+    void perform(const Selector& action, const Ref<NSMenuItem>& sender) override;
+    bool validateMenuItem(const Ref<NSMenuItem>& item) override;
 
  protected:
     void Add(Ref<RectControl> control) { controls_.push_back(std::move(control)); }
 
  private:
+    /// What stands for it while it is shown.
+    struct Presence {
+        std::unique_ptr<Shown> view;
+        ResponderChain::Place place;
+    };
+
     void Open();
+    std::shared_ptr<Presence> Appear(bool modal);
+    bool CanPerform(const Selector& action) const;
     Size Actual() const;
     void Apply(const Size& before);
     Ref<PushButton> Button(bool (PushButton::*is)() const) const;
@@ -119,7 +141,9 @@ class Window : public Observable, public std::enable_shared_from_this<Window> {
     ModalLoop loop_;
     bool opened_ = false;
     bool closed_ = false;
-    std::unique_ptr<Shown> shown_;
+    /// Empty while it isn't on the screen. A modal one is held by ShowModal.
+    std::weak_ptr<Presence> presence_;
+    std::shared_ptr<Presence> held_;
 };
 
 }  // namespace dunvey

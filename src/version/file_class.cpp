@@ -20,6 +20,10 @@ bool IsAccepted(const std::string& extension) {
 
 }  // namespace
 
+std::vector<std::string> DocumentExtensions() {
+    return {kExtensions.begin(), kExtensions.end()};
+}
+
 Ref<FileClass> MakeNewFileClass(const Ref<FolderItem>& item) {
     if (!item || !item->Exists()) return nullptr;
     const std::string extension = SplitB(item->Name(), ".").back();

@@ -36,6 +36,9 @@ class FileClass {
 
 namespace InDesign {
 
+/// The extensions of the four kinds, in small letters.
+std::vector<std::string> DocumentExtensions();
+
 /// The record of a document, its version read and its application found; nil for an item that is
 /// nil, doesn't exist, or isn't of one of the four kinds. Nothing is shown.
 Ref<FileClass> MakeNewFileClass(const Ref<FolderItem>& item);

@@ -1,5 +1,8 @@
 #include <gtest/gtest.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
+#include "app/run_rescue.h"
 #include "chooser/chooser.h"
 #include "version/booting_apps.h"
 
@@ -32,6 +35,13 @@ class ChooserActions : public Chooser {
     }
     Step QuitSelected() {
         return [this](Window1& window) { user_->Press(*window.PushButton3()); };
+    }
+
+    void RestoreDesktop() {
+        Desktop::SetLoader(nullptr);
+        auto desktop = std::make_unique<headless::ScriptedDesktop>();
+        user_ = desktop.get();
+        Desktop::Install(std::move(desktop));
     }
 
     const Ref<FolderItem> document_ = Document("a.indd", 8);
@@ -152,6 +162,28 @@ TEST_F(ChooserActions, AVersionThatRefusesToQuitIsAskedAgainUntilTheUserHasEnoug
     EXPECT_EQ(Opened(), Starts{}) << "the end of the program launches nothing";
 }
 
+TEST_F(ChooserActions, ASecondPressWhileTheSameVersionIsAskedToQuitAddsNothing) {
+    Running({"CC"});
+    int depth = 0;
+    Expect({Select(2),
+            [&](Window1& window) {
+                user_->DuringTurn([&] {
+                    user_->Select(*window.AppList(), 0);
+                    user_->Select(*window.AppList(), 2);
+                    ++depth;
+                    user_->Press(*window.PushButton3());
+                    --depth;
+                    EXPECT_EQ(QuitCalls().size(), 1U);
+                    AfterQuit({});
+                });
+                user_->Press(*window.PushButton3());
+                EXPECT_EQ(depth, 0);
+            },
+            Escape()});
+    Open({document_});
+    EXPECT_EQ(QuitCalls().size(), 2U);
+}
+
 TEST_F(ChooserActions, TheUserActsInTheMiddleOfARebuild) {
     Running({"CC"});
     Window1* open = nullptr;
@@ -216,6 +248,33 @@ TEST_F(ChooserActions, ALateDocumentIsDropped) {
     EXPECT_EQ(Opened(), Starts{"CS6: a.indd"});
 }
 
+TEST_F(ChooserActions, WhereTheScreenGoesAwayTheRestOfTheRunGoesOn) {
+    Installed("2020", "15.0.0");
+    ::testing::internal::CaptureStderr();
+    // The toolkit would end the process in the middle of its loop.
+    const auto loseScreen = [](Window1&) {
+        const pid_t child = fork();
+        if (child == 0) {
+            RescueRun();
+            RescueRun();
+            _exit(0);
+        }
+        int status = 1;
+        waitpid(child, &status, 0);
+        EXPECT_EQ(status, 0);
+    };
+    Expect({loseScreen,
+            [this](Window1&) {
+                EXPECT_EQ(Opened(), (Starts{"CS6: a.indd", "2020: high.indd"}));
+            },
+            Escape()});
+    Open({document_, Document("high.indd", 15), Document("lost.indd", 12)});
+    const std::string said = ::testing::internal::GetCapturedStderr();
+    EXPECT_EQ(said, "Dunvey: " + folder_.Path() +
+                        "/lost.indd isn't opened, since it must be asked with which version. The "
+                        "display has gone away.\n");
+}
+
 TEST_F(ChooserActions, WithoutAScreenOnlyTheQuestionsAreLeftOut) {
     Desktop::Install(nullptr);
     Desktop::SetLoader(
@@ -231,10 +290,7 @@ TEST_F(ChooserActions, WithoutAScreenOnlyTheQuestionsAreLeftOut) {
     headless::TheMachine().commandKey = true;
     EXPECT_EQ(Open({document_}), 0) << "the key alone is no question";
     EXPECT_EQ(Opened(), Starts{"CS6: a.indd"});
-    Desktop::SetLoader(nullptr);
-    auto desktop = std::make_unique<headless::ScriptedDesktop>();
-    user_ = desktop.get();
-    Desktop::Install(std::move(desktop));
+    RestoreDesktop();
 }
 
 }  // namespace

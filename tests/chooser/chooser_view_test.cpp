@@ -65,6 +65,76 @@ TEST_F(Chooser, WhatIsPassedOnAndShownInEachSituation) {
     }
 }
 
+/// What a control shows besides its place, in one line.
+std::string Looks(const Ref<RectControl>& control) {
+    if (const auto button = control.As<PushButton>()) {
+        return button->Caption() + (button->Default() ? " default" : "") +
+               (button->Cancel() ? " cancel" : "") + (button->Enabled() ? "" : " disabled");
+    }
+    if (const auto box = control.As<CheckBox>()) return box->Caption();
+    if (const auto label = control.As<Label>()) {
+        return "size " + std::to_string(label->TextSize()) + " align " +
+               std::to_string(label->TextAlign());
+    }
+    if (control.As<Canvas>()) return "canvas";
+    return control.As<Separator>() ? "line" : "list";
+}
+
+TEST_F(Chooser, EachControlHasItsPlaceItsLocksAndItsTurn) {
+    struct Row {
+        std::string name;
+        Bounds place;
+        std::string locks;
+        int64_t tabIndex;
+        std::string looks;
+    };
+    const Row kRows[] = {
+        {"AppList", {20, 109, 410, 449}, "LTRB", 0, "list"},
+        {"PushButton1", {285, 570, 145, 20}, "RB", 1, "Open disabled"},
+        {"PushButton2", {186, 570, 90, 20}, "RB", 2, "Cancel cancel"},
+        {"PushButton3", {20, 570, 135, 20}, "LB", 3, "Quit disabled"},
+        {"Separator3", {20, 612, 410, 4}, "LRB", 5, "line"},
+        {"CheckBox1", {20, 628, 409, 20}, "LB", 6, "Allow a file to be opened by a higher version"},
+        {"CheckBox2", {20, 660, 410, 20}, "LB", 7, "Activate the Quit button"},
+        {"LabelFileName", {72, 13, 358, 20}, "LTR", 8, "size 0 align 0"},
+        {"LabelAppName", {72, 40, 358, 24}, "LTR", 9, "size 17 align 0"},
+        {"Canvas1", {18, 13, 46, 46}, "LT", 10, "canvas"},
+        {"Separator1", {20, 66, 410, 7}, "LTR", 11, "line"},
+        {"LabelMsg", {0, 78, 450, 24}, "LTR", 12, "size 15 align 1"},
+        {"Separator2", {68, 33, 362, 6}, "LTR", 13, "line"},
+        {"Canvas2", {15, 36, 32, 32}, "LT", 15, "canvas"},
+    };
+    Look([&](Window1& window) {
+        ASSERT_EQ(window.Controls().size(), std::size(kRows));
+        EXPECT_EQ(window.Controls().back(), Ref<RectControl>(window.Canvas2())) << "over the icon";
+        for (const Row& row : kRows) {
+            SCOPED_TRACE(row.name);
+            const auto& controls = window.Controls();
+            const auto found =
+                std::find_if(controls.begin(), controls.end(),
+                             [&](const auto& each) { return each->Name() == row.name; });
+            ASSERT_NE(found, controls.end());
+            EXPECT_EQ((*found)->TabIndex(), row.tabIndex);
+            EXPECT_EQ(Looks(*found), row.looks);
+            user_->Resize(window, {450, 700});
+            EXPECT_EQ((*found)->Place(), row.place);
+            user_->Resize(window, {550, 900});
+            const auto has = [&row](char edge) {
+                return row.locks.find(edge) != std::string::npos;
+            };
+            Bounds place = row.place;
+            if (has('R')) (has('L') ? place.Width : place.Left) += 100;
+            if (has('B')) (has('T') ? place.Height : place.Top) += 200;
+            EXPECT_EQ((*found)->Place(), place);
+        }
+        EXPECT_EQ(window.AppList()->ColumnWidthsIn(410), (std::vector<int64_t>{256, 90, 64}));
+        EXPECT_EQ(window.AppList()->DefaultRowHeight(), 26);
+        EXPECT_EQ(window.Frame, Window::kMovableModal);
+        EXPECT_TRUE(window.Resizeable);
+    });
+    Open({Document("a.indd", 8)});
+}
+
 TEST_F(Chooser, ListsEveryVersionInOrderWithItsState) {
     for (const auto& [suffix, version] : std::vector<std::pair<std::string, std::string>>{
              {"CC 2019", "14.0.1"}, {"CS5.5", "7.5.3"}, {"CC", "9.0.3"}, {"CS3", ""}}) {

@@ -6,6 +6,7 @@
 
 #include "menus/general.h"
 #include "menus/spoken.h"
+#include "platform/dock_texts.h"
 #include "platform/reg_ex_xojo.h"
 #include "platform/translation_table.h"
 #include "support/world.h"
@@ -23,15 +24,17 @@ TEST_F(LocalizedTexts, JapaneseHasARowOfItsOwnForEachAndNoOther) {
         keys.emplace(text.key);
     for (const LocalizedText& text : Spoken::kAll)
         keys.emplace(text.key);
+    for (const DockText& text : Dock::kAll)
+        keys.emplace(text.key);
     EXPECT_EQ(Localized::kAll.size(), 21U);
     EXPECT_EQ(LocalizedMenu::kAll.size(), 14U);
-    EXPECT_EQ(keys.size(), 38U) << "no key stands twice";
+    EXPECT_EQ(keys.size(), 42U) << "no key stands twice";
     const TranslationTable& japanese = TranslationsInto("ja");
     for (const auto& [key, text] : japanese)
         EXPECT_EQ(keys.count(key), 1U) << key;
     for (const std::string& key : keys)
         EXPECT_EQ(japanese.count(key), 1U) << key;
-    const auto differs = [](const LocalizedText& text) {
+    const auto differs = [](const auto& text) {
         EXPECT_NE(text("ja"), text.text) << text.key << " is not translated";
         EXPECT_EQ(text(""), text.text) << text.key << " in English";
     };
@@ -40,6 +43,8 @@ TEST_F(LocalizedTexts, JapaneseHasARowOfItsOwnForEachAndNoOther) {
     for (const LocalizedText& text : LocalizedMenu::kAll)
         differs(text);
     for (const LocalizedText& text : Spoken::kAll)
+        differs(text);
+    for (const DockText& text : Dock::kAll)
         differs(text);
 }
 

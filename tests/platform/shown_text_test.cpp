@@ -22,16 +22,18 @@ TEST(ShownTextTest, AnyTextBecomesOneLineThatDisturbsNothing) {
         const char* text;
         const char* line;
     };
-    for (const Case& each : std::vector<Case>{{"a\nb\tc", "a\u240Ab\u2409c"},
-                                              {"\x7F", "\u2421"},
-                                              {"\u202Egnp.exe", "\uFFFDgnp.exe"},
-                                              {"\u2066x\u2069", "\uFFFDx\uFFFD"},
-                                              {"a\u2028b\u2029", "a\uFFFDb\uFFFD"},
-                                              {"\u2027\u202F\u2065", "\u2027\u202F\u2065"},
-                                              {"\xC2\x85\xC2\x9F\xC2\xA0", "\uFFFD\uFFFD\u00A0"},
-                                              {"\xE2\x80", "\xE2\x80"},
-                                              {"\xC2", "\xC2"},
-                                              {"日本語 שלום", "日本語 שלום"}}) {
+    for (const Case& each :
+         std::vector<Case>{{"a\nb\tc", "a\u240Ab\u2409c"},
+                           {"\x7F", "\u2421"},
+                           {"\u202Egnp.exe", "\uFFFDgnp.exe"},
+                           {"\u2066x\u2069", "\uFFFDx\uFFFD"},
+                           {"\u200Fa\u061C (1)\u200B\uFEFF", "\uFFFDa\uFFFD (1)\uFFFD\uFFFD"},
+                           {"a\u2028b\u2029", "a\uFFFDb\uFFFD"},
+                           {"\u2027\u202F\u2065", "\u2027\u202F\u2065"},
+                           {"\xC2\x85\xC2\x9F\xC2\xA0", "\uFFFD\uFFFD\u00A0"},
+                           {"\xE2\x80", "\xE2\x80"},
+                           {"\xC2", "\xC2"},
+                           {"日本語 שלום", "日本語 שלום"}}) {
         EXPECT_EQ(OneLine(each.text), each.line) << each.text;
     }
 }

@@ -1,6 +1,7 @@
 #include <dirent.h>
 
 #include <fstream>
+#include <set>
 
 #include "road/display.h"
 #include "road/real_world.h"
@@ -20,19 +21,30 @@ class ChooserRoad : public test::RealWorld {
         Install("CC", "9.2.0");
     }
 
-    pid_t StartOn(const std::vector<std::string>& documents) {
+    pid_t StartOn(const std::vector<std::string>& documents,
+                  const std::vector<std::string>& extraVariables = {}) {
+        settled_.clear();
         // A sanitizer that keeps what was freed would hide how much memory is in use.
-        return Start(documents, {"DISPLAY=" + screen_.Name(), "XDG_RUNTIME_DIR=" + folder_.Path(),
-                                 "QT_LOGGING_RULES=*=false", "ASAN_OPTIONS=quarantine_size_mb=1"});
+        std::vector<std::string> variables = {
+            "DISPLAY=" + screen_.Name(), "XDG_RUNTIME_DIR=" + folder_.Path(),
+            "QT_LOGGING_RULES=*=false", "ASAN_OPTIONS=quarantine_size_mb=1"};
+        variables.insert(variables.end(), extraVariables.begin(), extraVariables.end());
+        return Start(documents, variables);
     }
 
-    /// The window with that title that isn't `last`, once it has the keyboard.
-    std::string Await(const std::string& title, const std::string& last = {}) {
+    /// The window with that title that isn't `last`, once it has the keyboard and, if that matters,
+    /// takes answers.
+    std::string Await(const std::string& title, const std::string& last = {},
+                      bool forAnswers = true) {
         for (int i = 0; i < 600; ++i) {
             const std::string answer = screen_.Ask("getwindowfocus getwindowname getwindowfocus");
             const size_t line = answer.find('\n');
             const std::string window = line == answer.npos ? "" : answer.substr(line + 1);
-            if (answer.substr(0, line) == title && window != last) return window;
+            if (answer.substr(0, line) == title && window != last) {
+                // A fresh window takes no answer for as long as a double click may last.
+                if (forAnswers && settled_.insert(window).second) usleep(800'000);
+                return window;
+            }
             usleep(20'000);
         }
         ADD_FAILURE() << "no window " << title;
@@ -41,9 +53,17 @@ class ChooserRoad : public test::RealWorld {
     std::string AwaitChooser(const std::string& last = {}) { return Await(kChooser, last); }
 
     void Key(const std::string& keys) { EXPECT_TRUE(screen_.Do("key " + keys)) << keys; }
-    /// Clicks into a row of the list.
+    /// How high the menu bar is: what the window has above the height of a short list.
+    int MenuBarHeight(const std::string& window) {
+        const std::string geometry = screen_.Ask("getwindowgeometry --shell " + window);
+        const size_t height = geometry.find("HEIGHT=");
+        if (height == geometry.npos) return 0;
+        return std::atoi(geometry.c_str() + height + std::string("HEIGHT=").size()) - 356;
+    }
+    /// Clicks into a row of the list, which is a short one.
     void Click(const std::string& window, int row, int times) {
-        const std::string place = "200 " + std::to_string(109 + 13 + 26 * row);
+        const std::string place =
+            "200 " + std::to_string(MenuBarHeight(window) + 109 + 13 + 26 * row);
         EXPECT_TRUE(screen_.Do("mousemove --sync --window " + window + " " + place +
                                " click --repeat " + std::to_string(times) + " --delay 60 1"));
     }
@@ -58,6 +78,7 @@ class ChooserRoad : public test::RealWorld {
     }
 
     test::Display screen_{test::Display::Manager::Openbox};
+    std::set<std::string> settled_;
 };
 
 TEST_F(ChooserRoad, ReturnOpensAndEscapeLeavesOut) {
@@ -160,6 +181,44 @@ TEST_F(ChooserRoad, ASecondStartIsARunOfItsOwn) {
     EXPECT_EQ(ExitCodeOf(first), 0);
 }
 
+TEST_F(ChooserRoad, QuitOpensNothingAndAboutIsReachedByTheKeyboard) {
+    const std::vector<std::string> documents = {Document("a.indd", 8), Document("b.indd", 12)};
+    const pid_t program = StartOn(documents);
+    const std::string window = AwaitChooser();
+    Key("alt+h");
+    Key("Down Return");
+    const std::string about = Await("Dunvey");
+    Key("Escape");
+    EXPECT_EQ(AwaitChooser(), window);
+    Key("alt+h");
+    Key("Down Return");
+    Await("Dunvey", about);
+    Key("ctrl+w");
+    EXPECT_EQ(AwaitChooser(), window) << "the command went to the window in front";
+    Key("ctrl+q");
+    EXPECT_EQ(ExitCodeOf(program), 0);
+    EXPECT_TRUE(Records().empty());
+}
+
+TEST_F(ChooserRoad, AStartWithoutDocumentsWaitsForSome) {
+    const std::string preferences = folder_ / "config/Dunvey/Dunvey.pref";
+    pid_t program = StartOn({});
+    Await("Dunvey");
+    EXPECT_NE(access(preferences.c_str(), F_OK), 0);
+    Key("alt+F4");
+    EXPECT_EQ(ExitCodeOf(program), 0);
+    EXPECT_EQ(access(preferences.c_str(), F_OK), 0) << "they are saved";
+    const std::string document = Document("a.indd", 8);
+    program = StartOn({});
+    const std::string dock = Await("Dunvey");
+    Key("Return");
+    Await("Choose documents…");
+    EXPECT_TRUE(screen_.Do("type --delay 40 " + document));
+    Key("Return");
+    EXPECT_EQ(ExitCodeOf(program), 0);
+    EXPECT_EQ(Starts(1), std::vector<std::string>{"CS6: a.indd|"});
+}
+
 /// The number of open descriptors of a process.
 size_t Descriptors(pid_t process) {
     size_t count = 0;
@@ -188,7 +247,7 @@ TEST_F(ChooserRoad, AHundredChoosersLeaveTheProcessAsItWas) {
     size_t descriptors = 0;
     size_t memory = 0;
     for (int i = 0; i < 100; ++i) {
-        window = AwaitChooser(window);
+        window = Await(kChooser, window, false);
         if (i == 20) descriptors = Descriptors(program);
         if (i == 20) memory = Memory(program);
         if (i == 99) {
@@ -196,10 +255,32 @@ TEST_F(ChooserRoad, AHundredChoosersLeaveTheProcessAsItWas) {
             // Pictures, fonts and freed pieces vary a little; eighty windows would be far more.
             EXPECT_LT(Memory(program), memory + memory / 10 + 1024);
         }
-        Key("Escape");
+        Key("alt+F4");
     }
     EXPECT_EQ(ExitCodeOf(program), 0);
     EXPECT_TRUE(Records().empty());
+}
+
+TEST_F(ChooserRoad, WhereTheScreenGoesAwayTheRestOfTheRunGoesOut) {
+    const pid_t program = StartOn({Document("plain.indd", 8), Document("missing.indd", 12)});
+    AwaitChooser();
+    screen_.BreakDown();
+    EXPECT_EQ(ExitCodeOf(program), 1);
+    EXPECT_EQ(Starts(1), std::vector<std::string>{"CS6: plain.indd|"});
+    EXPECT_NE(folder_.Read("stderr").find("missing.indd isn't opened"), std::string::npos);
+}
+
+TEST_F(ChooserRoad, ANamedPlatformThatCannotStartCostsNothing) {
+    for (const char* platform : {"wayland", "no-such-platform"}) {
+        const pid_t program =
+            StartOn({Document("plain.indd", 8), Document("missing.indd", 12)},
+                    {std::string("QT_QPA_PLATFORM=") + platform, "WAYLAND_DISPLAY=none"});
+        AwaitChooser();
+        Key("Escape");
+        EXPECT_EQ(ExitCodeOf(program), 0) << platform;
+        EXPECT_EQ(Starts(1)[0], "CS6: plain.indd|") << platform;
+        EndAll();
+    }
 }
 
 }  // namespace

@@ -19,14 +19,18 @@ class Display {
         StartServer();
         if (manager == Manager::Openbox) StartManager();
     }
-    ~Display() {
-        for (const pid_t process : {manager_, server_}) {
-            if (process > 0) kill(process, SIGTERM);
-            if (process > 0) waitpid(process, nullptr, 0);
-        }
-    }
+    ~Display() { BreakDown(); }
     Display(const Display&) = delete;
     Display& operator=(const Display&) = delete;
+
+    /// Takes the screen away from under everybody.
+    void BreakDown() {
+        for (pid_t* process : {&server_, &manager_}) {
+            if (*process > 0) kill(*process, SIGTERM);
+            if (*process > 0) waitpid(*process, nullptr, 0);
+            *process = -1;
+        }
+    }
 
     /// Empty if there is no server.
     std::string Name() const { return number_.empty() ? "" : ":" + number_; }

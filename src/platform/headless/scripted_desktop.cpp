@@ -8,17 +8,17 @@
 
 namespace dunvey::headless {
 
-/// What is on the screen, in the order in which it came up.
+/// What is on the screen, the one in front last.
 class ScriptedDesktop::OpenOne final : public Shown {
  public:
-    OpenOne(std::vector<Open>& all, Open open) : all_(all), place_(all.size()) {
-        all_.push_back(std::move(open));
-    }
-    ~OpenOne() override { all_.erase(all_.begin() + static_cast<std::ptrdiff_t>(place_)); }
+    OpenOne(std::list<Open>& all, Open open)
+        : all_(all), place_(all.insert(all.end(), std::move(open))) {}
+    ~OpenOne() override { all_.erase(place_); }
+    void Raise() override { all_.splice(all_.end(), all_, place_); }
 
  private:
-    std::vector<Open>& all_;
-    size_t place_;
+    std::list<Open>& all_;
+    std::list<Open>::iterator place_;
 };
 
 void ScriptedDesktop::ExpectMessage(std::string message, Answer answer,

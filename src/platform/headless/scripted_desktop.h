@@ -2,6 +2,7 @@
 
 #include <deque>
 #include <functional>
+#include <list>
 #include <stdexcept>
 #include <string>
 #include <variant>
@@ -101,7 +102,7 @@ class ScriptedDesktop final : public Desktop {
     std::deque<std::variant<ExpectedMessage, ExpectedWindow>> expected_;
     std::deque<std::function<void()>> steps_;
     std::deque<std::function<void()>> turns_;
-    std::vector<Open> open_;
+    std::list<Open> open_;
     std::vector<bool> left_;
     Size screen_{32000, 32000};
     int timesInFront_ = 0;

@@ -15,6 +15,7 @@
 #include "platform/push_button.h"
 #include "platform/qt/qt_graphics.h"
 #include "platform/qt/qt_list.h"
+#include "platform/qt/qt_style.h"
 #include "platform/qt/qt_text.h"
 #include "platform/separator.h"
 
@@ -66,8 +67,17 @@ ControlView ViewOf(const Ref<CheckBox>& model, QWidget* parent, const UserDoor& 
 
 Qt::Alignment AlignmentOf(const Label& model) {
     if (model.TextAlign() == Label::kAlignCentre) return Qt::AlignHCenter | Qt::AlignVCenter;
-    if (model.TextAlign() == Label::kAlignRight) return Qt::AlignRight | Qt::AlignVCenter;
-    return Qt::AlignLeft | Qt::AlignVCenter;
+    // Whichever way the text is written.
+    const Qt::Alignment side =
+        model.TextAlign() == Label::kAlignRight ? Qt::AlignRight : Qt::AlignLeft;
+    return side | Qt::AlignAbsolute | Qt::AlignVCenter;
+}
+
+/// The line with its parts from left to right, so that an extension stands behind its name also
+/// where that is written from right to left.
+QString FromLeftToRight(const QString& line) {
+    constexpr char16_t kLeftToRightMark = 0x200E;
+    return line.isRightToLeft() ? QChar(kLeftToRightMark) + line : line;
 }
 
 ControlView ViewOf(const Ref<Label>& model, QWidget* parent) {
@@ -76,9 +86,10 @@ ControlView ViewOf(const Ref<Label>& model, QWidget* parent) {
     return {label, [model, label] {
                 QFont font = QApplication::font(label);
                 if (model->TextSize() > 0) font.setPixelSize(static_cast<int>(model->TextSize()));
+                font.setBold(model->Bold() || font.bold());
                 const QString line = LineOf(model->Text());
                 const FittedLine fitted(line, font, label->size(), Qt::ElideMiddle);
-                ShowLine(*label, line, fitted, fitted.text);
+                ShowLine(*label, line, fitted, FromLeftToRight(fitted.text));
                 label->setAlignment(AlignmentOf(*model));
                 QPalette palette = QApplication::palette(label);
                 if (model->TextColor() != Color{}) {
@@ -92,8 +103,14 @@ ControlView ViewOf(const Ref<Label>& model, QWidget* parent) {
 ControlView ViewOf(const Ref<Separator>& model, QWidget* parent) {
     auto* line = new QFrame(parent);
     const bool lies = model->Width() >= model->Height();
-    line->setFrameStyle((lies ? QFrame::HLine : QFrame::VLine) | QFrame::Sunken);
-    return {line, [] {}};
+    return {line, [line, lies] {
+                const QColor outline = OutlineOn(QApplication::palette(line));
+                line->setFrameStyle((lies ? QFrame::HLine : QFrame::VLine) |
+                                    (outline.isValid() ? QFrame::Plain : QFrame::Sunken));
+                QPalette palette = QApplication::palette(line);
+                if (outline.isValid()) palette.setColor(QPalette::WindowText, outline);
+                line->setPalette(palette);
+            }};
 }
 
 class CanvasWidget final : public QWidget {

@@ -2,12 +2,16 @@
 
 #include <QFileOpenEvent>
 #include <QWidget>
+#include <algorithm>
 #include <chrono>
+#include <functional>
 
 #include "platform/application.h"
 #include "platform/event_loop.h"
+#include "platform/qt/dock.h"
 #include "platform/qt/qt_icons.h"
 #include "platform/qt/qt_message_dialog.h"
+#include "platform/qt/qt_style.h"
 #include "platform/qt/qt_window.h"
 #include "platform/qt/text_order.h"
 
@@ -30,11 +34,20 @@ void PrepareScaling() {
 #endif
 }
 
+bool IsAnythingShown() {
+    const QWidgetList windows = QApplication::topLevelWidgets();
+    return std::any_of(windows.begin(), windows.end(), std::mem_fn(&QWidget::isVisible));
+}
+
 }  // namespace
 
 QtApplication::QtApplication() : QApplication((PrepareScaling(), argumentCount), argumentList) {
     // With it on, the end of the first modal window would end all that follow, unseen.
     setQuitOnLastWindowClosed(false);
+    // The desktop entry of the packages: its icon stands for the windows.
+    setDesktopFileName(QStringLiteral("org.dunvey.Dunvey"));
+    installEventFilter(&freshWindowGuard_);
+    setStyle(new QtStyle);
 }
 
 bool QtApplication::event(QEvent* event) {
@@ -65,6 +78,10 @@ QtDesktop::~QtDesktop() {
 }
 
 void QtDesktop::RunLoop() {
+    // Nothing is left to do and to see: the program waits for documents.
+    const bool isWaiting =
+        loops_.empty() && !EventLoop::Current().UntilNext() && !IsAnythingShown();
+    const std::unique_ptr<QtDock> dock = isWaiting ? QtDock::Show(ByUser()) : nullptr;
     QEventLoop loop;
     loops_.push_back(&loop);
     Wake();
@@ -98,19 +115,18 @@ void QtDesktop::Turn() {
 }
 
 void QtDesktop::BringToFront() {
-    QWidget* window = QApplication::activeModalWidget();
+    QWidget* front = QApplication::activeModalWidget();
     for (QWidget* each : QApplication::topLevelWidgets()) {
-        if (window == nullptr && each->isVisible() &&
-            dynamic_cast<WindowWidget*>(each) != nullptr) {
-            window = each;
-        }
+        if (!each->isVisible() || dynamic_cast<WindowWidget*>(each) == nullptr) continue;
+        each->raise();
+        if (front == nullptr) front = each;
     }
-    if (window == nullptr) {
+    if (front == nullptr) {
         frontIsWanted_ = true;
         return;
     }
-    window->raise();
-    window->activateWindow();
+    front->raise();
+    front->activateWindow();
 }
 
 std::unique_ptr<Shown> QtDesktop::Show(MessageDialog& dialog, Window* parent) {

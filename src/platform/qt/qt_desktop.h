@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "platform/desktop.h"
+#include "platform/qt/qt_fresh_window.h"
 
 namespace dunvey {
 
@@ -17,6 +18,9 @@ class QtApplication : public QApplication {
 
  protected:
     bool event(QEvent* event) override;
+
+ private:
+    FreshWindowGuard freshWindowGuard_;
 };
 
 /// The desktop in Qt widgets.

@@ -53,7 +53,11 @@ IconSource ThemeSource(const QString& name) {
 
 IconSource StyleSource(QStyle::StandardPixmap picture) {
     return [picture](const QSize& size) {
-        return ImageOf(QApplication::style()->standardIcon(picture), size);
+        QImage image = ImageOf(QApplication::style()->standardIcon(picture), size);
+        // Enlarged it would be coarse.
+        const bool isLarge =
+            std::max(image.width(), image.height()) >= std::min(size.width(), size.height());
+        return isLarge ? image : QImage();
     };
 }
 

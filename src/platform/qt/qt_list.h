@@ -20,6 +20,8 @@ class ListRows final : public QAbstractTableModel {
     int rowCount(const QModelIndex& parent = {}) const override;
     int columnCount(const QModelIndex& parent = {}) const override;
     QVariant data(const QModelIndex& index, int role) const override;
+    /// Nothing: the headers are hidden, and a screen reader would say the toolkit's numbers.
+    QVariant headerData(int, Qt::Orientation, int) const override { return {}; }
 
  private:
     Ref<Listbox> list_;

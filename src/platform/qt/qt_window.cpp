@@ -29,7 +29,9 @@ Qt::WindowFlags FlagsOf(const Window& window) {
     const auto has = [&window](bool wanted, int kind) {
         return wanted && !window.Handle()->standardWindowButton(kind)->isHidden();
     };
-    Qt::WindowFlags flags = Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint;
+    // What can be put away is no dialog, which a desktop may leave out of its list of windows.
+    Qt::WindowFlags flags = window.MinimizeButton ? Qt::Window : Qt::Dialog;
+    flags |= Qt::CustomizeWindowHint | Qt::WindowTitleHint;
     flags.setFlag(Qt::WindowCloseButtonHint, has(window.CloseButton, NSWindow::kCloseButton));
     flags.setFlag(Qt::WindowMinimizeButtonHint,
                   has(window.MinimizeButton, NSWindow::kMiniaturizeButton));
@@ -46,8 +48,15 @@ QScreen* ScreenFor(const Window& window) {
 }  // namespace
 
 WindowWidget::WindowWidget(Window& window, UserAction key, bool modal)
-    : QDialog(nullptr, FlagsOf(window)), window_(&window), key_(key) {
-    setWindowModality(modal ? Qt::ApplicationModal : Qt::NonModal);
+    : QDialog(modal ? QApplication::activeModalWidget() : nullptr, FlagsOf(window)),
+      window_(&window),
+      key_(key) {
+    // It holds up the modal one before it, and through that one all that hang on it.
+    setWindowModality(modal ? Qt::WindowModal : Qt::NonModal);
+    if (window.MenuBar()) {
+        menuBar_ =
+            new QtMenuBar(window.MenuBar(), this, [this](const UserInput& input) { Enter(input); });
+    }
     PlaceOnScreen();
     for (const Ref<RectControl>& control : window.Controls())
         AddControl(control);
@@ -98,8 +107,13 @@ void WindowWidget::Enter(const UserInput& input) {
 void WindowWidget::AddControl(const Ref<RectControl>& control) {
     const ControlView made =
         MakeControlView(control, &area_, [this](const UserInput& input) { Enter(input); });
-    const auto read = [control, widget = made.widget, own = made.read] {
+    const auto read = [this, control, widget = made.widget, own = made.read] {
         widget->setGeometry(ToQRect(control->Place()));
+        // The toolkit would hand the focus to the next control, where a further key changes
+        // something.
+        if (!control->Enabled() && focusWidget() == widget && firstInTabOrder_ != nullptr) {
+            firstInTabOrder_->setFocus();
+        }
         widget->setEnabled(control->Enabled());
         widget->setVisible(control->Visible());
         widget->setAccessibleDescription(LineOf(control->Description()));
@@ -122,7 +136,9 @@ void WindowWidget::SetTabOrder() {
                      [](const auto& left, const auto& right) { return left.first < right.first; });
     for (size_t i = 1; i < order.size(); ++i)
         setTabOrder(order[i - 1].second, order[i].second);
-    if (!order.empty()) order.front().second->setFocus();
+    if (order.empty()) return;
+    firstInTabOrder_ = order.front().second;
+    firstInTabOrder_->setFocus();
 }
 
 void WindowWidget::Read() {
@@ -134,6 +150,7 @@ void WindowWidget::Read() {
 void WindowWidget::ReadSize() {
     const QSize menu(0, MenuHeight());
     const QSize size = ToQSize({window_->Width(), window_->Height()});
+    if (menuBar_ != nullptr) menuBar_->setGeometry(0, 0, size.width(), MenuHeight());
     area_.setGeometry(0, MenuHeight(), size.width(), size.height());
     setMinimumSize((window_->Resizeable ? ToQSize(window_->SmallestSize()) : size) + menu);
     setMaximumSize((window_->Resizeable ? ToQSize(window_->LargestSize()) : size) + menu);
@@ -168,15 +185,23 @@ void WindowWidget::PlaceOnScreen() {
 
 bool WindowWidget::TakeKey(const QKeyEvent& event) {
     const bool isReturn = event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
-    if (!isReturn && !event.matches(QKeySequence::Cancel)) return false;
+    // With a menu bar the key to close is a command of that.
+    const bool closes = event.matches(QKeySequence::Close) && window_ != nullptr &&
+                        window_->CloseButton && menuBar_ == nullptr;
+    if (!isReturn && !closes && !event.matches(QKeySequence::Cancel)) return false;
     // A key still held down from before, in the program that called for the window, is no answer.
     if (event.isAutoRepeat()) return true;
-    Enter(
-        [&](UserAction key) { isReturn ? window_->PressDefault(key) : window_->PressCancel(key); });
+    Enter([&](UserAction key) {
+        if (closes) return window_->Dismiss(key);
+        isReturn ? window_->PressDefault(key) : window_->PressCancel(key);
+    });
     return true;
 }
 
 bool WindowWidget::event(QEvent* event) {
+    if (event->type() == QEvent::WindowActivate) {
+        Enter([this](UserAction key) { window_->Activate(key); });
+    }
     // Only now the real frame is known.
     if (event->type() == QEvent::WindowActivate && !std::exchange(isFrameKnown_, true) &&
         window_ != nullptr && !screen()->availableGeometry().contains(frameGeometry())) {

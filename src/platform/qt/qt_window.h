@@ -5,6 +5,7 @@
 
 #include "platform/desktop.h"
 #include "platform/qt/qt_controls.h"
+#include "platform/qt/qt_menu_bar.h"
 #include "platform/window.h"
 
 namespace dunvey {
@@ -46,13 +47,16 @@ class WindowWidget final : public QDialog {
     bool TakeKey(const QKeyEvent& event);
     QMargins FrameMargins() const;
     /// The height that a menu bar takes above the controls.
-    int MenuHeight() const { return 0; }
+    int MenuHeight() const { return menuBar_ == nullptr ? 0 : menuBar_->HeightInWindow(); }
 
     Window* window_;
     UserAction key_;
+    /// nullptr for none.
+    QtMenuBar* menuBar_ = nullptr;
     /// Where the controls stand.
     QWidget area_{this};
     std::vector<Child> children_;
+    QWidget* firstInTabOrder_ = nullptr;
     Observable::Observation observation_;
     int entered_ = 0;
     bool isResizedByUser_ = false;
@@ -66,6 +70,8 @@ class QtWindow final : public Shown {
         : widget_(*new WindowWidget(window, key, modal)) {}
     ~QtWindow() override { widget_.Detach(); }
     void Raise() override { widget_.BringUp(); }
+    void Minimize() override { widget_.showMinimized(); }
+    void Zoom() override { widget_.isMaximized() ? widget_.showNormal() : widget_.showMaximized(); }
 
  private:
     WindowWidget& widget_;

@@ -192,6 +192,8 @@ TEST_F(Icons, CautionIsTheStylesSign) {
     const QIcon sign = QApplication::style()->standardIcon(QStyle::SP_MessageBoxWarning);
     EXPECT_EQ(bitmap.Pixels, BitmapOf(sign.pixmap(32, 32).toImage()).Pixels);
     EXPECT_NE(Middle(bitmap), 0u);
+    const Bitmap large = Render(QtIconForFileType("'caut'"), 256, 256);
+    EXPECT_NE(Middle(large), 0u) << "drawn, where the style's own is too small";
 }
 
 }  // namespace

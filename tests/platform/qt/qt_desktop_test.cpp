@@ -32,7 +32,11 @@ class Recorder final : public Application {
 /// The toolkit's application can be made once in a process, and must be gone before its end.
 class OneDesktop : public ::testing::Environment {
  public:
-    void SetUp() override { Desktop::Install(std::make_unique<QtDesktop>()); }
+    void SetUp() override {
+        Desktop::Install(std::make_unique<QtDesktop>());
+        // The user of these tests answers at once.
+        QApplication::setDoubleClickInterval(0);
+    }
     void TearDown() override { Desktop::Install(nullptr); }
 };
 const auto* const kDesktop = ::testing::AddGlobalTestEnvironment(new OneDesktop);

@@ -129,6 +129,16 @@ TEST_F(WindowTest, TheTitleBarHasOnlyTheButtonsThatAreWanted) {
          }});
 }
 
+TEST_F(WindowTest, WhereTheFocusedControlIsDisabledTheListHasTheFocus) {
+    DesignWindow window(5);
+    Show(window, {[&] {
+             auto* quit = Shown().findChild<QWidget*>(QStringLiteral("quit"));
+             quit->setFocus();
+             window.quit->SetEnabled(false);
+             EXPECT_EQ(Shown().focusWidget()->objectName(), QStringLiteral("list"));
+         }});
+}
+
 TEST_F(WindowTest, TheFocusBeginsInTheListAndTabGoesInTheDeclaredOrder) {
     DesignWindow window(5);
     Show(window, {[] {

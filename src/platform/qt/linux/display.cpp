@@ -4,6 +4,8 @@
 #include <sys/un.h>
 #include <xcb/xcb.h>
 
+#include <QDir>
+#include <QLibraryInfo>
 #include <cstdlib>
 #include <cstring>
 #include <string>
@@ -36,21 +38,46 @@ bool ReachesWayland() {
            connect(socket.Get(), reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0;
 }
 
-/// Whether the toolkit was told by name to use platforms that need no server, such as "offscreen".
-/// Sessions name the ones that do as well, and a remote login inherits that.
-bool AsksForNoServer() {
+/// Whether the toolkit has that platform at all; it aborts the process where it hasn't.
+bool HasPlatform(const QString& name) {
+#if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
+    const QString plugins = QLibraryInfo::location(QLibraryInfo::PluginsPath);
+#else
+    const QString plugins = QLibraryInfo::path(QLibraryInfo::PluginsPath);
+#endif
+    const QDir folder(plugins + QStringLiteral("/platforms"));
+    return !folder.entryList({QStringLiteral("libq%1*.so").arg(name)}).isEmpty();
+}
+
+/// Whether a platform by its name, such as "xcb" or "wayland-egl:options", can start. Those that
+/// need no server can.
+bool CanStart(const std::string& name) {
+    if (name.starts_with("xcb")) return ReachesX11();
+    if (name.starts_with("wayland"))
+        return ReachesWayland() && HasPlatform(QStringLiteral("wayland"));
+    return HasPlatform(QString::fromStdString(NthField(name, ":", 1)));
+}
+
+/// The platforms that the toolkit was told to use, in its own order of trying.
+std::vector<std::string> WantedPlatforms() {
     const char* names = std::getenv("QT_QPA_PLATFORM");
-    if (names == nullptr || *names == '\0') return false;
-    for (const std::string& name : SplitB(names, ";")) {
-        if (name.starts_with("xcb") || name.starts_with("wayland")) return false;
-    }
-    return true;
+    return names == nullptr ? std::vector<std::string>() : SplitB(names, ";");
 }
 
 }  // namespace
 
 bool CanReachDisplay() {
-    return AsksForNoServer() || ReachesX11() || ReachesWayland();
+    for (const std::string& name : WantedPlatforms()) {
+        if (!name.empty() && CanStart(name)) return true;
+    }
+    // Sessions name what they have themselves, and a remote login inherits that: any server that
+    // answers will do.
+    for (const char* name : {"xcb", "wayland"}) {
+        if (!CanStart(name)) continue;
+        setenv("QT_QPA_PLATFORM", name, 1);
+        return true;
+    }
+    return false;
 }
 
 }  // namespace dunvey

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "platform/canvas.h"
+#include "platform/label.h"
+#include "platform/window.h"
+
+namespace dunvey {
+
+/// The small window that tells the program's name and version.
+class AboutWindow : public Window {
+ public:
+    AboutWindow();
+
+    /// The one that exists and hasn't closed, else a new one.
+    static Ref<AboutWindow> Instance();
+
+    virtual const Ref<Canvas>& CanvasAppIcon() const { return canvasAppIcon_; }
+    virtual const Ref<Label>& LabelName() const { return labelName_; }
+    virtual const Ref<Label>& LabelVersion() const { return labelVersion_; }
+    virtual const Ref<Label>& LabelCopyright() const { return labelCopyright_; }
+
+    /// Fills the labels.
+    void Event_Open() override;
+    /// Draws the icon of the program's bundle.
+    virtual void CanvasAppIcon_Paint(Canvas& canvas, Graphics& graphics);
+
+ private:
+    Ref<Canvas> canvasAppIcon_;
+    Ref<Label> labelName_;
+    Ref<Label> labelVersion_;
+    Ref<Label> labelCopyright_;
+};
+
+}  // namespace dunvey

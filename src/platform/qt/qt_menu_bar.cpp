@@ -1,0 +1,94 @@
+#include "platform/qt/qt_menu_bar.h"
+
+#include "platform/menu_caption.h"
+#include "platform/qt/dock.h"
+
+namespace dunvey {
+namespace {
+
+QKeySequence SequenceOf(const std::string& shortcut) {
+    const auto keys = ParseKeyboardShortcut(shortcut);
+    if (!keys) return {};
+    // The toolkit's "Ctrl" is Command where there is such a key.
+    const std::string text = std::string(keys->control ? "Meta+" : "") +
+                             (keys->command ? "Ctrl+" : "") + (keys->option ? "Alt+" : "") +
+                             (keys->shift ? "Shift+" : "") + keys->key;
+    return QKeySequence(QString::fromStdString(text));
+}
+
+QAction::MenuRole RoleOf(const MenuItem& item) {
+    if (dynamic_cast<const QuitMenuItem*>(&item) != nullptr) return QAction::QuitRole;
+    return IsApplicationCommand(item) ? QAction::AboutRole : QAction::NoRole;
+}
+
+}  // namespace
+
+QtMenuBar::QtMenuBar(Ref<dunvey::MenuBar> model, QWidget* window, UserDoor door)
+    : QMenuBar(window), model_(std::move(model)), door_(std::move(door)) {
+    setNativeMenuBar(HasApplicationMenu());
+    for (const MenuOnScreen& menu : MenusOnScreen(*model_, HasApplicationMenu()))
+        AddMenu(menu);
+    AddOpeningKey();
+}
+
+int QtMenuBar::HeightInWindow() const {
+    return isNativeMenuBar() ? 0 : sizeHint().height();
+}
+
+void QtMenuBar::AddMenu(const MenuOnScreen& menu) {
+    QMenu* shown = addMenu(QString::fromStdString(MarkedMenuCaption(*menu.menu)));
+    QList<QAction*> actions;
+    for (const Ref<MenuItem>& item : menu.items)
+        actions.push_back(ActionOf(item));
+    // The system's own bar knows the keys of what stands in its menus alone.
+    if (isNativeMenuBar()) shown->addActions(actions);
+    connect(shown, &QMenu::aboutToShow, this, [this, shown, actions] {
+        if (shown->actions().isEmpty()) shown->addActions(actions);
+        Validate();
+    });
+    connect(shown, &QMenu::aboutToHide, this, [this] { EnableAll(); });
+}
+
+QAction* QtMenuBar::ActionOf(const Ref<MenuItem>& item) {
+    auto* action = new QAction(this);
+    action->setSeparator(item->IsSeparator());
+    if (item->IsSeparator()) return action;
+    action->setText(QString::fromStdString(MarkedCaption(*item)));
+    action->setMenuRole(RoleOf(*item));
+    action->setShortcut(SequenceOf(item->KeyboardShortcut));
+    // A key that is held down doesn't close one window after the other.
+    action->setAutoRepeat(false);
+    if (!item->KeyboardShortcut.empty()) parentWidget()->addAction(action);
+    connect(action, &QAction::triggered, this,
+            [this, item] { door_([&](UserAction key) { item->Choose(key); }); });
+    commands_.push_back({item, action});
+    return action;
+}
+
+void QtMenuBar::AddOpeningKey() {
+    auto* open = new QAction(this);
+    open->setShortcut(Qt::Key_F10);
+    parentWidget()->addAction(open);
+    connect(open, &QAction::triggered, this, [this] {
+        if (!actions().isEmpty()) setActiveAction(actions().first());
+    });
+}
+
+void QtMenuBar::Validate() {
+    door_([this](UserAction) {
+        for (const Ref<MenuItem>& menu : model_->Items())
+            if (menu) menu->Validate();
+    });
+    for (const Command& command : commands_) {
+        command.action->setText(QString::fromStdString(MarkedCaption(*command.item)));
+        command.action->setEnabled(command.item->Enabled);
+    }
+}
+
+void QtMenuBar::EnableAll() {
+    // A shortcut is judged when it is pressed.
+    for (const Command& command : commands_)
+        command.action->setEnabled(true);
+}
+
+}  // namespace dunvey

@@ -1,0 +1,109 @@
+#include "platform/dock_window.h"
+
+#include <sys/stat.h>
+
+#include "app/app.h"
+#include "persistence/preferences.h"
+#include "support/world.h"
+
+namespace dunvey {
+namespace {
+
+class DockTest : public test::World {
+ protected:
+    DockTest() { Application::Register(app_); }
+    ~DockTest() override { Application::Register(nullptr); }
+
+    static UserAction User() { return Key::ByUser(); }
+    static std::string Uri(const std::string& path) { return "file://" + path; }
+    std::string Line(const DockWindow& dock) const {
+        for (const Ref<RectControl>& control : dock.Controls())
+            if (control->Name() == "line") return control.As<Label>()->Text();
+        return "no line";
+    }
+    Ref<DockWindow> Shown() {
+        const Ref<DockWindow> dock = New<DockWindow>();
+        user_->ExpectWindow(dock->Title(), {});
+        dock->Show();
+        return dock;
+    }
+
+    class Key : public Desktop {
+     public:
+        using Desktop::ByUser;
+    };
+    const Ref<App> app_ = New<App>();
+};
+
+TEST_F(DockTest, OnlyLocalFilesOfTheFourKindsAreDocuments) {
+    const std::string document = folder_.Write("a b.indd", "");
+    const std::string book = folder_.Write("\xFF%.INDB", "");
+    const std::string foreign = folder_.Write("picture.png", "");
+    folder_.MakeFolder("folder.indd");
+    ASSERT_EQ(mkfifo((folder_ / "pipe.indd").c_str(), 0600), 0);
+    ASSERT_EQ(symlink("a b.indd", (folder_ / "link.indt").c_str()), 0);
+    const std::vector<std::string> words = {Uri(folder_ / "a%20b.indd"),
+                                            book,
+                                            foreign,
+                                            Uri(folder_.Path()),
+                                            folder_ / "folder.indd",
+                                            folder_ / "pipe.indd",
+                                            folder_ / "link.indt",
+                                            folder_ / "gone.indd",
+                                            "https://example.org/a.indd",
+                                            "file://elsewhere/a.indd",
+                                            "a b.indd",
+                                            "",
+                                            "file:///%00.indd"};
+    EXPECT_EQ(DocumentsAmong(words, app_->DocumentExtensions()),
+              (std::vector<std::string>{document, book, folder_ / "link.indt"}));
+    EXPECT_EQ(DocumentsAmong({foreign}, {}), std::vector<std::string>{foreign})
+        << "any file where no extensions are given";
+}
+
+TEST_F(DockTest, AMixedDropIsOneRunOfItsDocuments) {
+    Installed("CS6", "8.0.1");
+    std::vector<std::string> words = {folder_.Path(), folder_.Write("picture.png", "")};
+    for (int i = 0; i < 1000; ++i)
+        words.push_back(Document(std::to_string(i) + ".indd", 8)->NativePath());
+    user_->Later([&] {
+        const Ref<DockWindow> dock = Shown();
+        dock->Take(User(), words);
+        EXPECT_TRUE(dock->IsClosed()) << "it goes at once";
+        dock->Take(User(), words);
+    });
+    EXPECT_EQ(loop_.Run(*app_), 0);
+    ASSERT_EQ(OpenCalls().size(), 2U) << "the start, and the version that runs";
+    EXPECT_EQ(OpenCalls()[0].size(), 1002U);
+}
+
+TEST_F(DockTest, WhatIsNoDocumentIsRefusedInWords) {
+    const Ref<DockWindow> dock = Shown();
+    const std::string before = Line(*dock);
+    const std::vector<std::string> foreign = {folder_.Write("picture.png", "")};
+    EXPECT_FALSE(dock->Drag(User(), foreign));
+    EXPECT_NE(Line(*dock), before);
+    EXPECT_TRUE(dock->Drag(User(), {folder_.Write("a.indd", "")}));
+    EXPECT_EQ(Line(*dock), before);
+    dock->Take(User(), foreign);
+    EXPECT_FALSE(dock->IsClosed());
+    EXPECT_NE(Line(*dock), before);
+    EXPECT_EQ(loop_.UntilNext(), std::nullopt) << "no run has begun";
+    EXPECT_THROW(dock->Dismiss(User()), EndException);
+}
+
+TEST_F(DockTest, ClosingItEndsTheProgramAndSavesThePreferences) {
+    const std::string name = Application::ExecutableFile()->Name();
+    user_->Later([this] {
+        const Ref<DockWindow> dock = Shown();
+        Preferences::gAllowOpenHigherVersion = true;
+        dock->Dismiss(User());
+    });
+    EXPECT_EQ(loop_.Run(*app_), 0);
+    EXPECT_NE(folder_.Read("config/" + name + "/" + name + ".pref").find("true"),
+              std::string::npos);
+    Preferences::gAllowOpenHigherVersion = false;
+}
+
+}  // namespace
+}  // namespace dunvey

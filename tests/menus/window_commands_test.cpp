@@ -1,0 +1,114 @@
+#include "menus/main_menu_bar.h"
+#include "platform/message_dialog.h"
+#include "platform/window.h"
+#include "support/menu_world.h"
+
+namespace dunvey {
+namespace {
+
+class PlainWindow : public Window {
+ public:
+    PlainWindow() : Window({200, 100}) { SetTitle("plain"); }
+    void Event_Close() override { ++closings; }
+    int closings = 0;
+};
+
+class WindowCommands : public test::MenuWorld {
+ protected:
+    WindowCommands() { application_->SetMenuBar(bar_); }
+
+    /// The window's commands that are enabled, by their first letters: Close, Minimize, Zoom.
+    std::string Enabled() const {
+        std::string letters;
+        for (const Ref<MenuItem>& menu : bar_->Items())
+            menu->Validate();
+        for (const char* name : {"FileClose", "WindowMinimize", "WindowZoom"})
+            if (bar_->Find(name)->Enabled) letters += MenuCaptionOf(name);
+        return letters;
+    }
+    bool Choose(const char* name) const { return MenuWorld::Choose(bar_->Find(name)); }
+    /// Shows the window, holding the program up; the steps must close it.
+    void ShowModal(Window& window, const std::function<void()>& step) {
+        user_->ExpectWindow(window.Title(), {[step](Window&) { step(); }});
+        window.ShowModal();
+    }
+    Ref<PlainWindow> Shown() {
+        const Ref<PlainWindow> window = New<PlainWindow>();
+        user_->ExpectWindow("plain", {});
+        window->Show();
+        return window;
+    }
+
+    const Ref<MenuBar> bar_ = New<MainMenuBar>();
+
+ private:
+    char MenuCaptionOf(const char* name) const { return bar_->Find(name)->Text[0]; }
+};
+
+TEST_F(WindowCommands, FollowTheButtonsOfTheTitleBarButForClosing) {
+    PlainWindow window;
+    window.CloseButton = window.MinimizeButton = false;
+    EXPECT_EQ(Enabled(), "");
+    ShowModal(window, [&] {
+        EXPECT_EQ(Enabled(), "C") << "also without a close button";
+        window.MinimizeButton = window.MaximizeButton = true;
+        EXPECT_EQ(Enabled(), "CMZ");
+        EXPECT_TRUE(Choose("FileClose"));
+        EXPECT_EQ(Enabled(), "") << "it is over, though not yet gone";
+        EXPECT_FALSE(Choose("FileClose"));
+    });
+    EXPECT_EQ(window.closings, 1);
+}
+
+TEST_F(WindowCommands, GoToTheWindowInFrontAndNeverPastADialog) {
+    const Ref<PlainWindow> below = Shown();
+    const Ref<PlainWindow> above = Shown();
+    user_->ExpectMessage("asked", headless::ScriptedDesktop::Answer::Action,
+                         [&](const MessageDialog&) {
+                             below->Show();
+                             EXPECT_EQ(Enabled(), "") << "nothing comes in front of a dialog";
+                             EXPECT_FALSE(Choose("FileClose"));
+                             EXPECT_TRUE(Choose("WindowBringAlltoFront"));
+                         });
+    MsgBox("asked");
+    below->Show();
+    EXPECT_TRUE(Choose("FileClose"));
+    EXPECT_TRUE(below->IsClosed());
+    EXPECT_FALSE(above->IsClosed());
+    EXPECT_TRUE(Choose("FileClose"));
+    EXPECT_TRUE(above->IsClosed());
+    EXPECT_FALSE(Choose("FileClose"));
+}
+
+TEST_F(WindowCommands, AShownWindowLivesUntilItHasClosedOrTheDesktopGoes) {
+    std::weak_ptr<Window> closed = Shown().Shared();
+    EXPECT_FALSE(closed.expired());
+    EXPECT_TRUE(Choose("FileClose"));
+    EXPECT_TRUE(closed.expired());
+    std::weak_ptr<Window> left = Shown().Shared();
+    Desktop::Install(nullptr);
+    EXPECT_TRUE(left.expired());
+    EXPECT_EQ(Enabled(), "");
+    auto desktop = std::make_unique<headless::ScriptedDesktop>();
+    user_ = desktop.get();
+    Desktop::Install(std::move(desktop));
+}
+
+TEST_F(WindowCommands, EscapeClosesAWindowThatCanOnlyBeClosed) {
+    struct Row {
+        bool close, minimize, maximize, closes;
+    };
+    for (const Row& row : {Row{true, false, false, true}, Row{true, true, false, false},
+                           Row{true, false, true, false}, Row{false, false, false, false}}) {
+        const Ref<PlainWindow> window = Shown();
+        window->CloseButton = row.close;
+        window->MinimizeButton = row.minimize;
+        window->MaximizeButton = row.maximize;
+        EXPECT_EQ(user_->Escape(*window), row.closes);
+        EXPECT_EQ(window->IsClosed(), row.closes);
+        window->Close();
+    }
+}
+
+}  // namespace
+}  // namespace dunvey
