@@ -21,6 +21,8 @@ Ref<Bitmap> DecodePng(std::string_view bytes) {
     QByteArray data = QByteArray::fromRawData(bytes.data(), static_cast<int>(bytes.size()));
     QBuffer buffer(&data);
     QImageReader reader(&buffer, "png");
+    // Otherwise the toolkit loads what it has for other formats first.
+    reader.setAutoDetectImageFormat(false);
     const QSize size = reader.size();
     if (std::max(size.width(), size.height()) > kLongestSide) return nullptr;
     const QImage image = reader.read();
@@ -49,16 +51,6 @@ IconSource IconFileSource(const std::string& path) {
 
 IconSource ThemeSource(const QString& name) {
     return [name](const QSize& size) { return ImageOf(QIcon::fromTheme(name), size); };
-}
-
-IconSource StyleSource(QStyle::StandardPixmap picture) {
-    return [picture](const QSize& size) {
-        QImage image = ImageOf(QApplication::style()->standardIcon(picture), size);
-        // Enlarged it would be coarse.
-        const bool isLarge =
-            std::max(image.width(), image.height()) >= std::min(size.width(), size.height());
-        return isLarge ? image : QImage();
-    };
 }
 
 }  // namespace dunvey

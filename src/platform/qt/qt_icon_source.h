@@ -2,7 +2,6 @@
 
 #include <QImage>
 #include <QString>
-#include <QStyle>
 #include <functional>
 #include <string>
 
@@ -16,8 +15,6 @@ using IconSource = std::function<QImage(const QSize&)>;
 IconSource IconFileSource(const std::string& path);
 /// The icon theme's picture of that name.
 IconSource ThemeSource(const QString& name);
-/// A picture of the style's own; none in a size larger than the style has it.
-IconSource StyleSource(QStyle::StandardPixmap picture);
 /// The operating system's picture for a file, a folder or a name with an extension. Where the
 /// system goes by names the file isn't looked at.
 IconSource SystemSource(const QString& path);

@@ -97,7 +97,7 @@ Ref<NSImage> QtIconForFile(const std::string& path) {
 
 Ref<NSImage> QtIconForFileType(const std::string& type) {
     if (type == "'caut'") {
-        return New<SourcedImage>(std::vector{StyleSource(QStyle::SP_MessageBoxWarning)},
+        return New<SourcedImage>(std::vector{ThemeSource(QStringLiteral("dialog-warning"))},
                                  IconDrawing::Caution);
     }
     return FileImage(type, QStringLiteral("file.") + QString::fromStdString(type));

@@ -1,5 +1,6 @@
 #include "platform/qt/qt_style.h"
 
+#include <QApplication>
 #include <QPainter>
 #include <QStyleOption>
 
@@ -37,6 +38,23 @@ void QtStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option
     const double round = element == PE_PanelButtonCommand ? 2.5 : 1;
     painter->drawRoundedRect(QRectF(option->rect).adjusted(0.5, 0.5, -0.5, -0.5), round, round);
     painter->restore();
+}
+
+QIcon QtStyle::standardIcon(StandardPixmap icon, const QStyleOption* option,
+                            const QWidget* widget) const {
+    if (icon != SP_ToolBarHorizontalExtensionButton) {
+        return QProxyStyle::standardIcon(icon, option, widget);
+    }
+    // Every menu bar asks for it when it is made, and the style's own is in a file, for which the
+    // toolkit loads all that it has for pictures.
+    constexpr int kSide = 16;
+    QPixmap arrow(kSide, kSide);
+    arrow.fill(Qt::transparent);
+    QPainter painter(&arrow);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(QApplication::palette().color(QPalette::ButtonText), 2));
+    painter.drawPolyline(QPolygon({{5, 3}, {10, 8}, {5, 13}}));
+    return QIcon(arrow);
 }
 
 }  // namespace dunvey

@@ -15,6 +15,8 @@ class QtStyle final : public QProxyStyle {
     void polish(QPalette& palette) override;
     void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                        const QWidget* widget) const override;
+    QIcon standardIcon(StandardPixmap icon, const QStyleOption* option,
+                       const QWidget* widget) const override;
 };
 
 }  // namespace dunvey
