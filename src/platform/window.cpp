@@ -42,34 +42,30 @@ void Window::Apply(const Size& before) {
     Changed();
 }
 
-void Window::SetHeight(int64_t height) {
+void Window::ChangeSide(int64_t& side, int64_t length) {
     const Size before = Actual();
-    wanted_.Height = height;
+    side = length;
     Apply(before);
+}
+
+void Window::SetHeight(int64_t height) {
+    ChangeSide(wanted_.Height, height);
 }
 
 void Window::SetMinHeight(int64_t height) {
-    const Size before = Actual();
-    minimum_.Height = height;
-    Apply(before);
+    ChangeSide(minimum_.Height, height);
 }
 
 void Window::SetMinWidth(int64_t width) {
-    const Size before = Actual();
-    minimum_.Width = width;
-    Apply(before);
+    ChangeSide(minimum_.Width, width);
 }
 
 void Window::SetMaxWidth(int64_t width) {
-    const Size before = Actual();
-    maximum_.Width = width;
-    Apply(before);
+    ChangeSide(maximum_.Width, width);
 }
 
 void Window::SetMaxHeight(int64_t height) {
-    const Size before = Actual();
-    maximum_.Height = height;
-    Apply(before);
+    ChangeSide(maximum_.Height, height);
 }
 
 void Window::Resize(UserAction, Size size) {

@@ -127,6 +127,8 @@ class Window : public Observable, public Responder, public std::enable_shared_fr
     bool CanPerform(const Selector& action) const;
     Size Actual() const;
     void Apply(const Size& before);
+    /// Assigns a width or a height of one of the sizes below, and has the controls follow.
+    void ChangeSide(int64_t& side, int64_t length);
     Ref<PushButton> Button(bool (PushButton::*is)() const) const;
 
     Size design_;

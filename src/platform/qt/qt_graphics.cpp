@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "platform/qt/qt_bitmap.h"
 #include "platform/qt/qt_text.h"
 
 namespace dunvey {
@@ -18,11 +19,9 @@ void DrawPictureAt(QPainter& painter, const Picture& picture, const QPoint& plac
     const double scale = painter.device()->devicePixelRatioF();
     const Bitmap& bitmap = picture.PixelsFor(scale);
     if (bitmap.Pixels.empty()) return;
-    const QImage image(reinterpret_cast<const uchar*>(bitmap.Pixels.data()),
-                       static_cast<int>(bitmap.Width), static_cast<int>(bitmap.Height),
-                       QImage::Format_ARGB32_Premultiplied);
     painter.setRenderHint(QPainter::SmoothPixmapTransform);
-    painter.drawImage(ToQRect(place.x(), place.y(), picture.Width(), picture.Height()), image);
+    painter.drawImage(ToQRect(place.x(), place.y(), picture.Width(), picture.Height()),
+                      ImageOf(bitmap));
 }
 
 void QtGraphics::FillRect(int64_t x, int64_t y, int64_t width, int64_t height) {
