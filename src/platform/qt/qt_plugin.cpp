@@ -3,7 +3,8 @@
 
 extern "C" __attribute__((visibility("default"))) dunvey::Desktop* DunveyMakeDesktop() {
     // The toolkit aborts the whole process where it finds no display.
-    if (!dunvey::CanReachDisplay()) {
+    const std::optional<dunvey::DisplayHold> hold = dunvey::ReachDisplay();
+    if (!hold) {
         throw dunvey::DesktopUnavailableException(
             "No display can be reached, so nothing can be asked or shown. Start Dunvey in a "
             "desktop "

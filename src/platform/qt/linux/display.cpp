@@ -16,11 +16,10 @@
 namespace dunvey {
 namespace {
 
-bool ReachesX11() {
-    xcb_connection_t* connection = xcb_connect(nullptr, nullptr);
-    const bool reached = xcb_connection_has_error(connection) == 0;
-    xcb_disconnect(connection);
-    return reached;
+std::optional<DisplayHold> ReachX11() {
+    const DisplayHold connection(xcb_connect(nullptr, nullptr), xcb_disconnect);
+    if (xcb_connection_has_error(static_cast<xcb_connection_t*>(connection.get())) != 0) return {};
+    return connection;
 }
 
 bool ReachesWayland() {
@@ -49,13 +48,15 @@ bool HasPlatform(const QString& name) {
     return !folder.entryList({QStringLiteral("libq%1*.so").arg(name)}).isEmpty();
 }
 
-/// Whether a platform by its name, such as "xcb" or "wayland-egl:options", can start. Those that
-/// need no server can.
-bool CanStart(const std::string& name) {
-    if (name.starts_with("xcb")) return ReachesX11();
-    if (name.starts_with("wayland"))
-        return ReachesWayland() && HasPlatform(QStringLiteral("wayland"));
-    return HasPlatform(QString::fromStdString(NthField(name, ":", 1)));
+/// What a platform by its name, such as "xcb" or "wayland-egl:options", can start on. Those that
+/// need no server always can.
+std::optional<DisplayHold> Reach(const std::string& name) {
+    if (name.starts_with("xcb")) return ReachX11();
+    const bool canStart = name.starts_with("wayland")
+                              ? ReachesWayland() && HasPlatform(QStringLiteral("wayland"))
+                              : HasPlatform(QString::fromStdString(NthField(name, ":", 1)));
+    if (!canStart) return {};
+    return DisplayHold();
 }
 
 /// The platforms that the toolkit was told to use, in its own order of trying.
@@ -66,18 +67,20 @@ std::vector<std::string> WantedPlatforms() {
 
 }  // namespace
 
-bool CanReachDisplay() {
+std::optional<DisplayHold> ReachDisplay() {
     for (const std::string& name : WantedPlatforms()) {
-        if (!name.empty() && CanStart(name)) return true;
+        if (name.empty()) continue;
+        if (const std::optional<DisplayHold> hold = Reach(name)) return hold;
     }
     // Sessions name what they have themselves, and a remote login inherits that: any server that
     // answers will do.
     for (const char* name : {"xcb", "wayland"}) {
-        if (!CanStart(name)) continue;
+        const std::optional<DisplayHold> hold = Reach(name);
+        if (!hold) continue;
         setenv("QT_QPA_PLATFORM", name, 1);
-        return true;
+        return hold;
     }
-    return false;
+    return {};
 }
 
 }  // namespace dunvey

@@ -2,8 +2,8 @@
 
 namespace dunvey {
 
-bool CanReachDisplay() {
-    return true;
+std::optional<DisplayHold> ReachDisplay() {
+    return DisplayHold();
 }
 
 }  // namespace dunvey
