@@ -2,6 +2,7 @@
 #include "platform/desktop.h"
 #include "platform/desktop_plugin.h"
 #include "platform/event_loop.h"
+#include "platform/font_settings.h"
 #include "platform/launch_documents.h"
 #include "platform/process_setup.h"
 
@@ -9,8 +10,15 @@ using namespace dunvey;
 
 namespace {
 
+void PrepareQtDesktop() {
+    FontSettings::ReadAhead();
+}
+
 std::unique_ptr<Desktop> LoadQtDesktop() {
-    return LoadDesktopPlugin("libDunveyQt.so");
+    FontSettings::ReadAhead();
+    std::unique_ptr<Desktop> desktop = LoadDesktopPlugin("libDunveyQt.so");
+    FontSettings::Await();
+    return desktop;
 }
 
 }  // namespace
@@ -18,7 +26,7 @@ std::unique_ptr<Desktop> LoadQtDesktop() {
 int main(int argc, char** argv) {
     SetUpProcess();
     EventLoop loop;
-    Desktop::SetLoader(&LoadQtDesktop);
+    Desktop::SetLoader(&LoadQtDesktop, &PrepareQtDesktop);
     KeepLaunchWords({argv + (argc > 0 ? 1 : 0), argv + argc});
     return _Main();
 }

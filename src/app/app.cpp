@@ -3,6 +3,7 @@
 #include "chooser/about_window.h"
 #include "chooser/window1.h"
 #include "persistence/preferences.h"
+#include "platform/desktop.h"
 
 namespace dunvey {
 
@@ -25,6 +26,7 @@ bool App::_FileAbout_Action() {
 
 void App::createNewWindow(int64_t idx, bool IsBootingApp, bool IsBootingOtherApp, bool IsInstalled,
                           bool NeedJudgment) {
+    Desktop::Prepare();
     const Ref<Window1> window = New<Window1>();
     window->idx = idx;
     window->IsBootingApp = IsBootingApp;

@@ -8,14 +8,20 @@ namespace dunvey {
 namespace {
 
 Desktop::Loader loadDesktop = nullptr;
+void (*prepareDesktop)() = nullptr;
 // Never destroyed with the process: where the toolkit ends that from below, windows still stand on
 // it. An orderly end takes it away.
 Desktop* installed = nullptr;
 
 }  // namespace
 
-void Desktop::SetLoader(Loader loader) {
+void Desktop::SetLoader(Loader loader, void (*prepare)()) {
     loadDesktop = loader;
+    prepareDesktop = prepare;
+}
+
+void Desktop::Prepare() {
+    if (installed == nullptr && prepareDesktop != nullptr) prepareDesktop();
 }
 
 void Desktop::Install(std::unique_ptr<Desktop> desktop) {

@@ -64,9 +64,11 @@ class Desktop {
     virtual int64_t CompareTexts(const std::string& text1, const std::string& text2) = 0;
 
     using Loader = std::unique_ptr<Desktop> (*)();
-    /// Names what makes the desktop at its first use. The loader raises DesktopUnavailableException
-    /// where there is no screen.
-    static void SetLoader(Loader loader);
+    /// Names what makes the desktop at its first use, and what begins to prepare that, if anything.
+    /// The loader raises DesktopUnavailableException where there is no screen.
+    static void SetLoader(Loader loader, void (*prepare)() = nullptr);
+    /// Tells that a desktop will be needed after some other work.
+    static void Prepare();
     /// Puts a desktop in place, nullptr takes it away.
     static void Install(std::unique_ptr<Desktop> desktop);
     /// The desktop, loaded now if need be. Raises DesktopUnavailableException.
