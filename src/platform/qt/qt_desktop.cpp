@@ -23,9 +23,12 @@ int argumentCount = 1;
 char argument[] = "Dunvey";
 char* argumentList[] = {argument, nullptr};
 
-/// High-resolution drawing must be chosen ahead of the toolkit's application; later versions of the
-/// toolkit always have it.
-void PrepareScaling() {
+/// What must be chosen ahead of the toolkit's application. High-resolution drawing later versions
+/// of it always have.
+void PrepareToolkit() {
+    // Else each menu bar asks the session for one that shows the menus of all programs, even where
+    // it is told to stay in its window.
+    QCoreApplication::setAttribute(Qt::AA_DontUseNativeMenuBar, !HasApplicationMenu());
 #if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
     QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling, Application::SupportsHiDPI());
     QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps, Application::SupportsHiDPI());
@@ -41,7 +44,7 @@ bool IsAnythingShown() {
 
 }  // namespace
 
-QtApplication::QtApplication() : QApplication((PrepareScaling(), argumentCount), argumentList) {
+QtApplication::QtApplication() : QApplication((PrepareToolkit(), argumentCount), argumentList) {
     // With it on, the end of the first modal window would end all that follow, unseen.
     setQuitOnLastWindowClosed(false);
     // The desktop entry of the packages: its icon stands for the windows.
