@@ -1,4 +1,7 @@
 #include <algorithm>
+#include <bit>
+#include <cstddef>
+#include <cstring>
 #include <iterator>
 
 #include "persistence/json_exception.h"
@@ -10,6 +13,26 @@ namespace dunvey {
 namespace {
 
 constexpr int kDeepest = 1000;
+
+/// A bit in each byte of the word that is `byte`. Those above the lowest may be wrong.
+constexpr uint64_t BytesThatAre(char byte, uint64_t word) {
+    constexpr uint64_t kOnes = 0x0101010101010101;
+    const uint64_t zeroThere = word ^ kOnes * static_cast<uint8_t>(byte);
+    return (zeroThere - kOnes) & ~zeroThere & kOnes << 7;
+}
+
+/// The first quote or backslash.
+const char* EndOfPlain(const char* at, const char* end) {
+    uint64_t word = 0;
+    for (; end - at >= std::ptrdiff_t{sizeof word}; at += sizeof word) {
+        std::memcpy(&word, at, sizeof word);
+        const uint64_t found = BytesThatAre('"', word) | BytesThatAre('\\', word);
+        if (found != 0) return at + std::countr_zero(found) / 8;
+    }
+    while (at < end && *at != '"' && *at != '\\')
+        ++at;
+    return at;
+}
 
 }  // namespace
 
@@ -56,40 +79,59 @@ std::string_view JSONParser::ParseGet(int64_t& position, int64_t count) const {
     return got;
 }
 
-void JSONParser::skipWhiteSpace(int64_t& position) const {
-    for (;; ++position) {
-        const int byte = Peek(position);
-        if (byte != ' ' && byte != '\n' && byte != '\t' && byte != '\r') return;
-    }
-}
-
-Variant JSONParser::parseValue(int64_t& position) {
+void JSONParser::parseValue(int64_t& position) {
     const int first = Peek(position);
     switch (first) {
         case '"':
-            return parseString(position);
-        case '{':
-            return parseObject(position);
-        case '[':
-            return parseArray(position);
-        case kEnd:
-            return {};
-        default:
+            values_.emplace_back(parseString(position), TextEncoding::None);
             break;
+        case '{':
+            values_.emplace_back(parseObject(position));
+            break;
+        case '[':
+            values_.emplace_back(parseArray(position));
+            break;
+        case kEnd:
+            values_.emplace_back();
+            break;
+        default:
+            if (first == '-' || (first >= '0' && first <= '9')) {
+                parseNumber(position);
+            } else {
+                parseWord(position);
+            }
     }
-    if (first == '-' || (first >= '0' && first <= '9')) return parseNumber(position);
+}
+
+/// One of the three words.
+void JSONParser::parseWord(int64_t& position) {
     const int64_t start = position;
     const std::string_view token = ParseGet(position, 4);
-    if (token == "true") return true;
-    if (token == "null") return {};
-    const bool wasFalse = token == "fals" && Take(position) == 'e';
-    if (wasFalse) return false;
-    if (token != "fals") position = start;
-    throw JSONException("Illegal Value", 10, position);
+    if (token == "true") {
+        values_.emplace_back(true);
+    } else if (token == "null") {
+        values_.emplace_back();
+    } else if (token == "fals" && Take(position) == 'e') {
+        values_.emplace_back(false);
+    } else {
+        if (token != "fals") position = start;
+        throw JSONException("Illegal Value", 10, position);
+    }
+}
+
+/// An item; those below the first share slabs that grow with their number.
+Ref<JSONItem> JSONParser::NewItem() {
+    constexpr size_t kMostPlaces = 256;
+    if (depth_ == 0) return New<JSONItem>();
+    if (!slab_ || slab_->IsFull()) {
+        places_ = std::min(places_ * 2, kMostPlaces);
+        slab_ = std::make_shared<JSONSlab>(places_);
+    }
+    return Ref<JSONItem>(std::allocate_shared<JSONItem>(JSONSlabAllocator<JSONItem>(slab_)));
 }
 
 Ref<JSONItem> JSONParser::parseObject(int64_t& position) {
-    Ref<JSONItem> item = New<JSONItem>();
+    Ref<JSONItem> item = NewItem();
     if (Take(position) != '{') throw JSONException("Missing {", 4, position);
     const Nesting nesting(*this, position);
     skipWhiteSpace(position);
@@ -105,11 +147,11 @@ Ref<JSONItem> JSONParser::parseObject(int64_t& position) {
 void JSONParser::parseMembers(int64_t& position) {
     for (;;) {
         skipWhiteSpace(position);
-        values_.push_back(parseString(position));
+        values_.emplace_back(parseString(position), TextEncoding::None);
         skipWhiteSpace(position);
         if (Take(position) != ':') throw JSONException("Missing :", 5, position);
         skipWhiteSpace(position);
-        values_.push_back(parseValue(position));
+        parseValue(position);
         skipWhiteSpace(position);
         const int byte = Take(position);
         if (byte == '}') return;
@@ -118,7 +160,7 @@ void JSONParser::parseMembers(int64_t& position) {
 }
 
 Ref<JSONItem> JSONParser::parseArray(int64_t& position) {
-    Ref<JSONItem> item = New<JSONItem>();
+    Ref<JSONItem> item = NewItem();
     if (Take(position) != '[') throw JSONException("Unsupported Format", 1, position);
     const Nesting nesting(*this, position);
     item->_mIsArray = true;
@@ -135,7 +177,7 @@ Ref<JSONItem> JSONParser::parseArray(int64_t& position) {
 void JSONParser::parseElements(int64_t& position) {
     for (;;) {
         skipWhiteSpace(position);
-        values_.push_back(parseValue(position));
+        parseValue(position);
         skipWhiteSpace(position);
         const int byte = Take(position);
         if (byte == ']') return;
@@ -143,45 +185,51 @@ void JSONParser::parseElements(int64_t& position) {
     }
 }
 
-/// The number of bytes from the position on that stand for themselves in a string.
-size_t JSONParser::PlainLength(int64_t position) const {
+/// The bytes from the position on that stand for themselves in a string.
+std::string_view JSONParser::TakePlain(int64_t& position) const {
     const char* begin = bytes_.data() + position;
-    const char* end = bytes_.data() + bytes_.size();
-    return static_cast<size_t>(
-        std::find_if(begin, end, [](char c) { return c == '"' || c == '\\'; }) - begin);
+    const char* end = EndOfPlain(begin, bytes_.data() + bytes_.size());
+    position += end - begin;
+    return {begin, static_cast<size_t>(end - begin)};
 }
 
-Variant JSONParser::parseString(int64_t& position) {
+std::string_view JSONParser::parseString(int64_t& position) {
     if (Take(position) != '"') throw JSONException("Missing \"", 7, position);
-    const std::string_view plain = ParseGet(position, static_cast<int64_t>(PlainLength(position)));
+    const std::string_view plain = TakePlain(position);
     int byte = Take(position);
-    if (byte != '\\') return {plain, TextEncoding::None};
+    if (byte != '\\') return plain;
     unescaped_.assign(plain);
     for (; byte == '\\'; byte = Take(position)) {
-        unescaped_ += Unescaped(position);
-        unescaped_ += ParseGet(position, static_cast<int64_t>(PlainLength(position)));
+        TakeEscape(position);
+        unescaped_ += TakePlain(position);
     }
-    return {unescaped_, TextEncoding::None};
+    return unescaped_;
 }
 
-/// What the escape behind a backslash stands for.
-std::string JSONParser::Unescaped(int64_t& position) const {
+/// Adds what the escape behind a backslash stands for.
+void JSONParser::TakeEscape(int64_t& position) {
     const int byte = Take(position);
     switch (byte) {
         case '"':
         case '\\':
         case '/':
-            return {static_cast<char>(byte)};
+            unescaped_ += static_cast<char>(byte);
+            return;
         case 'b':
-            return "\b";
+            unescaped_ += '\b';
+            return;
         case 'f':
-            return "\f";
+            unescaped_ += '\f';
+            return;
         case 'n':
-            return "\n";
+            unescaped_ += '\n';
+            return;
         case 'r':
-            return "\r";
+            unescaped_ += '\r';
+            return;
         case 't':
-            return "\t";
+            unescaped_ += '\t';
+            return;
         case 'u':
             break;
         default:
@@ -190,7 +238,7 @@ std::string JSONParser::Unescaped(int64_t& position) const {
     const std::string_view digits = ParseGet(position, 4);
     if (digits.size() < 4) throw JSONException("Illegal Unicode Character Format", 8, position);
     // Each half of a pair stands for itself; alone it is no character.
-    return Chr(static_cast<uint32_t>(HexadecimalValue(digits)));
+    unescaped_ += Chr(static_cast<uint32_t>(HexadecimalValue(digits)));
 }
 
 }  // namespace dunvey

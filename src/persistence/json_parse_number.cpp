@@ -16,12 +16,6 @@ bool IsDigit(int byte) {
     return byte >= '0' && byte <= '9';
 }
 
-/// Whole numbers go through a double, as all others do: beyond 2^53 they lose their last digits.
-Variant IntegerOf(double value) {
-    if (value > 2147483647.0 || value < -2147483648.0) return Truncate(value);
-    return static_cast<int32_t>(value);
-}
-
 }  // namespace
 
 /// What is known of a number while its text is read.
@@ -42,11 +36,15 @@ struct JSONParser::Number {
 
 /// False if there is no digit.
 bool JSONParser::TakeDigits(int64_t& position, Number& number) const {
-    const int64_t start = position;
-    for (int byte = Peek(position); IsDigit(byte); byte = Peek(++position)) {
-        number.digits = number.digits * 10 + static_cast<uint64_t>(byte - '0');
-    }
-    return position > start;
+    const char* const start = bytes_.data() + position;
+    const char* const end = bytes_.data() + bytes_.size();
+    const char* at = start;
+    uint64_t digits = number.digits;
+    for (; at < end && IsDigit(*at); ++at)
+        digits = digits * 10 + static_cast<uint64_t>(*at - '0');
+    number.digits = digits;
+    position += at - start;
+    return at > start;
 }
 
 /// The digits in front of the point. A 0 stands alone, and only "e" may follow it.
@@ -78,7 +76,7 @@ void JSONParser::TakeExponent(int64_t& position, Number& number) const {
         ++position;
 }
 
-Variant JSONParser::parseNumber(int64_t& position) const {
+void JSONParser::parseNumber(int64_t& position) {
     Number number;
     const int64_t start = position;
     const bool negative = Peek(position) == '-';
@@ -97,7 +95,14 @@ Variant JSONParser::parseNumber(int64_t& position) const {
         value = QuickDecimalValue(
             bytes_.substr(static_cast<size_t>(start), static_cast<size_t>(length)));
     }
-    return number.integer ? IntegerOf(value) : Variant(value);
+    // Whole numbers too go through a double: beyond 2^53 they lose their last digits.
+    if (!number.integer) {
+        values_.emplace_back(value);
+    } else if (value > 2147483647.0 || value < -2147483648.0) {
+        values_.emplace_back(Truncate(value));
+    } else {
+        values_.emplace_back(static_cast<int32_t>(value));
+    }
 }
 
 }  // namespace dunvey

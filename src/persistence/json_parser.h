@@ -2,11 +2,13 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "persistence/json_item.h"
+#include "persistence/json_slab.h"
 #include "platform/reference.h"
 #include "platform/variant.h"
 
@@ -23,15 +25,20 @@ class JSONParser {
     std::string_view ParseGet(int64_t& position, int64_t count) const;
     /// The same without moving.
     std::string_view ParsePeek(int64_t position, int64_t count) const;
-    void skipWhiteSpace(int64_t& position) const;
+    void skipWhiteSpace(int64_t& position) const {
+        while (IsWhite(Peek(position)))
+            ++position;
+    }
 
-    Variant parseValue(int64_t& position);
+    /// The value goes behind those that the open object or array has so far.
+    void parseValue(int64_t& position);
     Ref<JSONItem> parseObject(int64_t& position);
     Ref<JSONItem> parseArray(int64_t& position);
-    Variant parseString(int64_t& position);
-    /// A Double if there is a point or an exponent, else an integer of 32 bits or, beyond them,
-    /// of 64.
-    Variant parseNumber(int64_t& position) const;
+    /// Valid until the next string is read.
+    std::string_view parseString(int64_t& position);
+    /// As parseValue: a Double if there is a point or an exponent, else an integer of 32 bits or,
+    /// beyond them, of 64.
+    void parseNumber(int64_t& position);
 
  private:
     class Nesting;
@@ -39,6 +46,9 @@ class JSONParser {
 
     struct Number;
 
+    static bool IsWhite(int byte) {
+        return byte == ' ' || byte == '\n' || byte == '\t' || byte == '\r';
+    }
     int Peek(int64_t position) const {
         const auto at = static_cast<size_t>(position);
         return at < bytes_.size() ? static_cast<unsigned char>(bytes_[at]) : kEnd;
@@ -52,8 +62,10 @@ class JSONParser {
     void TakeWhole(int64_t& position, Number& number) const;
     void TakeFraction(int64_t& position, Number& number) const;
     void TakeExponent(int64_t& position, Number& number) const;
-    size_t PlainLength(int64_t position) const;
-    std::string Unescaped(int64_t& position) const;
+    std::string_view TakePlain(int64_t& position) const;
+    void TakeEscape(int64_t& position);
+    Ref<JSONItem> NewItem();
+    void parseWord(int64_t& position);
     void parseMembers(int64_t& position);
     void parseElements(int64_t& position);
 
@@ -62,6 +74,9 @@ class JSONParser {
     // The values of all containers that are open, so that each gets memory once, of the right size.
     std::vector<Variant> values_;
     std::string unescaped_;  // the text being read, once it has an escape
+    // Where the next item below the first goes, and for how many there is room.
+    std::shared_ptr<JSONSlab> slab_;
+    size_t places_ = 1;
 };
 
 }  // namespace dunvey

@@ -16,7 +16,9 @@ class Dictionary : public Object {
     /// The value under the key. Raises KeyNotFoundException.
     Variant Value(const Variant& key) const;
     /// Adds or replaces.
-    void SetValue(const Variant& key, const Variant& value) { table_.Assign(key, value); }
+    void SetValue(const Variant& key, const Variant& value) {
+        table_.Assign(Variant(key), Variant(value));
+    }
     /// The value under the key, or `defaultValue`.
     Variant Lookup(const Variant& key, const Variant& defaultValue) const;
     bool HasKey(const Variant& key) const { return table_.Find(key) != nullptr; }

@@ -1,5 +1,6 @@
 #include "platform/ordered_table.h"
 
+#include <algorithm>
 #include <bit>
 #include <functional>
 #include <limits>
@@ -44,10 +45,9 @@ uint32_t SlotValue(size_t position) {
 
 size_t OrderedTable::PositionOf(const Variant& key) const {
     if (!index_) {
-        for (size_t i = 0; i < entries_.size(); ++i) {
-            if (entries_[i].Key == key) return i;
-        }
-        return kNowhere;
+        const auto found = std::find_if(entries_.begin(), entries_.end(),
+                                        [&](const Entry& entry) { return entry.Key == key; });
+        return found == entries_.end() ? kNowhere : static_cast<size_t>(found - entries_.begin());
     }
     const uint32_t* slot = SlotOf(key);
     return slot == nullptr ? kNowhere : *slot - kOffset;
@@ -87,7 +87,7 @@ const Variant* OrderedTable::Find(const Variant& key) const {
     return position == kNowhere ? nullptr : &entries_[position].Value;
 }
 
-void OrderedTable::Assign(Variant key, Variant value) {
+void OrderedTable::Assign(Variant&& key, Variant&& value) {
     const size_t position = PositionOf(key);
     if (position != kNowhere) {
         entries_[position].Value = std::move(value);

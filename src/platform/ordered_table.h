@@ -21,7 +21,7 @@ class OrderedTable {
     /// The value under the key, nullptr if there is none; valid until the table changes.
     const Variant* Find(const Variant& key) const;
     /// Replaces the value under the key, which keeps its place, or adds the pair at the end.
-    void Assign(Variant key, Variant value);
+    void Assign(Variant&& key, Variant&& value);
     /// False if there is no such key.
     bool Remove(const Variant& key);
 

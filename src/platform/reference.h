@@ -28,6 +28,8 @@ class Ref {
     /// The object's address, nullptr for nil.
     T* Get() const { return pointer_.get(); }
     const std::shared_ptr<T>& Shared() const { return pointer_; }
+    /// The same, and leaves nil.
+    std::shared_ptr<T> Release() && { return std::move(pointer_); }
 
     /// The same object as a U; nil if it is none.
     template <typename U>

@@ -8,56 +8,75 @@ namespace dunvey {
 
 static_assert(sizeof(Variant) == 16);
 
-Variant::Variant(std::string_view bytes, TextEncoding encoding)
-    : detail_(static_cast<uint8_t>(encoding)) {
+namespace {
+
+template <typename Word>
+uint64_t WordAt(const char* bytes) {
+    Word word = 0;
+    std::memcpy(&word, bytes, sizeof word);
+    return word;
+}
+
+/// The first eight bytes, the lowest first; zeros follow fewer.
+uint64_t FirstBytes(std::string_view text) {
+    const char* bytes = text.data();
+    const size_t size = text.size();
+    if (size >= 8) return WordAt<uint64_t>(bytes);
+    // Two pieces that may overlap.
+    if (size >= 4)
+        return WordAt<uint32_t>(bytes) | WordAt<uint32_t>(bytes + size - 4) << (size - 4) * 8;
+    if (size >= 2)
+        return WordAt<uint16_t>(bytes) | WordAt<uint16_t>(bytes + size - 2) << (size - 2) * 8;
+    return size == 1 ? WordAt<uint8_t>(bytes) : 0;
+}
+
+}  // namespace
+
+Variant::Variant(std::string_view bytes, TextEncoding encoding) {
     if (bytes.size() > kShortTextRoom) {
-        PutLongText(bytes);
-    } else {
-        kind_ = Kind::ShortText;
-        detail_ |= static_cast<uint8_t>(bytes.size() << 4);
-        if (!bytes.empty()) std::memcpy(bytes_, bytes.data(), bytes.size());
+        PutLongText(bytes, encoding);
+        return;
     }
+    const uint64_t second = bytes.size() > 8 ? FirstBytes(bytes.substr(8)) : 0;
+    Put(FirstBytes(bytes),
+        second | uint64_t{static_cast<uint8_t>(encoding)} << kEncodingShift |
+            uint64_t{bytes.size()} << kLengthShift,
+        Kind::ShortText);
 }
 
 Variant::Variant(int elementType, std::vector<Variant> elements) {
     Put(new Array{elementType, std::move(elements)}, Kind::Array);
 }
 
-void Variant::PutLongText(std::string_view text) {
-    const uint64_t size = text.size();
-    char* copy = new char[size];
-    std::memcpy(copy, text.data(), size);
-    Put(copy, Kind::LongText);
-    // Six bytes are room for more than any machine holds. Both systems have the low byte first.
-    std::memcpy(bytes_ + kSizePlace, &size, kShortTextRoom - kSizePlace);
+void Variant::PutLongText(std::string_view text, TextEncoding encoding) {
+    char* copy = new char[text.size()];
+    std::memcpy(copy, text.data(), text.size());
+    // Six bytes are room for a size beyond any machine's.
+    Put(reinterpret_cast<uintptr_t>(copy),
+        uint64_t{text.size()} | uint64_t{static_cast<uint8_t>(encoding)} << kEncodingShift,
+        Kind::LongText);
 }
 
 std::string_view Variant::LongTextBytes() const {
-    uint64_t size = 0;
-    std::memcpy(&size, bytes_ + kSizePlace, kShortTextRoom - kSizePlace);
-    return {Get<const char*>(), size};
+    return {Get<const char*>(), halves_[1] & ((uint64_t{1} << kEncodingShift) - 1)};
 }
 
 void Variant::CopyFrom(const Variant& other) {
-    switch (other.kind_) {
+    switch (other.WhichKind()) {
         case Kind::LongText:
-            PutLongText(other.LongTextBytes());
-            break;
-        case Kind::Object:
-            Put(ObjectHold::TakeAgain(other.Get<Object*>()));
-            break;
+            return PutLongText(other.LongTextBytes(), other.Encoding());
         case Kind::Array:
-            Put(new Array(*other.Get<Array*>()));
-            break;
+            return Put(new Array(*other.Get<Array*>()), Kind::Array);
+        case Kind::Object:
+            return Put(ObjectHold::TakeAgain(other.Get<Object*>()), Kind::Object);
         default:
-            std::memcpy(bytes_, other.bytes_, sizeof bytes_);
+            halves_[0] = other.halves_[0];
+            halves_[1] = other.halves_[1];
     }
-    detail_ = other.detail_;
-    kind_ = other.kind_;
 }
 
 void Variant::ReleaseMemory() noexcept {
-    switch (kind_) {
+    switch (WhichKind()) {
         case Kind::LongText:
             delete[] Get<char*>();
             break;
@@ -67,11 +86,11 @@ void Variant::ReleaseMemory() noexcept {
         default:
             delete Get<Array*>();
     }
-    kind_ = Kind::Nil;
+    halves_[1] = 0;
 }
 
 const Variant::Array& Variant::Elements() const {
-    if (kind_ != Kind::Array) RaiseMismatch("an array");
+    if (WhichKind() != Kind::Array) RaiseMismatch("an array");
     return *Get<const Array*>();
 }
 
@@ -79,13 +98,13 @@ bool Variant::Equals(const Variant& other) const {
     const auto isNumber = [](Kind kind) { return kind >= Kind::Integer32 && kind <= Kind::Double; };
     if (IsText()) return other.IsText() && TextBytes() == other.TextBytes();
     if (IsInteger() && other.IsInteger()) return Int64Value() == other.Int64Value();
-    if (isNumber(kind_) && isNumber(other.kind_)) {
+    if (isNumber(WhichKind()) && isNumber(other.WhichKind())) {
         // Both must agree: as doubles alone, neighbours beyond 2^53 would be equal.
         return DoubleValue() == other.DoubleValue() &&
                (IsInteger() == other.IsInteger() || Int64Value() == other.Int64Value());
     }
-    if (kind_ != other.kind_) return false;
-    switch (kind_) {
+    if (WhichKind() != other.WhichKind()) return false;
+    switch (WhichKind()) {
         case Kind::Boolean:
             return Get<bool>() == other.Get<bool>();
         case Kind::Date:

@@ -22,7 +22,7 @@ class Variant {
  public:
     Variant() noexcept = default;
     Variant(std::nullptr_t) noexcept {}
-    Variant(std::same_as<bool> auto value) noexcept : kind_(Kind::Boolean) { Put(value); }
+    Variant(std::same_as<bool> auto value) noexcept { Put(value, Kind::Boolean); }
     /// A signed integer, or an unsigned one with room to spare, of up to 64 bits.
     template <std::integral T>
     requires(!std::same_as<T, bool> && (std::signed_integral<T> || sizeof(T) < 8)) Variant(T value)
@@ -47,6 +47,10 @@ class Variant {
     Variant(const Ref<T>& object) {
         if (object) Put(ObjectHold::Take(object.Shared()), Kind::Object);
     }
+    template <std::derived_from<Object> T>
+    Variant(Ref<T>&& object) {
+        if (object) Put(ObjectHold::Take(std::move(object).Release()), Kind::Object);
+    }
     /// An array. Its element type is that of T, whatever the array holds.
     template <typename T>
     Variant(const std::vector<T>& array)
@@ -69,14 +73,16 @@ class Variant {
 
     /// The code of VariantType, with the bit of Array for an array.
     int VarType() const {
-        return kind_ == Kind::Array ? VariantType::Array | ArrayElementType()
-                                    : kTypes[static_cast<size_t>(kind_)];
+        return IsArray() ? VariantType::Array | ArrayElementType()
+                         : kTypes[static_cast<size_t>(WhichKind())];
     }
-    bool IsNull() const { return kind_ == Kind::Nil; }
-    bool IsText() const { return kind_ == Kind::ShortText || kind_ == Kind::LongText; }
-    bool IsInteger() const { return kind_ == Kind::Integer32 || kind_ == Kind::Integer64; }
-    bool IsArray() const { return kind_ == Kind::Array; }
-    bool IsObject() const { return kind_ == Kind::Object; }
+    bool IsNull() const { return WhichKind() == Kind::Nil; }
+    bool IsText() const { return WhichKind() == Kind::ShortText || WhichKind() == Kind::LongText; }
+    bool IsInteger() const {
+        return WhichKind() == Kind::Integer32 || WhichKind() == Kind::Integer64;
+    }
+    bool IsArray() const { return WhichKind() == Kind::Array; }
+    bool IsObject() const { return WhichKind() == Kind::Object; }
     /// The type code of an array's elements, VariantType::Nil for elements of any type. Raises
     /// TypeMismatchException for what is no array.
     int ArrayElementType() const { return Elements().type; }
@@ -108,11 +114,14 @@ class Variant {
     /// The bytes and the encoding of a text, as they are; valid while the value stays. No bytes for
     /// other values.
     std::string_view TextBytes() const {
-        if (kind_ == Kind::ShortText) return {bytes_, static_cast<size_t>(detail_ >> 4)};
-        return kind_ == Kind::LongText ? LongTextBytes() : std::string_view();
+        if (WhichKind() == Kind::ShortText) {
+            return {reinterpret_cast<const char*>(halves_), halves_[1] >> kLengthShift & 0xF};
+        }
+        return WhichKind() == Kind::LongText ? LongTextBytes() : std::string_view();
     }
     TextEncoding Encoding() const {
-        return IsText() ? static_cast<TextEncoding>(detail_ & 0xF) : TextEncoding::None;
+        return IsText() ? static_cast<TextEncoding>(halves_[1] >> kEncodingShift & 0xF)
+                        : TextEncoding::None;
     }
     /// The object's address, nullptr for other values.
     Object* ObjectAddress() const { return IsObject() ? Get<Object*>() : nullptr; }
@@ -120,10 +129,10 @@ class Variant {
     /// Numbers are equal by value whatever their types, texts by their bytes, objects if they are
     /// the same one, arrays by type and elements. Values of different kinds are never equal.
     friend bool operator==(const Variant& left, const Variant& right) {
-        if (left.kind_ == Kind::ShortText && right.kind_ == Kind::ShortText) {
+        if (left.WhichKind() == Kind::ShortText && right.WhichKind() == Kind::ShortText) {
             // The bytes behind a short text are zero.
-            return left.detail_ >> 4 == right.detail_ >> 4 &&
-                   std::memcmp(left.bytes_, right.bytes_, kShortTextRoom) == 0;
+            return ((left.halves_[0] ^ right.halves_[0]) |
+                    ((left.halves_[1] ^ right.halves_[1]) & ~kEncodingBits)) == 0;
         }
         return left.Equals(right);
     }
@@ -158,47 +167,53 @@ class Variant {
         std::vector<Variant> elements;
     };
     static constexpr size_t kShortTextRoom = 14;
-    /// Where the size of a long text stands, behind its address.
-    static constexpr size_t kSizePlace = sizeof(char*);
+    // Where things stand in the second half.
+    static constexpr int kEncodingShift = 48;
+    static constexpr int kLengthShift = 52;
+    static constexpr int kKindShift = 56;
+    static constexpr uint64_t kEncodingBits = uint64_t{0xF} << kEncodingShift;
 
     Variant(int elementType, std::vector<Variant> elements);
 
-    template <typename T>
-    void Put(T value) {
-        static_assert(std::is_trivially_copyable_v<T>);
-        std::memcpy(bytes_, &value, sizeof value);
+    Kind WhichKind() const { return static_cast<Kind>(halves_[1] >> kKindShift); }
+    void Put(uint64_t first, uint64_t second, Kind kind) {
+        halves_[0] = first;
+        halves_[1] = second | uint64_t{static_cast<uint8_t>(kind)} << kKindShift;
     }
     template <typename T>
     void Put(T value, Kind kind) {
-        Put(value);
-        kind_ = kind;
+        static_assert(std::is_trivially_copyable_v<T> && sizeof value <= sizeof(uint64_t));
+        uint64_t first = 0;
+        std::memcpy(&first, &value, sizeof value);
+        Put(first, 0, kind);
     }
     template <typename T>
     T Get() const {
         T value;
-        std::memcpy(&value, bytes_, sizeof value);
+        std::memcpy(&value, halves_, sizeof value);
         return value;
     }
 
     void MoveFrom(Variant& other) noexcept {
-        std::memcpy(bytes_, other.bytes_, sizeof bytes_);
-        detail_ = other.detail_;
-        kind_ = std::exchange(other.kind_, Kind::Nil);
+        halves_[0] = other.halves_[0];
+        halves_[1] = std::exchange(other.halves_[1], 0);
     }
     void CopyFrom(const Variant& other);
     void Release() noexcept {
-        if (kind_ >= Kind::LongText) ReleaseMemory();
+        if (WhichKind() >= Kind::LongText) ReleaseMemory();
     }
     void ReleaseMemory() noexcept;
-    void PutLongText(std::string_view text);
+    void PutLongText(std::string_view text, TextEncoding encoding);
     std::string_view LongTextBytes() const;
     const Array& Elements() const;
     bool Equals(const Variant& other) const;
     [[noreturn]] void RaiseMismatch(const char* wanted) const;
 
-    alignas(8) char bytes_[kShortTextRoom] = {};
-    uint8_t detail_ = 0;  // of a text: the encoding below, the length of a short one above
-    Kind kind_ = Kind::Nil;
+    // The value, or the bytes of a short text, or the address of what is elsewhere. Above the last
+    // six bytes stand a text's encoding, the length of a short one and the kind; below them the
+    // size of a long text. Written and moved half by half: a processor waits when it reads as a
+    // whole what was just written in parts. Both systems have the low byte first.
+    uint64_t halves_[2] = {};
 };
 
 template <typename T>

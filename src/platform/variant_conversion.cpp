@@ -42,7 +42,7 @@ void Variant::RaiseMismatch(const char* wanted) const {
 }
 
 bool Variant::BooleanValue() const {
-    switch (kind_) {
+    switch (WhichKind()) {
         case Kind::Boolean:
             return Get<bool>();
         case Kind::ShortText:
@@ -69,7 +69,7 @@ int32_t Variant::Int32Value() const {
 }
 
 int64_t Variant::Int64Value() const {
-    switch (kind_) {
+    switch (WhichKind()) {
         case Kind::Integer32:
             return Get<int32_t>();
         case Kind::Integer64:
@@ -83,11 +83,11 @@ int64_t Variant::Int64Value() const {
 }
 
 float Variant::SingleValue() const {
-    return kind_ == Kind::Single ? Get<float>() : static_cast<float>(DoubleValue());
+    return WhichKind() == Kind::Single ? Get<float>() : static_cast<float>(DoubleValue());
 }
 
 double Variant::DoubleValue() const {
-    switch (kind_) {
+    switch (WhichKind()) {
         case Kind::Nil:
             return 0;
         case Kind::Boolean:
@@ -109,7 +109,7 @@ double Variant::DoubleValue() const {
 }
 
 std::string Variant::StringValue() const {
-    switch (kind_) {
+    switch (WhichKind()) {
         case Kind::Nil:
             return {};
         case Kind::Boolean:

@@ -74,6 +74,22 @@ TEST(JSONParse, AcceptsWhatItMust) {
     });
 }
 
+TEST(JSONParse, FindsTheEndOfStringsOfAnyLength) {
+    for (size_t length = 0; length < 40; ++length) {
+        const std::string plain = "[\"" + std::string(length, 'x') + "\"]";
+        EXPECT_EQ(Understood(plain), plain);
+        // The text may end anywhere behind it.
+        EXPECT_EQ(Understood(plain.substr(0, length + 2)),
+                  "2 A parsing error occurred at position " + std::to_string(length + 2));
+        // Bytes that differ in one bit from a quote or a backslash.
+        for (const char* escape : {"\\\"", "\\\\", "#", "]", "\xA2", "\xDC"}) {
+            std::string text = plain;
+            text.insert(2 + length / 2, escape);
+            EXPECT_EQ(Understood(text), text);
+        }
+    }
+}
+
 TEST(JSONParse, RefusesWithNumberTextAndPosition) {
     ExpectUnderstood({
         {"42", "1 Parse Error: Expecting '{' or '['"},
@@ -159,6 +175,22 @@ TEST(Parse, KeepsTheTextParsedLast) {
     EXPECT_EQ(item._ParseBuffer->Used(), "{\"a\":1} tail");
     EXPECT_EQ(Raised([&] { item.Load("[x"); }), "10 Illegal Value at position 1");
     EXPECT_EQ(item._ParseBuffer->Used(), "[x");
+}
+
+TEST(Parse, PartsOutliveTheirDocument) {
+    constexpr int kParts = 700;
+    std::string text = "[";
+    for (int i = 0; i < kParts; ++i)
+        text += (i > 0 ? ",{\"a\":[" : "{\"a\":[") + std::to_string(i) + "]}";
+    JSONItem item(text + "]");
+    std::vector<Ref<JSONItem>> kept;
+    for (int i = 0; i < kParts; i += 50)
+        kept.push_back(item.Child(i)->Child("a"));
+    item.Load("[1]");
+    for (size_t i = 0; i < kept.size(); ++i) {
+        kept[i]->Append("more");
+        EXPECT_EQ(kept[i]->ToString(), "[" + std::to_string(i * 50) + ",\"more\"]");
+    }
 }
 
 }  // namespace
