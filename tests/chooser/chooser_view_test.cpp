@@ -37,7 +37,7 @@ TEST_F(Chooser, WhatIsPassedOnAndShownInEachSituation) {
     const auto document = Document("a.indd", 8);
     for (const Row& row : kRows) {
         SCOPED_TRACE(row.name);
-        system(("rm -rf '" + (folder_ / "Applications") + "'/*").c_str());
+        ASSERT_EQ(system(("rm -rf '" + (folder_ / "Applications") + "'/*").c_str()), 0);
         for (const std::string& suffix : row.installed)
             Installed(suffix, suffix == "CS6" ? "8.1.0" : "9.2.0");
         Running(row.running);

@@ -46,7 +46,7 @@ TEST_F(Chooser, MarksTheRowsThatMayOpenTheDocumentAndSelectsTheBest) {
     headless::TheMachine().commandKey = true;
     for (const Row& row : kRows) {
         SCOPED_TRACE(row.name);
-        system(("rm -rf '" + (folder_ / "Applications") + "'/*").c_str());
+        ASSERT_EQ(system(("rm -rf '" + (folder_ / "Applications") + "'/*").c_str()), 0);
         for (const Version& version : row.installed)
             Installed(version.suffix, version.text);
         Running(row.running);

@@ -56,7 +56,7 @@ class Display {
         manager_ = fork();
         if (manager_ == 0) {
             setenv("DISPLAY", Name().c_str(), 1);
-            freopen("/dev/null", "w", stderr);
+            if (freopen("/dev/null", "w", stderr) == nullptr) _exit(127);
             execlp("openbox", "openbox", nullptr);
             _exit(127);
         }
