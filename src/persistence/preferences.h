@@ -26,7 +26,7 @@ extern Ref<PrefsClass> Prefs;
 void Initialize(const std::string& appName);
 /// Reads the values at the start. With both the Option and the Command key held down the file is
 /// deleted first. Where the file can't be used, for whatever reason, all values are the default
-/// ones and nothing is said.
+/// ones and nothing is said; one that couldn't be read isn't written in the end either.
 void Raed();
 /// Writes the values at the end; a failure is not told.
 void Save();

@@ -62,7 +62,14 @@ bool PrefsClass::Load() {
     if (!folder->Exists()) folder->CreateAsFolder();
     mPrefsFile = folder->Child(mAppName + ".pref");
     if (!mPrefsFile->Exists()) return false;
-    const bool accepted = LoadDocument();
+    bool accepted = false;
+    try {
+        accepted = LoadDocument();
+    } catch (const IOException&) {
+        // What couldn't be read now may be read at the next start: it isn't to be replaced.
+        mPrefsFile = nullptr;
+        throw;
+    }
     // Nothing can be set in an array.
     if (mPrefs->IsArray()) mPrefs = EmptyDocument();
     return accepted;

@@ -21,7 +21,7 @@ class PrefsClass {
     /// Reads the file, after making its folder if need be. False if there is none or it holds no
     /// JSON. A file of more than 1 MiB, or one that would be so large when
     /// written, counts as one that holds none; an array on top as an empty document. Raises
-    /// IOException if the file can't be read.
+    /// IOException if the file can't be read; Save then leaves it alone.
     virtual bool Load();
 
     /// What `preferences[name]` gives: read or assigned through Get and Set.
@@ -42,7 +42,7 @@ class PrefsClass {
     virtual Variant operator[](const std::string& name) const { return Get(name); }
     virtual Preference operator[](const std::string& name) { return {*this, name}; }
 
-    /// Writes the document over the file. False if Load or Remove hasn't named the file yet or the
+    /// Writes the document over the file. False if Load or Remove hasn't named the file, or the
     /// file can't be written.
     virtual bool Save();
     /// Adds or replaces.

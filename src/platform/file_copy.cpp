@@ -31,13 +31,13 @@ int CopyFile(const std::string& source, const std::string& target) {
     if (!from) return error;
     struct stat status;
     if (fstat(from.Get(), &status) != 0) return errno;
-    FileDescriptor to(open(target.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC,
-                           status.st_mode & static_cast<mode_t>(0777)));
+    FileDescriptor to =
+        OpenFile(target, O_WRONLY | O_CREAT | O_EXCL, status.st_mode & static_cast<mode_t>(0777));
     if (!to) return errno;
     error = CopyBytes(from.Get(), to.Get());
     const int closing = to.Close();
     if (error == 0) error = closing;
-    if (error != 0) unlink(target.c_str());
+    if (error != 0) Uninterrupted([&] { return unlink(target.c_str()); });
     return error;
 }
 

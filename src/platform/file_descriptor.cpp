@@ -4,17 +4,21 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <cerrno>
-
 namespace dunvey {
 
 int FileDescriptor::Close() {
     const int number = std::exchange(number_, -1);
-    return number >= 0 && close(number) != 0 ? errno : 0;
+    if (number < 0 || close(number) == 0) return 0;
+    return errno == EINTR ? 0 : errno;
+}
+
+FileDescriptor OpenFile(const std::string& path, int flags, mode_t mode) {
+    return FileDescriptor(
+        Uninterrupted([&] { return open(path.c_str(), flags | O_CLOEXEC, mode); }));
 }
 
 FileDescriptor OpenRegularFile(const std::string& path, int& error) {
-    FileDescriptor file(open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
+    FileDescriptor file = OpenFile(path, O_RDONLY | O_NONBLOCK | O_NOCTTY);
     struct stat status;
     if (!file || fstat(file.Get(), &status) != 0) {
         error = errno;
@@ -27,8 +31,8 @@ FileDescriptor OpenRegularFile(const std::string& path, int& error) {
 ssize_t ReadFully(int descriptor, char* buffer, size_t count) {
     size_t done = 0;
     while (done < count) {
-        const ssize_t got = read(descriptor, buffer + done, count - done);
-        if (got < 0 && errno == EINTR) continue;
+        const ssize_t got =
+            Uninterrupted([&] { return read(descriptor, buffer + done, count - done); });
         if (got < 0) return -1;
         if (got == 0) break;
         done += static_cast<size_t>(got);
@@ -38,8 +42,8 @@ ssize_t ReadFully(int descriptor, char* buffer, size_t count) {
 
 int WriteFully(int descriptor, std::string_view bytes) {
     while (!bytes.empty()) {
-        const ssize_t written = write(descriptor, bytes.data(), bytes.size());
-        if (written < 0 && errno == EINTR) continue;
+        const ssize_t written =
+            Uninterrupted([&] { return write(descriptor, bytes.data(), bytes.size()); });
         if (written < 0) return errno;
         bytes.remove_prefix(static_cast<size_t>(written));
     }

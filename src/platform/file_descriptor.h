@@ -2,12 +2,22 @@
 
 #include <sys/types.h>
 
+#include <cerrno>
 #include <cstddef>
 #include <string>
 #include <string_view>
 #include <utility>
 
 namespace dunvey {
+
+/// Makes a system call, again for as long as it is interrupted by a signal.
+template <typename Call>
+auto Uninterrupted(Call&& call) {
+    for (;;) {
+        const auto result = call();
+        if (result != -1 || errno != EINTR) return result;
+    }
+}
 
 /// Owns a file descriptor and closes it in the end. -1 is none.
 class FileDescriptor {
@@ -23,12 +33,15 @@ class FileDescriptor {
     int Get() const { return number_; }
     explicit operator bool() const { return number_ >= 0; }
     /// Closes it now. Returns 0 or the errno of the close, where some file systems report a failed
-    /// write.
+    /// write. To be interrupted is no failure of it.
     int Close();
 
  private:
     int number_;
 };
+
+/// Opens a file as the system does. None on failure, with errno set.
+FileDescriptor OpenFile(const std::string& path, int flags, mode_t mode = 0);
 
 /// Opens a regular file for reading without ever waiting for it: a FIFO or a device is refused with
 /// EINVAL, a folder with EISDIR. On failure the descriptor is none and `error` the errno.

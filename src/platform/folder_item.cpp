@@ -4,9 +4,11 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <array>
 #include <cerrno>
 
 #include "platform/file_copy.h"
+#include "platform/file_descriptor.h"
 
 namespace dunvey {
 namespace {
@@ -36,6 +38,12 @@ std::string Tidied(const std::string& path) {
     return tidy.empty() ? "/" : tidy;
 }
 
+/// Returns 0 or the errno.
+int Look(const std::string& path, bool followsLinks, struct stat& status) {
+    const auto look = followsLinks ? &stat : &lstat;
+    return Uninterrupted([&] { return look(path.c_str(), &status); }) == 0 ? 0 : errno;
+}
+
 }  // namespace
 
 FolderItem::FolderItem(std::string path)
@@ -46,13 +54,15 @@ std::string FolderItem::Name() const {
 }
 
 bool FolderItem::Exists() const {
+    constexpr std::array kNowhere = {ENOENT, ENOTDIR, ELOOP, ENAMETOOLONG};
     struct stat status;
-    return (followsLinks_ ? &stat : &lstat)(path_.c_str(), &status) == 0;
+    const int error = Look(path_, followsLinks_, status);
+    return std::find(kNowhere.begin(), kNowhere.end(), error) == kNowhere.end();
 }
 
 bool FolderItem::Directory() const {
     struct stat status;
-    return (followsLinks_ ? &stat : &lstat)(path_.c_str(), &status) == 0 && S_ISDIR(status.st_mode);
+    return Look(path_, followsLinks_, status) == 0 && S_ISDIR(status.st_mode);
 }
 
 int64_t FolderItem::Count() const {
@@ -83,15 +93,17 @@ void FolderItem::CopyFileTo(const FolderItem& destination) const {
 }
 
 void FolderItem::CreateAsFolder() const {
-    lastErrorCode_ = mkdir(path_.c_str(), 0777) == 0 ? 0 : errno;
+    const int result = Uninterrupted([this] { return mkdir(path_.c_str(), 0777); });
+    lastErrorCode_ = result == 0 ? 0 : errno;
 }
 
 void FolderItem::Delete() const {
-    if (unlink(path_.c_str()) == 0 || rmdir(path_.c_str()) == 0) {
-        lastErrorCode_ = 0;
-    } else {
-        lastErrorCode_ = errno;
+    int result = Uninterrupted([this] { return unlink(path_.c_str()); });
+    // What the two homes say of a folder.
+    if (result != 0 && (errno == EISDIR || errno == EPERM)) {
+        result = Uninterrupted([this] { return rmdir(path_.c_str()); });
     }
+    lastErrorCode_ = result == 0 ? 0 : errno;
 }
 
 std::string FolderItem::ShellPath() const {

@@ -17,7 +17,9 @@ class FolderItem : public Object {
 
     /// The last path component with its extension; "/" for the root.
     std::string Name() const;
-    /// Whether the path leads to something; a link that leads nowhere doesn't.
+    /// Whether the path leads to something; a link that leads nowhere doesn't. Where the system
+    /// can't tell, it is taken to be there: whoever uses it meets the failure, and nothing is
+    /// passed over in silence.
     bool Exists() const;
     /// Whether it is a folder. An item from TrueItem that is a link is none.
     bool Directory() const;

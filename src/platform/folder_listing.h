@@ -13,7 +13,7 @@ namespace dunvey {
 /// linear.
 class FolderListing {
  public:
-    /// The names without "." and ".."; empty if the folder can't be read.
+    /// The names without "." and ".."; as far as the folder can be read.
     const std::vector<std::string>& Names(const std::string& folder);
 
  private:

@@ -12,6 +12,7 @@
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
+#include <ctime>
 #include <vector>
 
 #include "platform/anonymous_file.h"
@@ -27,8 +28,23 @@ constexpr size_t kArgumentLimit = 131'071;
 constexpr rlim_t kStackForArguments = 24 * 1024 * 1024;
 constexpr int kScriptDescriptor = 3;
 
-void Complain(const char* what, int error) {
-    std::fprintf(stderr, "Dunvey: %s: %s. The command was not run.\n", what, std::strerror(error));
+/// Why a command was not run.
+struct Hindrance {
+    const char* what = nullptr;
+    int error = 0;
+
+    explicit operator bool() const { return error != 0; }
+    /// Whether it may well be over in a moment.
+    bool IsPassing() const {
+        constexpr std::array kPassing = {EAGAIN, EINTR, EMFILE, ENFILE, ENOMEM};
+        return std::find(kPassing.begin(), kPassing.end(), error) != kPassing.end();
+    }
+};
+
+/// The command stands in it: for a launch it names the documents that weren't opened.
+void Complain(const Hindrance& hindrance, const std::string& command) {
+    std::fprintf(stderr, "Dunvey: %s: %s. This was not run: %s\n", hindrance.what,
+                 std::strerror(hindrance.error), command.c_str());
 }
 
 /// Raises the limit of the stack's size, which commands inherit, and puts it back in the end.
@@ -102,14 +118,20 @@ struct Pipe {
     FileDescriptor writing;
 };
 
-/// Both ends are kept from commands; neither is 0, 1, 2 or the script's.
-bool MakePipe(Pipe& made) {
+/// A double that is kept from commands and isn't 0, 1, 2 or the script's.
+FileDescriptor Lifted(int descriptor) {
+    return FileDescriptor(fcntl(descriptor, F_DUPFD_CLOEXEC, kScriptDescriptor + 1));
+}
+
+/// Returns 0 or the errno.
+int MakePipe(Pipe& made) {
     std::array<int, 2> ends;
-    if (pipe(ends.data()) != 0) return false;
+    if (pipe(ends.data()) != 0) return errno;
     const FileDescriptor low[] = {FileDescriptor(ends[0]), FileDescriptor(ends[1])};
-    made.reading = FileDescriptor(fcntl(ends[0], F_DUPFD_CLOEXEC, kScriptDescriptor + 1));
-    made.writing = FileDescriptor(fcntl(ends[1], F_DUPFD_CLOEXEC, kScriptDescriptor + 1));
-    return made.reading && made.writing;
+    made.reading = Lifted(ends[0]);
+    if (!made.reading) return errno;
+    made.writing = Lifted(ends[1]);
+    return made.writing ? 0 : errno;
 }
 
 std::string ReadAll(int descriptor) {
@@ -124,43 +146,46 @@ std::string ReadAll(int descriptor) {
     }
 }
 
-/// Starts the shell; false if that failed, which has then been said.
-bool StartShell(const std::string& command, int output, pid_t& process) {
+Hindrance StartShell(const std::string& command, int output, pid_t& process) {
+    constexpr const char* kNoShell = "The shell can't be started";
     SpawnPlan plan(output);
     if (command.size() <= kArgumentLimit) {
-        const int error = plan.Start(process, {"sh", "-c", command.c_str()});
-        if (error != 0) Complain("The shell can't be started", error);
-        return error == 0;
+        return {kNoShell, plan.Start(process, {"sh", "-c", command.c_str()})};
     }
     const FileDescriptor made = MakeAnonymousFile(command);
-    const FileDescriptor script(made ? fcntl(made.Get(), F_DUPFD_CLOEXEC, kScriptDescriptor + 1)
-                                     : -1);
-    if (!script) {
-        Complain("A long command can't be kept", errno);
-        return false;
-    }
+    const FileDescriptor script = made ? Lifted(made.Get()) : FileDescriptor();
+    if (!script) return {"A long command can't be kept", errno};
     plan.PassScript(script.Get());
     const RoomForArguments room;
-    const int error = plan.Start(process, {"sh", "/dev/fd/3"});
-    if (error != 0) Complain("The shell can't be started", error);
-    return error == 0;
+    return {kNoShell, plan.Start(process, {"sh", "/dev/fd/3"})};
+}
+
+Hindrance Run(const std::string& command, std::string& result) {
+    Pipe output;
+    if (const int error = MakePipe(output)) return {"No pipe for the output of a command", error};
+    pid_t process = 0;
+    const Hindrance hindrance = StartShell(command, output.writing.Get(), process);
+    if (hindrance) return hindrance;
+    output.writing.Close();
+    result = ReadAll(output.reading.Get());
+    // A command that goes on writing after a failed read would otherwise wait for ever.
+    output.reading.Close();
+    Uninterrupted([process] { return waitpid(process, nullptr, 0); });
+    return {};
 }
 
 }  // namespace
 
 void Shell::Execute(const std::string& command) {
+    constexpr int kAttempts = 4;
+    constexpr timespec kPause{0, 50'000'000};
     result_.clear();
-    Pipe output;
-    if (!MakePipe(output)) {
-        Complain("No pipe for the output of a command", errno);
-        return;
+    Hindrance hindrance = Run(command, result_);
+    for (int i = 1; i < kAttempts && hindrance.IsPassing(); ++i) {
+        nanosleep(&kPause, nullptr);
+        hindrance = Run(command, result_);
     }
-    pid_t process = 0;
-    if (!StartShell(command, output.writing.Get(), process)) return;
-    output.writing.Close();
-    result_ = ReadAll(output.reading.Get());
-    while (waitpid(process, nullptr, 0) < 0 && errno == EINTR) {
-    }
+    if (hindrance) Complain(hindrance, command);
 }
 
 }  // namespace dunvey

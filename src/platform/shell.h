@@ -11,8 +11,9 @@ class Shell {
     /// Runs the command line and returns when it has ended. It may be longer than one argument can
     /// be; what the shell then hands to one command may have about 6 MiB, and for that the commands
     /// inherit a soft stack limit of 24 MiB where it was lower. Standard input is empty,
-    /// standard error is the program's own. If the shell can't be started, standard error says so
-    /// and Result is empty.
+    /// standard error is the program's own. If the shell can't be started, also not after a moment
+    /// where the machine was short of something, standard error says so with the command, and
+    /// Result is empty.
     void Execute(const std::string& command);
 
     /// The standard output of the command.

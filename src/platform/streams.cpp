@@ -22,8 +22,7 @@ namespace {
 }
 
 FileDescriptor OpenForWriting(const std::string& path, int flags, int& error) {
-    FileDescriptor file(
-        open(path.c_str(), flags | O_CLOEXEC | O_NONBLOCK | O_NOCTTY, static_cast<mode_t>(0666)));
+    FileDescriptor file = OpenFile(path, flags | O_NONBLOCK | O_NOCTTY, 0666);
     struct stat status;
     if (!file || fstat(file.Get(), &status) != 0) {
         error = errno;
@@ -92,20 +91,30 @@ Ref<TextOutputStream> TextOutputStream::Create(const Ref<FolderItem>& item) {
     return New<TextOutputStream>(std::move(file), Resolved(path), true);
 }
 
+int TextOutputStream::WriteAt(off_t place, std::string_view text) {
+    if (lseek(file_.Get(), place, SEEK_SET) < 0) return errno;
+    return WriteFully(file_.Get(), text);
+}
+
+int TextOutputStream::Cut(off_t size) {
+    return Uninterrupted([&] { return ftruncate(file_.Get(), size); }) == 0 ? 0 : errno;
+}
+
 int TextOutputStream::PutInPlace() {
     const std::string_view text = text_;
     const off_t end = lseek(file_.Get(), 0, SEEK_END);
     if (end < 0) return errno;
     const auto oldSize = static_cast<size_t>(end);
     if (text.size() > oldSize) {
-        const int error = WriteFully(file_.Get(), text.substr(oldSize));
+        const int error = WriteAt(end, text.substr(oldSize));
         // The error to tell is the first one.
-        if (error != 0) return ftruncate(file_.Get(), end), error;
+        if (error != 0) return Cut(end), error;
     }
-    if (lseek(file_.Get(), 0, SEEK_SET) < 0) return errno;
-    const int error = WriteFully(file_.Get(), text.substr(0, oldSize));
-    if (error != 0 || text.size() >= oldSize) return error;
-    return ftruncate(file_.Get(), static_cast<off_t>(text.size())) == 0 ? 0 : errno;
+    // Half of the new text over the old one is worse than either, so a failure isn't taken at once.
+    int error = WriteAt(0, text.substr(0, oldSize));
+    if (error != 0) error = WriteAt(0, text.substr(0, oldSize));
+    if (error != 0) return Cut(end), error;
+    return text.size() < oldSize ? Cut(static_cast<off_t>(text.size())) : 0;
 }
 
 int TextOutputStream::Finish() {
@@ -113,7 +122,7 @@ int TextOutputStream::Finish() {
     const int placing = PutInPlace();
     const int closing = file_.Close();
     const int error = placing != 0 ? placing : closing;
-    if (error != 0 && created_) unlink(path_.c_str());
+    if (error != 0 && created_) Uninterrupted([this] { return unlink(path_.c_str()); });
     return error;
 }
 

@@ -50,7 +50,7 @@ class TextInputStream {
 /// Writes a text file. The text is gathered and put in place when the stream is closed: what goes
 /// beyond the old text's end first, then the rest over the old text, then the cut. So a disk that
 /// is full leaves the old text as it was, and no fault leaves an empty file where a whole one
-/// stood.
+/// stood. What one write of two can't put over the old text is written once more.
 class TextOutputStream {
  public:
     /// Creates the file or opens the one that stands there. Raises IOException.
@@ -66,9 +66,11 @@ class TextOutputStream {
     ~TextOutputStream();
 
  private:
-    /// Both return 0 or the errno.
+    /// All return 0 or the errno.
     int Finish();
     int PutInPlace();
+    int WriteAt(off_t place, std::string_view text);
+    int Cut(off_t size);
 
     FileDescriptor file_;
     std::string path_;

@@ -9,7 +9,8 @@ namespace dunvey::InDesign {
 
 /// Hands documents to an application in one shell command and returns when that has ended. `files`
 /// holds the ShellPath of each document, joined by blanks, and goes out unchanged. Nothing happens
-/// for an application that is nil or doesn't exist, or for an empty text; no failure is reported.
+/// for an application that is nil or doesn't exist, or for an empty text. No failure is reported
+/// but on standard error.
 void OpenWith(const Ref<FolderItem>& application, const std::string& files);
 
 }  // namespace dunvey::InDesign

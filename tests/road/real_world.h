@@ -103,13 +103,8 @@ class RealWorld : public ::testing::Test {
     /// Starts the program on the words; 0 if that doesn't work.
     pid_t Start(const std::vector<std::string>& words,
                 const std::vector<std::string>& extraVariables = {}) {
-        std::vector<std::string> variables = {
-            "HOME=" + folder_.Path(), "XDG_CONFIG_HOME=" + folder_.Path() + "/config",
-            "DUNVEY_RECORD=" + folder_.Path() + "/records", "PATH=/usr/local/bin:/usr/bin:/bin",
-            std::string("LSAN_OPTIONS=print_suppressions=0:suppressions=") + DUNVEY_LEAKS};
-        variables.insert(variables.end(), extraVariables.begin(), extraVariables.end());
-        std::vector<std::string> arguments = {"Dunvey"};
-        arguments.insert(arguments.end(), words.begin(), words.end());
+        std::vector<std::string> variables = Variables(extraVariables);
+        std::vector<std::string> arguments = Arguments(words);
         posix_spawn_file_actions_t actions;
         posix_spawn_file_actions_init(&actions);
         posix_spawn_file_actions_addopen(&actions, STDERR_FILENO, (folder_ / "stderr").c_str(),
@@ -119,6 +114,29 @@ class RealWorld : public ::testing::Test {
                                       Pointers(arguments).data(), Pointers(variables).data());
         posix_spawn_file_actions_destroy(&actions);
         return error == 0 ? process : 0;
+    }
+
+    /// The environment of a start.
+    std::vector<std::string> Variables(const std::vector<std::string>& extra) const {
+        std::vector<std::string> variables = {
+            "HOME=" + folder_.Path(), "XDG_CONFIG_HOME=" + folder_.Path() + "/config",
+            "DUNVEY_RECORD=" + folder_.Path() + "/records", "PATH=/usr/local/bin:/usr/bin:/bin",
+            std::string("LSAN_OPTIONS=print_suppressions=0:suppressions=") + DUNVEY_LEAKS};
+        variables.insert(variables.end(), extra.begin(), extra.end());
+        return variables;
+    }
+    static std::vector<std::string> Arguments(const std::vector<std::string>& words) {
+        std::vector<std::string> arguments = {"Dunvey"};
+        arguments.insert(arguments.end(), words.begin(), words.end());
+        return arguments;
+    }
+    /// What a start takes: a nil behind the last.
+    static std::vector<char*> Pointers(std::vector<std::string>& texts) {
+        std::vector<char*> pointers;
+        for (std::string& text : texts)
+            pointers.push_back(text.data());
+        pointers.push_back(nullptr);
+        return pointers;
     }
 
     std::vector<Record> Records() const { return ReadRecords(folder_ / "records"); }
@@ -152,13 +170,6 @@ class RealWorld : public ::testing::Test {
  private:
     static constexpr std::string_view kProduct = "Adobe InDesign ";
 
-    static std::vector<char*> Pointers(std::vector<std::string>& texts) {
-        std::vector<char*> pointers;
-        for (std::string& text : texts)
-            pointers.push_back(text.data());
-        pointers.push_back(nullptr);
-        return pointers;
-    }
     static void CopyRecorder(const std::string& target) {
         const std::string command = std::string("cp '") + DUNVEY_RECORDER + "' '" + target + "'";
         ASSERT_EQ(system(command.c_str()), 0);

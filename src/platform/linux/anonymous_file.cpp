@@ -8,7 +8,7 @@
 namespace dunvey {
 
 FileDescriptor MakeAnonymousFile(std::string_view contents) {
-    FileDescriptor file(memfd_create("command", MFD_CLOEXEC));
+    FileDescriptor file(Uninterrupted([] { return memfd_create("command", MFD_CLOEXEC); }));
     if (!file) return file;
     const int error = WriteFully(file.Get(), contents);
     if (error != 0 || lseek(file.Get(), 0, SEEK_SET) != 0) {

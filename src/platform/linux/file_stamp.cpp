@@ -2,6 +2,8 @@
 
 #include <sys/stat.h>
 
+#include "platform/file_descriptor.h"
+
 namespace dunvey {
 namespace {
 
@@ -13,7 +15,7 @@ int64_t Nanoseconds(const timespec& time) {
 
 std::optional<FileStamp> StampOf(const std::string& path) {
     struct stat status;
-    if (stat(path.c_str(), &status) != 0) return std::nullopt;
+    if (Uninterrupted([&] { return stat(path.c_str(), &status); }) != 0) return std::nullopt;
     return FileStamp{status.st_dev, status.st_ino, Nanoseconds(status.st_mtim),
                      Nanoseconds(status.st_ctim)};
 }

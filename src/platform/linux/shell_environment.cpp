@@ -30,7 +30,7 @@ const std::string& Helpers() {
         try {
             const Ref<FolderItem> helpers =
                 Application::ExecutableFile()->Parent()->Parent()->Child("Helpers");
-            if (helpers->Directory()) return PathEntry(helpers) + ":";
+            if (helpers->Exists()) return PathEntry(helpers) + ":";
             std::fprintf(stderr, "Dunvey: its folder \"%s\" is missing. Install Dunvey again.\n",
                          helpers->NativePath().c_str());
         } catch (const IOException& failure) {

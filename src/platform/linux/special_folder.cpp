@@ -8,6 +8,8 @@
 #include <memory>
 #include <string>
 
+#include "platform/file_descriptor.h"
+
 namespace dunvey::SpecialFolder {
 namespace {
 
@@ -26,7 +28,7 @@ std::string Home() {
 void MakeFolders(const std::string& path) {
     for (size_t end = 0; end != std::string::npos;) {
         end = path.find('/', end + 1);
-        mkdir(path.substr(0, end).c_str(), 0700);
+        Uninterrupted([&] { return mkdir(path.substr(0, end).c_str(), 0700); });
     }
 }
 

@@ -7,6 +7,8 @@
 #include <cstdlib>
 #include <memory>
 
+#include "platform/file_descriptor.h"
+
 namespace dunvey {
 namespace {
 
@@ -35,7 +37,8 @@ std::optional<Bundle> Bundle::At(const std::string& path) {
     if (!real) return std::nullopt;
     bundle.realPrograms_ = real.get();
     struct stat status;
-    if (stat(real.get(), &status) == 0 && S_ISDIR(status.st_mode)) return bundle;
+    if (Uninterrupted([&] { return stat(real.get(), &status); }) != 0) return std::nullopt;
+    if (S_ISDIR(status.st_mode)) return bundle;
     errno = ENOTDIR;
     return std::nullopt;
 }

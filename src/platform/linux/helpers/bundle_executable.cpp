@@ -52,7 +52,7 @@ bool IsFileName(const std::string& name) {
 
 std::string ProblemWith(const std::string& path, const std::string& propertyList) {
     struct stat status;
-    if (stat(path.c_str(), &status) != 0) {
+    if (Uninterrupted([&] { return stat(path.c_str(), &status); }) != 0) {
         if (errno != ENOENT)
             return Quoted(path) + " can't be reached: " + std::strerror(errno) + ".";
         return "the executable " + Quoted(path) +

@@ -33,8 +33,9 @@ std::vector<pid_t> ProcessesOf(const Bundle& bundle, const ProcessList& processe
     return ids;
 }
 
-bool IsRunning(const Bundle& bundle, const ProcessList& processes) {
+std::optional<bool> IsRunning(const Bundle& bundle, const ProcessList& processes) {
     const std::vector<pid_t> ids = processes.Ids();
+    if (ids.empty()) return std::nullopt;
     // The newest first: an application is most often asked about when it has just been started.
     return std::any_of(ids.rbegin(), ids.rend(),
                        [&](pid_t id) { return BelongsTo(bundle, processes, id); });

@@ -62,9 +62,10 @@ void EnterHomeFolder() {
         dup2(emptyDevice, stream);
     CloseInheritedOnExec();
     EnterHomeFolder();
-    execv(arguments[0], arguments);
+    Uninterrupted([arguments] { return execv(arguments[0], arguments); });
     const int error = errno;
-    _exit(write(problemPipe, &error, sizeof error) == sizeof error ? EXIT_FAILURE : EXIT_SUCCESS);
+    WriteFully(problemPipe, {reinterpret_cast<const char*>(&error), sizeof error});
+    _exit(EXIT_FAILURE);
 }
 
 /// The kernel closes the pipe a little before the new program's words can be read. Without them a
@@ -84,22 +85,34 @@ void WaitUntilVisible(pid_t child) {
 /// Gives back an errno once the child has become the program or has failed.
 int OutcomeOf(pid_t child, FileDescriptor problems) {
     int error = 0;
-    if (ReadFully(problems.Get(), reinterpret_cast<char*>(&error), sizeof error) == 0) {
+    const ssize_t count = ReadFully(problems.Get(), reinterpret_cast<char*>(&error), sizeof error);
+    // Without a message it runs, and mustn't be waited for.
+    if (count != static_cast<ssize_t>(sizeof error)) {
         WaitUntilVisible(child);
         return 0;
     }
-    while (waitpid(child, nullptr, 0) < 0 && errno == EINTR)
-        continue;
+    Uninterrupted([child] { return waitpid(child, nullptr, 0); });
     return error;
 }
 
 /// Takes the places of missing standard streams, so that no other descriptor gets one of them.
 /// Returns the empty device on a place behind them.
 FileDescriptor OpenEmptyDevice() {
-    int descriptor = open("/dev/null", O_RDWR | O_CLOEXEC);
+    int descriptor = Uninterrupted([] { return open("/dev/null", O_RDWR | O_CLOEXEC); });
     while (descriptor >= 0 && descriptor < kFirstUnshared)
-        descriptor = dup(descriptor);
+        descriptor = Uninterrupted([descriptor] { return dup(descriptor); });
     return FileDescriptor(descriptor);
+}
+
+/// As fork does, but a machine that is short of processes or memory gets some moments to recover.
+pid_t ForkPatiently() {
+    constexpr timespec kPause{0, 50'000'000};
+    pid_t child = Uninterrupted(&fork);
+    for (int i = 1; i < 4 && child < 0 && (errno == EAGAIN || errno == ENOMEM); ++i) {
+        nanosleep(&kPause, nullptr);
+        child = Uninterrupted(&fork);
+    }
+    return child;
 }
 
 }  // namespace
@@ -115,7 +128,7 @@ int StartDetached(const std::string& path, const std::vector<std::string>& words
     if (!emptyDevice || pipe2(ends, O_CLOEXEC) != 0) return errno;
     FileDescriptor problems(ends[0]);
     FileDescriptor problemPipe(ends[1]);
-    const pid_t child = fork();
+    const pid_t child = ForkPatiently();
     if (child < 0) return errno;
     if (child == 0) BecomeProgram(arguments.data(), emptyDevice.Get(), problemPipe.Get());
     problemPipe.Close();

@@ -46,7 +46,8 @@ InterpreterLine Parse(std::string_view line) {
 InterpreterLine ReadInterpreterLine(const std::string& path) {
     struct stat status;
     // Asked ahead of the opening: to open some devices is already to act on them.
-    if (stat(path.c_str(), &status) != 0 || !S_ISREG(status.st_mode)) return {};
+    if (Uninterrupted([&] { return stat(path.c_str(), &status); }) != 0) return {};
+    if (!S_ISREG(status.st_mode)) return {};
     int error = 0;
     const FileDescriptor file = OpenRegularFile(path, error);
     if (!file) return {};

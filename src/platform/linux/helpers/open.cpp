@@ -83,7 +83,11 @@ std::string Open(Call call) {
         return Quoted(call.application) + " is no application, its folder Contents/MacOS can't be" +
                " reached: " + std::strerror(errno) + ". Check the path, or install it again.";
     }
-    if (call.onlyIfNotRunning && IsRunning(*bundle, ProcessList())) return {};
+    if (call.onlyIfNotRunning) {
+        const std::optional<bool> isRunning = IsRunning(*bundle, ProcessList());
+        if (!isRunning) return "the processes can't be read from /proc. Is it mounted?";
+        if (*isRunning) return {};
+    }
     const BundleExecutable executable = ExecutableOf(*bundle);
     if (executable.path.empty()) return executable.problem;
     if (!MakeAbsolute(call.files)) {
@@ -106,5 +110,7 @@ int main(int argumentCount, char** arguments) {
     const std::string problem = dunvey::Open(*call);
     if (problem.empty()) return 0;
     dunvey::Complain("open", problem);
+    for (const std::string& file : call->files)
+        dunvey::Complain("open", "not opened: " + dunvey::Quoted(file));
     return 1;
 }

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cerrno>
 #include <charconv>
 #include <climits>
 #include <cstdlib>
@@ -124,19 +125,33 @@ std::string ScriptAmong(const std::vector<std::string>& words, const std::string
     return script;
 }
 
-}  // namespace
-
-ProcessList::ProcessList() : folder_(open("/proc", O_RDONLY | O_DIRECTORY | O_CLOEXEC)) {}
-
-std::vector<pid_t> ProcessList::Ids() const {
+/// The ids in the order of the system; none if it doesn't tell all of them.
+std::vector<pid_t> ReadIds() {
     std::vector<pid_t> ids;
     const std::unique_ptr<DIR, FolderCloser> entries(opendir("/proc"));
-    while (const dirent* entry = entries ? readdir(entries.get()) : nullptr) {
+    if (!entries) return ids;
+    errno = 0;
+    while (const dirent* entry = readdir(entries.get())) {
         const std::string_view name = entry->d_name;
         pid_t id = 0;
         const auto [end, error] = std::from_chars(name.data(), name.data() + name.size(), id);
         if (error == std::errc() && end == name.data() + name.size()) ids.push_back(id);
+        errno = 0;
     }
+    if (errno != 0) ids.clear();
+    return ids;
+}
+
+}  // namespace
+
+ProcessList::ProcessList() : folder_(OpenFile("/proc", O_RDONLY | O_DIRECTORY)) {}
+
+std::vector<pid_t> ProcessList::Ids() const {
+    // Without its folder nothing could be told of a process either.
+    if (!folder_) return {};
+    std::vector<pid_t> ids = ReadIds();
+    // What hinders the reading is often over at once.
+    if (ids.empty()) ids = ReadIds();
     std::sort(ids.begin(), ids.end());
     return ids;
 }
@@ -176,9 +191,9 @@ std::string ProcessList::Name(pid_t id) const {
 }
 
 std::string_view ProcessList::Read(const std::string& path, std::span<char> buffer) const {
-    const FileDescriptor file(openat(folder_.Get(), path.c_str(), O_RDONLY | O_CLOEXEC));
-    // The kernel hands over in one piece what fits; a second read would only find the end.
-    const ssize_t count = file ? read(file.Get(), buffer.data(), buffer.size()) : 0;
+    const FileDescriptor file(
+        Uninterrupted([&] { return openat(folder_.Get(), path.c_str(), O_RDONLY | O_CLOEXEC); }));
+    const ssize_t count = file ? ReadFully(file.Get(), buffer.data(), buffer.size()) : 0;
     return {buffer.data(), count > 0 ? static_cast<size_t>(count) : 0};
 }
 
