@@ -1,143 +1,117 @@
 // From the start of the program as users get it to its chooser on the screen, beside a bare program
 // that shows a dialog with a list; and what both take of memory.
-#include <spawn.h>
 #include <sys/resource.h>
-#include <sys/wait.h>
 
-#include <algorithm>
 #include <cstdio>
+#include <cstdlib>
 #include <map>
-#include <memory>
 
 #include "chooser_home.h"
-#include "ratio.h"
+#include "measure.h"
+#include "program.h"
+#include "report.h"
 #include "road/display.h"
 
 namespace dunvey {
 namespace {
 
-constexpr int kRows[] = {5, 50, 300};
-constexpr int kRuns = 31;
+using namespace bench;
 
-const bench::ChooserHome& HomeWith(int versions) {
-    static std::map<int, bench::ChooserHome> homes;
+constexpr int kRows[] = {5, 50, 300};
+
+const ChooserHome& HomeWith(int versions) {
+    static std::map<int, ChooserHome> homes;
     return homes.try_emplace(versions, versions).first->second;
 }
 
-const test::Display& TheDisplay() {
-    static const test::Display display;
-    return display;
-}
+/// The screen a program is shown on.
+struct Screen {
+    std::string platform;
+    std::string display;
+};
 
-/// Peak memory of each run in kilobytes, by what was run.
-std::map<std::string, std::vector<long>> peaks;
-
-bool someFailed = false;
-
-std::vector<char*> Pointers(std::vector<std::string>& texts) {
-    std::vector<char*> pointers;
-    for (std::string& text : texts)
-        pointers.push_back(text.data());
-    pointers.push_back(nullptr);
-    return pointers;
-}
-
-/// Runs the words until the first window is painted; false if there was none.
-bool RunToFirstPaint(const std::string& name, const std::string& platform, const std::string& home,
-                     std::vector<std::string> words) {
+/// Runs the words until the first window is painted, and returns the peak memory in KiB.
+double RunToFirstPaint(const Screen& screen, const std::string& home,
+                       const std::vector<std::string>& words) {
     std::vector<std::string> variables = {
         "HOME=" + home, "XDG_CONFIG_HOME=" + home + "/config", "XDG_CACHE_HOME=" + home + "/cache",
-        "XDG_RUNTIME_DIR=" + home, "PATH=/usr/bin:/bin", "QT_QPA_PLATFORM=" + platform,
+        "XDG_RUNTIME_DIR=" + home, "PATH=/usr/bin:/bin", "QT_QPA_PLATFORM=" + screen.platform,
         // Without a running assistive technology; looking for one would only be noise.
-        "NO_AT_BRIDGE=1", std::string("LD_PRELOAD=") + DUNVEY_FIRST_PAINT};
-    if (platform == "xcb") variables.push_back("DISPLAY=" + TheDisplay().Name());
-    pid_t process = 0;
-    const auto arguments = Pointers(words);
-    if (posix_spawn(&process, arguments[0], nullptr, nullptr, arguments.data(),
-                    Pointers(variables).data()) != 0) {
-        return false;
+        "NO_AT_BRIDGE=1", "QT_LOGGING_RULES=*.warning=false",
+        std::string("LD_PRELOAD=") + DUNVEY_FIRST_PAINT};
+    if (!screen.display.empty()) variables.push_back("DISPLAY=" + screen.display);
+    const Outcome outcome = RunProgram(words, variables);
+    if (outcome.status != 0) {
+        std::fprintf(stderr, "%s painted no window.\n", words[0].c_str());
+        std::exit(1);
     }
-    int status = 0;
-    rusage usage{};
-    wait4(process, &status, 0, &usage);
-    if (status != 0) return false;
-    peaks[name].push_back(usage.ru_maxrss);
-    return true;
+    rusage own{};
+    getrusage(RUSAGE_SELF, &own);
+    if (outcome.peakKilobytes <= own.ru_maxrss) {
+        // What is started counts the memory of the one that starts it.
+        std::fprintf(stderr, "The peak memory of %s isn't known: this takes more.\n",
+                     words[0].c_str());
+        std::exit(1);
+    }
+    return static_cast<double>(outcome.peakKilobytes);
 }
 
-/// One whole run, noted under the name.
-void Register(const std::string& name, const std::string& platform, int rows,
-              const std::vector<std::string>& words) {
-    const auto run = [=](benchmark::State& state) {
-        for (auto _ : state) {
-            if (RunToFirstPaint(name, platform, HomeWith(rows).Path(), words)) continue;
-            someFailed = true;
-            state.SkipWithError("no window was painted");
-        }
-    };
-    benchmark::RegisterBenchmark(name.c_str(), run)
-        ->Iterations(1)
-        ->Repetitions(kRuns)
-        ->Unit(benchmark::kMillisecond)
-        ->UseRealTime();
-}
+/// Medians of runs to the first paint: of the bare dialog, then of the chooser with 5, 50 and 300
+/// rows.
+struct Medians {
+    std::vector<double> milliseconds;
+    std::vector<double> mebibytes;
+};
 
-double PeakOf(const std::string& name) {
-    std::vector<long>& all = peaks[name];
-    if (all.empty()) return 0;
-    const auto middle = all.begin() + static_cast<std::ptrdiff_t>(all.size() / 2);
-    std::nth_element(all.begin(), middle, all.end());
-    return static_cast<double>(*middle);
-}
-
-bench::Line PeakRatio(const std::string& platform, const std::string& rows, double goal) {
-    const std::string bare = "Bare/" + platform;
-    return {platform + ": peak memory, " + rows + " rows",
-            [platform, rows, bare](const bench::Times&) {
-                return PeakOf("Chooser/" + platform + "/" + rows) / PeakOf(bare);
-            },
-            goal, "times " + bare};
-}
-
-/// All runs on one platform, and the lines that sum them up.
-void AddPlatform(const std::string& platform, std::vector<bench::Line>& lines) {
-    const std::string chooser = "Chooser/" + platform;
-    const std::string bare = "Bare/" + platform;
-    Register(bare, platform, kRows[0], {DUNVEY_BARE_DIALOG});
+Medians Measure(const Screen& screen) {
+    std::vector<std::vector<double>> peaks(1 + std::size(kRows));
+    std::vector<Work> works = {[&] {
+        peaks[0].push_back(RunToFirstPaint(screen, HomeWith(5).Path(), {DUNVEY_BARE_DIALOG}));
+    }};
     for (const int rows : kRows) {
-        Register(chooser + "/" + std::to_string(rows), platform, rows,
-                 {DUNVEY_PROGRAM, HomeWith(rows).Document()});
+        works.push_back([&, rows, place = works.size()] {
+            const ChooserHome& home = HomeWith(rows);
+            peaks[place].push_back(
+                RunToFirstPaint(screen, home.Path(), {DUNVEY_PROGRAM, home.Document()}));
+        });
     }
-    lines.push_back(
-        bench::Ratio(platform + ": chooser of 5 rows painted", chooser + "/5", bare, 1.5));
-    lines.push_back(bench::Ratio(platform + ": 50 rows", chooser + "/50", chooser + "/5", 1.5));
-    lines.push_back(bench::Ratio(platform + ": 300 rows", chooser + "/300", chooser + "/5", 2));
-    lines.push_back(PeakRatio(platform, "5", 1.3));
-    lines.push_back(PeakRatio(platform, "300", 0));
+    Medians medians;
+    for (const double seconds : InTurns(works))
+        medians.milliseconds.push_back(seconds * 1e3);
+    for (const auto& each : peaks)
+        medians.mebibytes.push_back(Median(each) / 1024);
+    return medians;
+}
+
+void ReportScreen(const Screen& screen, const std::string& name) {
+    const Medians all = Measure(screen);
+    const auto& times = all.milliseconds;
+    const auto& peaks = all.mebibytes;
+    const std::string chooser = "chooser " + name;
+    Report({chooser + ", start to first paint, 5 rows", "ms", times[1], times[0],
+            "a bare dialog with 5 rows", RatioAtMost(1.3)});
+    Report({chooser + ", 50 rows", "ms", times[2], times[1], "5 rows"});
+    Report({chooser + ", 300 rows", "ms", times[3], times[1], "5 rows", RatioAtMost(2)});
+    Report({chooser + ", peak memory, 5 rows", "MiB", peaks[1], peaks[0],
+            "a bare dialog with 5 rows", RatioAtMost(1.2)});
+    Report({chooser + ", peak memory, 300 rows", "MiB", peaks[3], peaks[0],
+            "a bare dialog with 5 rows"});
+    for (size_t i = 0; i < std::size(kRows); ++i) {
+        ReportGrowth({"rows", chooser, static_cast<double>(kRows[i]), times[i + 1] / 1e3,
+                      "a bare dialog with 5 rows, " + name, times[0] / 1e3});
+    }
 }
 
 }  // namespace
 }  // namespace dunvey
 
-int main(int argc, char** argv) {
+int main() {
     using namespace dunvey;
-    std::vector<bench::Line> lines;
-    AddPlatform("offscreen", lines);
-    if (TheDisplay().Name().empty()) {
+    ReportScreen({"offscreen", ""}, "without a screen");
+    const test::Display display;
+    if (display.Name().empty()) {
         std::fputs("Without Xvfb only the platform without a screen is measured.\n", stderr);
-    } else {
-        AddPlatform("xcb", lines);
+        return 0;
     }
-    const int result = bench::RunAndCompare(argc, argv, lines);
-    rusage own{};
-    getrusage(RUSAGE_SELF, &own);
-    for (const auto& [name, all] : peaks) {
-        // What is started counts the memory of the one that starts it.
-        if (PeakOf(name) <= static_cast<double>(own.ru_maxrss)) {
-            std::fprintf(stderr, "The peak memory of %s isn't known: this takes more.\n",
-                         name.c_str());
-        }
-    }
-    if (someFailed) std::fputs("Some runs painted no window; the table isn't valid.\n", stderr);
-    return someFailed ? 1 : result;
+    ReportScreen({"xcb", display.Name()}, "on an X server");
 }

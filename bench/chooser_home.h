@@ -8,27 +8,22 @@
 
 #include "support/headers.h"
 #include "support/icon_file.h"
-#include "support/temporary_folder.h"
+#include "versions_home.h"
 
 namespace dunvey::bench {
 
-/// A home with so many versions, each with an icon as applications have them, and a document that
-/// belongs to none of them, so it must be asked about.
-class ChooserHome {
+/// A home whose versions have icons as applications have them, and a document that belongs to none
+/// of them, so it must be asked about.
+class ChooserHome : public VersionsHome {
  public:
-    explicit ChooserHome(int versions) {
-        const std::string icon = Icon();
-        for (int i = 0; i < versions; ++i)
-            Install(std::to_string(kOldest + i), icon);
-        document_ = folder_.Write("Layout.indd", test::Header("DOCUMENT", kOldest - 1, 0));
+    explicit ChooserHome(int versions) : VersionsHome(versions) {
+        AddIcons(Icon());
+        document_ = Folder().Write("Layout.indd", test::Header("DOCUMENT", kOldest - 1, 0));
     }
 
-    const std::string& Path() const { return folder_.Path(); }
     const std::string& Document() const { return document_; }
 
  private:
-    static constexpr int kOldest = 6;
-
     /// A picture with soft colours and a hard edge, which packs about as well as a real one.
     static std::string Png(int pixels) {
         QImage image(pixels, pixels, QImage::Format_ARGB32);
@@ -65,19 +60,6 @@ class ChooserHome {
         return test::IconFile(parts);
     }
 
-    void Install(const std::string& version, const std::string& icon) {
-        const std::string name = "Adobe InDesign CC " + version;
-        const std::string contents = "Applications/" + name + "/" + name + ".app/Contents";
-        folder_.MakeFolder(contents + "/Resources");
-        folder_.Write(contents + "/Resources/Icon.icns", icon);
-        folder_.Write(contents + "/Info.plist",
-                      "<plist version=\"1.0\"><dict><key>CFBundleShortVersionString</key><string>" +
-                          version +
-                          ".0.1</string><key>CFBundleIconFile</key><string>Icon</string></dict>"
-                          "</plist>");
-    }
-
-    test::TemporaryFolder folder_;
     std::string document_;
 };
 

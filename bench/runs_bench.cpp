@@ -1,201 +1,132 @@
-#include <fcntl.h>
-#include <signal.h>
-#include <spawn.h>
-#include <sys/resource.h>
-#include <sys/wait.h>
+// Whole runs of the program as users get it, beside a bare program that starts the same shell
+// commands.
 #include <unistd.h>
 
+#include <algorithm>
 #include <cstdio>
+#include <cstdlib>
 #include <map>
 
-#include "ratio.h"
-#include "support/headers.h"
-#include "support/temporary_folder.h"
+#include "measure.h"
+#include "program.h"
+#include "report.h"
+#include "versions_home.h"
 
 namespace dunvey {
 namespace {
 
-constexpr const char* kVersions[][2] = {{"CS5.5", "7.5.3"},
-                                        {"CS6", "8.0.1"},
-                                        {"CC", "9.2.0"},
-                                        {"CC 2019", "14.0.1"},
-                                        {"2021", "16.4.0"}};
+using namespace bench;
 
-/// A home with five versions and a thousand documents of one of them.
-class Home {
+constexpr double kMilliseconds = 1e3;
+constexpr int kVersions = 5;
+
+/// A home with versions that end as soon as they are started, and documents of one of them.
+class RunHome : public VersionsHome {
  public:
-    static constexpr int kDocuments = 1000;
-
-    Home() {
-        for (const auto& [suffix, version] : kVersions)
-            Install(suffix, version);
-        folder_.MakeFolder("documents");
-        for (int i = 0; i < kDocuments; ++i) {
-            documents_.push_back(folder_.Write("documents/document " + std::to_string(i) + ".indd",
-                                               test::Header("DOCUMENT", 8, 0)));
-        }
+    RunHome(int versions, int documents) : VersionsHome(versions) {
+        AddPrograms(DUNVEY_ENDED_AT_ONCE);
+        documents_ = AddDocuments(documents);
     }
 
-    std::string Application() const {
-        return folder_ / "Applications/Adobe InDesign CS6/Adobe InDesign CS6.app";
+    Outcome Dunvey(size_t documents, const std::vector<std::string>& more = {}) const {
+        return Run({DUNVEY_PROGRAM}, documents, more);
     }
-    const std::string& Path() const { return folder_.Path(); }
-    std::vector<std::string> Documents(int64_t count) const {
-        return {documents_.begin(), documents_.begin() + count};
+    /// The documents belong to the third version.
+    Outcome Bare(size_t documents, const std::vector<std::string>& more = {}) const {
+        return Run({DUNVEY_BARE_RUN, DUNVEY_HELPERS, Application(2)}, documents, more);
     }
 
  private:
-    void Install(const std::string& suffix, const std::string& version) {
-        const std::string name = "Adobe InDesign " + suffix;
-        const std::string contents = "Applications/" + name + "/" + name + ".app/Contents";
-        const std::string program = folder_.MakeFolder(contents + "/MacOS") + "/" + name;
-        folder_.Write(contents + "/Info.plist",
-                      "<plist version=\"1.0\"><dict><key>CFBundleShortVersionString</key><string>" +
-                          version + "</string></dict></plist>");
-        if (link(DUNVEY_ENDED_AT_ONCE, program.c_str()) != 0 &&
-            symlink(DUNVEY_ENDED_AT_ONCE, program.c_str()) != 0) {
-            std::perror(program.c_str());
+    Outcome Run(std::vector<std::string> words, size_t documents,
+                const std::vector<std::string>& more) const {
+        words.insert(words.end(), documents_.begin(),
+                     documents_.begin() + static_cast<std::ptrdiff_t>(documents));
+        std::vector<std::string> variables = {
+            "HOME=" + Path(), "XDG_CONFIG_HOME=" + Path() + "/config", "PATH=/usr/bin:/bin"};
+        variables.insert(variables.end(), more.begin(), more.end());
+        Outcome outcome = RunProgram(words, variables);
+        if (outcome.status != 0) {
+            std::fprintf(stderr, "%s ended with status %d\n", words[0].c_str(), outcome.status);
+            std::exit(1);
         }
+        return outcome;
     }
 
-    test::TemporaryFolder folder_;
     std::vector<std::string> documents_;
 };
 
-const Home& TheHome() {
-    static const Home home;
-    return home;
+/// How often a run is measured: the longer, the fewer.
+size_t Turns(int documents) {
+    return documents <= 10 ? 51 : documents <= 100 ? 15 : documents <= 1'000 ? 3 : 1;
 }
 
-/// Peak memory in kilobytes, by what was run.
-std::map<std::string, long> peaks;
-
-/// Runs the words to their end; notes the peak memory under the name.
-void Run(const std::string& name, std::vector<std::string> words) {
-    std::vector<std::string> variables = {
-        "HOME=" + TheHome().Path(), "XDG_CONFIG_HOME=" + TheHome().Path() + "/config",
-        "PATH=" + (name == "helper" ? std::string(DUNVEY_HELPERS) + ":" : "") + "/usr/bin:/bin"};
-    std::vector<char*> arguments;
-    for (std::string& word : words)
-        arguments.push_back(word.data());
-    arguments.push_back(nullptr);
-    std::vector<char*> environment;
-    for (std::string& variable : variables)
-        environment.push_back(variable.data());
-    environment.push_back(nullptr);
-    posix_spawn_file_actions_t actions;
-    posix_spawn_file_actions_init(&actions);
-    posix_spawn_file_actions_addopen(&actions, STDOUT_FILENO, "/dev/null", O_WRONLY, 0);
-    pid_t process = 0;
-    posix_spawn(&process, arguments[0], &actions, nullptr, arguments.data(), environment.data());
-    posix_spawn_file_actions_destroy(&actions);
-    int status = 0;
-    rusage usage{};
-    wait4(process, &status, 0, &usage);
-    if (status != 0) std::fprintf(stderr, "%s ended with status %d\n", arguments[0], status);
-    peaks[name] = usage.ru_maxrss;
+std::string Documents(int count) {
+    const std::string digits = std::to_string(count);
+    if (count == 1) return "1 document";
+    return (count < 1'000
+                ? digits
+                : digits.substr(0, digits.size() - 3) + "," + digits.substr(digits.size() - 3)) +
+           " documents";
 }
 
-std::vector<std::string> Words(std::vector<std::string> first, int64_t documents) {
-    for (std::string& document : TheHome().Documents(documents)) {
-        first.push_back(std::move(document));
+void MeasureDocuments() {
+    const std::map<int, Goal> goals = {{1, RatioAtMost(1.5)}, {100, RatioAtMost(1.2)}};
+    const RunHome home(kVersions, 10'000);
+    std::map<int, double> ours;
+    std::map<int, double> bare;
+    for (const int count : {1, 10, 100, 1'000, 10'000}) {
+        const size_t documents = static_cast<size_t>(count);
+        const auto times =
+            InTurns({[&] { home.Dunvey(documents); }, [&] { home.Bare(documents); }}, Turns(count));
+        ours[count] = times[0];
+        bare[count] = times[1];
+        Report({"run of " + Documents(count) + ", from start to hand-over", "ms",
+                times[0] * kMilliseconds, times[1] * kMilliseconds, "the bare shell commands",
+                goals.contains(count) ? goals.at(count) : Goal()});
+        ReportGrowth({"documents", "whole run", static_cast<double>(count), times[0],
+                      "the bare shell commands", times[1]});
     }
-    return first;
+    const auto oneMore = [](const std::map<int, double>& all) {
+        return (all.at(1'000) - all.at(100)) / (1'000.0 - 100.0) * kMilliseconds;
+    };
+    Report({"one more document in a run of 100 to 1,000", "ms", oneMore(ours), oneMore(bare),
+            "its shell command", RatioAtMost(1.3)});
 }
 
-void Dunvey(benchmark::State& state) {
-    const auto words = Words({DUNVEY_PROGRAM}, state.range(0));
-    for (auto _ : state)
-        Run("Dunvey/" + std::to_string(state.range(0)), words);
-}
-BENCHMARK(Dunvey)
-    ->RangeMultiplier(10)
-    ->Range(1, 1000)
-    ->Unit(benchmark::kMillisecond)
-    ->UseRealTime();
-
-void Bare(benchmark::State& state) {
-    const auto words =
-        Words({DUNVEY_BARE_RUN, DUNVEY_HELPERS, TheHome().Application()}, state.range(0));
-    for (auto _ : state)
-        Run("Bare/" + std::to_string(state.range(0)), words);
-}
-BENCHMARK(Bare)->RangeMultiplier(10)->Range(1, 1000)->Unit(benchmark::kMillisecond)->UseRealTime();
-
-/// Processes that only stand there, so that there are so many in all.
-class Crowd {
- public:
-    explicit Crowd(int count) {
-        for (int i = 0; i < count; ++i) {
-            const pid_t process = fork();
-            if (process == 0) {
-                for (;;)
-                    pause();
-            }
-            processes_.push_back(process);
-        }
+void MeasureVersions() {
+    for (const int versions : {5, 50, 300}) {
+        const RunHome home(versions, 1);
+        const auto times = InTurns({[&] { home.Dunvey(1); }, [&] { home.Bare(1); }});
+        ReportGrowth({"versions", "run of 1 document", static_cast<double>(versions), times[0],
+                      "the bare shell commands", times[1]});
     }
-    ~Crowd() {
-        for (const pid_t process : processes_) {
-            kill(process, SIGKILL);
-            waitpid(process, nullptr, 0);
-        }
-    }
-    Crowd(const Crowd&) = delete;
-    Crowd& operator=(const Crowd&) = delete;
-
- private:
-    std::vector<pid_t> processes_;
-};
-
-void HelperPs(benchmark::State& state) {
-    const Crowd crowd(300);
-    for (auto _ : state)
-        Run("helper", {"/bin/sh", "-c", "ps -ax -o comm"});
-}
-BENCHMARK(HelperPs)->Unit(benchmark::kMillisecond)->UseRealTime();
-
-void SystemPs(benchmark::State& state) {
-    const Crowd crowd(300);
-    for (auto _ : state)
-        Run("system", {"/bin/sh", "-c", "ps -ax -o comm"});
-}
-BENCHMARK(SystemPs)->Unit(benchmark::kMillisecond)->UseRealTime();
-
-void OnePsCommand(benchmark::State& state) {
-    for (auto _ : state)
-        Run("helper", {"/bin/sh", "-c", "ps -ax -o comm"});
-}
-BENCHMARK(OnePsCommand)->Unit(benchmark::kMillisecond)->UseRealTime();
-
-double OneMoreDocument(const bench::Times& times) {
-    const double each =
-        (times.Seconds("Dunvey/1000") - times.Seconds("Dunvey/100")) / (1000.0 - 100.0);
-    return each / times.Seconds("OnePsCommand");
 }
 
-bench::Line Peak(const std::string& count) {
-    return {"peak memory, " + count + " documents",
-            [count](const bench::Times&) {
-                return static_cast<double>(peaks["Dunvey/" + count]) / 1024.0;
-            },
-            0, "MiB"};
+/// How many libraries the loader brings into the program, the loader itself not counted.
+double Libraries(const RunHome& home, const std::string& name,
+                 Outcome (RunHome::*run)(size_t, const std::vector<std::string>&) const) {
+    const std::string told = home.Path() + "/" + name;
+    const Outcome outcome = (home.*run)(1, {"LD_DEBUG=files", "LD_DEBUG_OUTPUT=" + told});
+    const std::string text = home.Folder().Read(name + "." + std::to_string(outcome.process));
+    double count = -1;
+    for (size_t at = 0; (at = text.find("calling init: /", at)) != text.npos; ++at)
+        ++count;
+    return count;
+}
+
+void MeasureLibraries() {
+    const RunHome home(kVersions, 1);
+    home.Dunvey(1);
+    Report({"libraries loaded in a run without a question", "",
+            Libraries(home, "ours", &RunHome::Dunvey), Libraries(home, "bare", &RunHome::Bare),
+            "the bare program in this language"});
 }
 
 }  // namespace
 }  // namespace dunvey
 
-int main(int argc, char** argv) {
-    using namespace dunvey;
-    using bench::Ratio;
-    return bench::RunAndCompare(
-        argc, argv,
-        {Ratio("run of 1 document, beside the bare shell commands", "Dunvey/1", "Bare/1", 0),
-         Ratio("run of 10 documents", "Dunvey/10", "Bare/10", 0),
-         Ratio("run of 100 documents", "Dunvey/100", "Bare/100", 0),
-         Ratio("run of 1,000 documents", "Dunvey/1000", "Bare/1000", 0),
-         {"one more document in a run, over its own ps command", &OneMoreDocument, 1.3, "times"},
-         Ratio("Helpers/ps through sh, 300 processes (goal: a fifth)", "HelperPs", "SystemPs", 0.2),
-         Peak("1"),
-         Peak("1000")});
+int main() {
+    dunvey::MeasureDocuments();
+    dunvey::MeasureVersions();
+    dunvey::MeasureLibraries();
 }

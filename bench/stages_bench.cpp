@@ -1,191 +1,221 @@
-#define PCRE2_CODE_UNIT_WIDTH 8
+// What a run does with documents and versions inside the process: reading, taking in, scanning,
+// sorting.
 #include <fcntl.h>
-#include <pcre2.h>
+#include <sys/inotify.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
+#include <cstdlib>
+#include <memory>
 #include <random>
 
-#include "platform/reg_ex_xojo.h"
+#include "chooser/window1.h"
+#include "measure.h"
+#include "platform/event_loop.h"
+#include "platform/headless/scripted_desktop.h"
 #include "platform/text.h"
-#include "ratio.h"
-#include "support/headers.h"
-#include "support/temporary_folder.h"
+#include "report.h"
 #include "version/application_version.h"
+#include "version/file_class.h"
 #include "version/file_order.h"
 #include "version/header_version.h"
 #include "version/installed_apps.h"
+#include "versions_home.h"
 
 namespace dunvey {
 namespace {
 
-const test::TemporaryFolder& Folder() {
-    static const test::TemporaryFolder folder;
-    return folder;
+using namespace bench;
+
+constexpr double kMicroseconds = 1e6;
+constexpr double kMilliseconds = 1e3;
+
+/// Opens, reads up to so many bytes in one piece, closes.
+void BareRead(const std::string& path, size_t size) {
+    static char block[65536];
+    const int file = open(path.c_str(), O_RDONLY | O_CLOEXEC);
+    Keep(read(file, block, std::min(size, sizeof block)));
+    close(file);
 }
 
-const std::string& DocumentPath() {
-    static const std::string path = Folder().Write("a.indd", test::Header("DOCUMENT", 8, 1));
-    return path;
+void MeasureHeader() {
+    const VersionsHome home(0);
+    const std::string path = home.AddDocuments(1)[0];
+    const auto item = New<FolderItem>(path);
+    const auto times = InTurns(
+        {[&] { Keep(InDesign::GetVerHexToDec(item, "indd")); }, [&] { BareRead(path, 48); }}, 51);
+    Report({"header of a document, read and decoded", "µs", times[0] * kMicroseconds,
+            times[1] * kMicroseconds, "open, read 48 bytes, close", RatioAtMost(3)});
 }
 
-void HeaderBare(benchmark::State& state) {
-    const std::string path = DocumentPath();
-    for (auto _ : state) {
-        char block[48];
-        const int file = open(path.c_str(), O_RDONLY | O_CLOEXEC);
-        benchmark::DoNotOptimize(read(file, block, sizeof block));
-        close(file);
+/// The time that a document may take is twice what reading it (3.7 µs) and the property list of
+/// each of five versions (14.9 µs) took when the goal was set.
+constexpr double kIntakeGoal = 2 * (3.7 + 5 * 14.9);
+
+void MeasureIntake() {
+    constexpr int kDocuments = 10'000;
+    constexpr int kVersions = 5;
+    const VersionsHome home(kVersions);
+    const std::vector<std::string> paths = home.AddDocuments(kDocuments);
+    setenv("HOME", home.Path().c_str(), 1);
+    InDesign::GetInstalledApps();
+    const auto takeIn = [&] {
+        std::vector<Ref<FileClass>> files;
+        for (const std::string& path : paths)
+            files.push_back(InDesign::MakeNewFileClass(New<FolderItem>(path)));
+        if (!files.back()->App) std::abort();
+    };
+    const auto readOnly = [&] {
+        for (const std::string& path : paths) {
+            BareRead(path, 48);
+            for (int i = 0; i < kVersions; ++i)
+                BareRead(home.PropertyList(i), 65536);
+        }
+    };
+    const auto times = InTurns({takeIn, readOnly}, 7);
+    Report({"taking in one of 10,000 documents, 5 versions installed", "µs",
+            times[0] / kDocuments * kMicroseconds, times[1] / kDocuments * kMicroseconds,
+            "the same bytes read: the header, 5 property lists", OursAtMost(kIntakeGoal)});
+}
+
+/// A home for scans. A folder that was changed a moment ago is read anew at each look; this one's
+/// is older.
+class ScannedHome : public VersionsHome {
+ public:
+    explicit ScannedHome(int others) : VersionsHome(kVersions) {
+        AddOthers(others);
+        const timespec old[2] = {{1'000'000'000, 0}, {1'000'000'000, 0}};
+        utimensat(AT_FDCWD, (Path() + "/Applications").c_str(), old, 0);
+        usleep(50'000);
     }
-}
-BENCHMARK(HeaderBare);
-
-void HeaderRead(benchmark::State& state) {
-    const auto item = New<FolderItem>(DocumentPath());
-    for (auto _ : state) {
-        benchmark::DoNotOptimize(InDesign::GetVerHexToDec(item, "indd"));
-    }
-}
-BENCHMARK(HeaderRead);
-
-constexpr const char* kExpression = ".+444f43554d454e5401700f0000(..)000000(..).*";
-
-std::string HeaderHex() {
-    return Lowercase(EncodeHex(test::Header("DOCUMENT", 8, 1)));
-}
-
-void ReplaceBare(benchmark::State& state) {
-    int error = 0;
-    size_t position = 0;
-    pcre2_code* code = pcre2_compile(reinterpret_cast<PCRE2_SPTR>(kExpression),
-                                     PCRE2_ZERO_TERMINATED, 0, &error, &position, nullptr);
-    pcre2_jit_compile(code, PCRE2_JIT_COMPLETE);
-    pcre2_match_data* match = pcre2_match_data_create_from_pattern(code, nullptr);
-    const std::string text = HeaderHex();
-    PCRE2_UCHAR result[256];
-    for (auto _ : state) {
-        size_t length = sizeof result;
-        benchmark::DoNotOptimize(pcre2_substitute(
-            code, reinterpret_cast<PCRE2_SPTR>(text.data()), text.size(), 0, 0, match, nullptr,
-            reinterpret_cast<PCRE2_SPTR>("$1.$2"), PCRE2_ZERO_TERMINATED, result, &length));
-    }
-    pcre2_match_data_free(match);
-    pcre2_code_free(code);
-}
-BENCHMARK(ReplaceBare);
-
-void ReplaceXojo(benchmark::State& state) {
-    const std::string text = HeaderHex();
-    for (auto _ : state) {
-        benchmark::DoNotOptimize(RegExXojo::Replace(text, kExpression, "\\1.\\2", 0, true));
-    }
-}
-BENCHMARK(ReplaceXojo);
-
-constexpr const char* kProcessPath =
-    "/Applications/Adobe InDesign .+?/Adobe InDesign .+?.app/Contents/MacOS/Adobe InDesign [^/]+$";
-
-std::string HostileLine(size_t size) {
-    std::string line;
-    while (line.size() < size)
-        line += "/Applications/Adobe InDesign ";
-    return line;
-}
-
-void HostileProcessLine(benchmark::State& state) {
-    const std::string line = HostileLine(static_cast<size_t>(state.range(0)));
-    for (auto _ : state)
-        benchmark::DoNotOptimize(RegExXojo::Mach(line, kProcessPath, 0, true));
-}
-BENCHMARK(HostileProcessLine)->Arg(16'000)->Arg(1'000'000)->Unit(benchmark::kMillisecond);
-
-/// A home whose applications folder holds 30 versions among so many other entries.
-std::string HomeWith(int64_t others) {
-    const std::string home = "home" + std::to_string(others);
-    const std::string applications = Folder().MakeFolder(home) + "/Applications";
-    if (access(applications.c_str(), F_OK) == 0) return Folder() / home;
-    Folder().MakeFolder(home + "/Applications");
-    for (int i = 0; i < 30; ++i) {
-        const std::string name = "Adobe InDesign " + std::to_string(i);
-        const std::string contents = home + "/Applications/" + name + "/" + name + ".app/Contents";
-        Folder().MakeFolder(contents);
-        Folder().Write(
-            contents + "/Info.plist",
-            "<plist version=\"1.0\"><dict><key>CFBundleShortVersionString</key><string>" +
-                std::to_string(i) + ".1.0</string></dict></plist>");
-    }
-    for (int64_t i = 0; i < others; ++i) {
-        Folder().MakeFolder(home + "/Applications/Other " + std::to_string(i));
-    }
-    // A folder that was changed a moment ago is read anew at each look; this one is older.
-    const timespec old[2] = {{1'000'000'000, 0}, {1'000'000'000, 0}};
-    utimensat(AT_FDCWD, applications.c_str(), old, 0);
-    usleep(50'000);
-    return Folder() / home;
-}
-
-void Scan(benchmark::State& state) {
-    const std::string home = HomeWith(state.range(0));
-    setenv("HOME", home.c_str(), 1);
-    for (auto _ : state)
+    void Scan() const {
+        setenv("HOME", Path().c_str(), 1);
         InDesign::GetInstalledApps();
-    if (InDesign::InstalledApps.size() != 30) state.SkipWithError("the scan is wrong");
-}
-BENCHMARK(Scan)->Arg(2'000)->Arg(20'000)->Unit(benchmark::kMillisecond);
-
-/// What any scan must do: read the folder, look at each entry, read the 30 lists.
-void ScanBare(benchmark::State& state) {
-    const std::string folder = HomeWith(state.range(0)) + "/Applications";
-    for (auto _ : state) {
-        const FolderItem applications(folder);
-        for (int64_t i = 1, count = applications.Count(); i <= count; ++i) {
-            struct stat status;
-            lstat((folder + "/Other " + std::to_string(i)).c_str(), &status);
-        }
-        for (int i = 0; i < 30; ++i) {
-            const std::string name = "/Adobe InDesign " + std::to_string(i);
-            benchmark::DoNotOptimize(
-                InDesign::AppVersion(New<FolderItem>(folder + name + name + ".app")));
-        }
+        if (InDesign::InstalledApps.size() != kVersions) std::abort();
     }
-}
-BENCHMARK(ScanBare)->Arg(2'000)->Unit(benchmark::kMillisecond);
+    /// What any scan must do: read the folder, look at each entry, read the lists.
+    void ScanBare(int others) const {
+        const FolderItem applications(Path() + "/Applications");
+        Keep(applications.Count());
+        for (int i = 0; i < others; ++i) {
+            struct stat status;
+            lstat((Path() + "/Applications/Other " + std::to_string(i)).c_str(), &status);
+        }
+        for (int i = 0; i < kVersions; ++i)
+            Keep(InDesign::AppVersion(New<FolderItem>(Application(i))));
+    }
 
-void Sort(benchmark::State& state) {
+ private:
+    static constexpr int kVersions = 30;
+};
+
+void MeasureScan() {
+    const ScannedHome small(2'000);
+    const ScannedHome large(20'000);
+    const auto times =
+        InTurns({[&] { small.Scan(); }, [&] { small.ScanBare(2'000); }, [&] { large.Scan(); }}, 11);
+    Report({"scan of 30 versions among 2,000 entries", "ms", times[0] * kMilliseconds,
+            times[1] * kMilliseconds, "read the folder, look at each entry, read 30 lists"});
+    Report({"scan, exponent of growth from 2,000 to 20,000 entries", "",
+            Exponent(2'030, times[0], 20'030, times[2]), 0, "", OursAtMost(1.2)});
+}
+
+std::vector<Ref<FileClass>> Records(size_t count) {
     std::mt19937 random(1);
     const std::vector<std::string> versions = {"7", "7.5", "8", "8.1", "9", "14", "16.4"};
-    std::vector<Ref<FileClass>> records;
-    for (int64_t i = 0; i < state.range(0); ++i) {
-        records.push_back(New<FileClass>());
-        records.back()->WillUseVer = versions[random() % versions.size()];
+    std::vector<Ref<FileClass>> records(count);
+    for (Ref<FileClass>& record : records) {
+        record = New<FileClass>();
+        record->WillUseVer = versions[random() % versions.size()];
     }
-    for (auto _ : state) {
-        state.PauseTiming();
-        std::vector<Ref<FileClass>> copy = records;
-        state.ResumeTiming();
-        InDesign::SortFilesByVer(copy);
-    }
+    return records;
 }
-BENCHMARK(Sort)->RangeMultiplier(10)->Range(10, 100'000);
+
+/// The numbers read once, then sorted by the library.
+void SortBare(const std::vector<Ref<FileClass>>& records) {
+    std::vector<std::pair<double, size_t>> keys;
+    keys.reserve(records.size());
+    for (const Ref<FileClass>& record : records)
+        keys.emplace_back(Val(record->WillUseVer), keys.size());
+    std::stable_sort(keys.begin(), keys.end(),
+                     [](const auto& a, const auto& b) { return a.first < b.first; });
+    std::vector<Ref<FileClass>> sorted;
+    sorted.reserve(records.size());
+    for (const auto& [key, index] : keys)
+        sorted.push_back(records[index]);
+    Keep(sorted.data());
+}
+
+void MeasureSort() {
+    const auto records = Records(1'000);
+    const auto many = Records(100'000);
+    const auto sort = [](std::vector<Ref<FileClass>> copy) { InDesign::SortFilesByVer(copy); };
+    const auto times =
+        InTurns({[&] { sort(records); }, [&] { SortBare(records); }, [&] { sort(many); }}, 15);
+    Report({"sort of 1,000 records", "ms", times[0] * kMilliseconds, times[1] * kMilliseconds,
+            "keys read once, std::stable_sort"});
+    Report({"sort, exponent of growth from 1,000 to 100,000 records", "",
+            Exponent(1e3, times[0], 1e5, times[2]), 0, "", OursAtMost(1.2)});
+}
+
+/// Counts how often the property lists of a home are opened.
+class Openings {
+ public:
+    Openings(const VersionsHome& home, int versions) : watch_(inotify_init1(IN_NONBLOCK)) {
+        for (int i = 0; i < versions; ++i) {
+            if (inotify_add_watch(watch_, home.PropertyList(i).c_str(), kEvents) < 0) std::abort();
+        }
+    }
+    ~Openings() { close(watch_); }
+    Openings(const Openings&) = delete;
+    Openings& operator=(const Openings&) = delete;
+
+    /// How many there have been since the last time.
+    int Take() const {
+        int count = 0;
+        // Events of a file carry no name, so all are of one size.
+        inotify_event events[64];
+        for (ssize_t got; (got = read(watch_, events, sizeof events)) > 0;) {
+            for (size_t i = 0; i < static_cast<size_t>(got) / sizeof(inotify_event); ++i)
+                count += (events[i].mask & IN_OPEN) != 0;
+        }
+        return count;
+    }
+
+ private:
+    /// Two openings in a row would count as one without a closing between them.
+    static constexpr uint32_t kEvents = IN_OPEN | IN_CLOSE_NOWRITE;
+    int watch_;
+};
+
+/// On the desktop of the tests, which doesn't look for icons: a version text alone opens the list.
+void CountReadings() {
+    constexpr int kVersions = 300;
+    const VersionsHome home(kVersions);
+    setenv("HOME", home.Path().c_str(), 1);
+    EventLoop loop;
+    Desktop::Install(std::make_unique<headless::ScriptedDesktop>());
+    InDesign::GetInstalledApps();
+    const Ref<Window1> window = New<Window1>();
+    const Openings openings(home, kVersions);
+    InDesign::SortAppsByVer();
+    Report({"version texts read from disk in one sort of 300 versions, for each", "",
+            openings.Take() / double{kVersions}, 0, "", OursAtMost(1)});
+    window->SetAppList();
+    Report({"version texts read from disk in one filling of the list, for each", "",
+            openings.Take() / double{kVersions}, 0, "", OursAtMost(1)});
+    window->Close();
+    Desktop::Install(nullptr);
+}
 
 }  // namespace
 }  // namespace dunvey
 
-int main(int argc, char** argv) {
-    using namespace dunvey::bench;
-    return RunAndCompare(
-        argc, argv,
-        {Ratio("header of a document, read and decoded", "HeaderRead", "HeaderBare", 3),
-         Ratio("RegExXojo.Replace on a header", "ReplaceXojo", "ReplaceBare", 0),
-         {"hostile process line of 16,000 bytes",
-          [](const Times& times) { return 1000 * times.Seconds("HostileProcessLine/16000"); }, 5,
-          "ms"},
-         {"hostile process line of 1,000,000 bytes",
-          [](const Times& times) { return 1000 * times.Seconds("HostileProcessLine/1000000"); }, 50,
-          "ms"},
-         Ratio("scan, 30 versions among 2,000 entries", "Scan/2000", "ScanBare/2000", 0),
-         Growth("scan, growth from 2,000 to 20,000 entries", "Scan/2000", 2030, "Scan/20000", 20030,
-                1.2),
-         Growth("sort, growth from 1,000 to 100,000 records", "Sort/1000", 1e3, "Sort/100000", 1e5,
-                1.2)});
+int main() {
+    dunvey::MeasureHeader();
+    dunvey::MeasureIntake();
+    dunvey::MeasureScan();
+    dunvey::MeasureSort();
+    dunvey::CountReadings();
 }
