@@ -13,6 +13,7 @@
 #include <cstdlib>
 #include <ctime>
 #include <memory>
+#include <optional>
 #include <string_view>
 
 #include "platform/linux/helpers/interpreter_line.h"
@@ -86,43 +87,15 @@ bool IsUsualInterpreter(std::string_view executable) {
     return std::find(std::begin(kNames), std::end(kNames), executable) != std::end(kNames);
 }
 
-/// Whether a path among a process's words is worth a look at the file. It is another program's
-/// affair: it may lie on a mount that doesn't answer, or be mounted by the look alone. The kernel
-/// names a process after the script that it was asked to run, by the first 15 bytes.
-bool MayBeScript(const std::string& path, const std::string& executable, const std::string& name) {
-    constexpr size_t kNameLength = 15;
-    return IsInBundle(path) || IsUsualInterpreter(executable) ||
-           (!name.empty() && path.substr(path.rfind('/') + 1, kNameLength) == name);
-}
-
 bool IsNoOption(const std::string& word) {
     return !word.empty() && word.front() != '-';
 }
 
-bool HasPlaceForScript(const std::vector<std::string>& words) {
-    return words.size() > 1 && std::any_of(words.begin() + 1, words.end(), IsNoOption);
-}
-
-/// The script among the words that a process was started with, as an absolute path; empty if it
-/// runs none. `currentFolder` is the process's own, `name` the kernel's for it.
-std::string ScriptAmong(const std::vector<std::string>& words, const std::string& currentFolder,
-                        const std::string& executable, const std::string& name) {
-    std::string script;
-    std::vector<std::string_view> before;
-    for (size_t i = 0; i < std::min(words.size(), kPlacesOfScript); ++i) {
-        if (i > 0 && IsNoOption(words[i])) {
-            const bool isAbsolute = words[i].front() == '/';
-            const std::string path = isAbsolute ? words[i] : currentFolder + "/" + words[i];
-            const InterpreterLine line =
-                MayBeScript(path, executable, name) ? ReadInterpreterLine(path) : InterpreterLine();
-            if (line && StartsWith(line, before)) {
-                script = isAbsolute && !IsRoundabout(path) ? path : Resolved(path);
-                before.clear();  // the interpreter of a further script, if there is one
-            }
-        }
-        before.push_back(words[i]);
-    }
-    return script;
+/// Whether a word that a process was started with ends in the kernel's name for the process, which
+/// has the first 15 bytes of a file's name.
+bool IsNamedAs(const std::string& word, const std::string& name) {
+    constexpr size_t kNameLength = 15;
+    return !name.empty() && word.substr(word.rfind('/') + 1, kNameLength) == name;
 }
 
 /// The ids in the order of the system; none if it doesn't tell all of them.
@@ -144,6 +117,35 @@ std::vector<pid_t> ReadIds() {
 
 }  // namespace
 
+/// Tells which of the words a process was started with are worth a look at the file. That is
+/// another program's affair: it may lie on a mount that doesn't answer, or be mounted by the look
+/// alone.
+class ProcessList::ScriptHints {
+ public:
+    ScriptHints(const ProcessList& processes, const std::vector<std::string>& words, pid_t id,
+                const std::string& executable)
+        : processes_(processes),
+          id_(id),
+          isUsualInterpreter_(IsUsualInterpreter(executable)),
+          // Asked to run a script, the kernel starts what the script names, by its path.
+          mayBeStartedForScript_(!words.empty() && words[0].find('/') != std::string::npos) {}
+
+    bool MayBeScript(const std::string& word) const {
+        if (isUsualInterpreter_ || IsInBundle(word)) return true;
+        if (!mayBeStartedForScript_) return false;
+        // Then it names the process after the script. To read that is dear, as there are hundreds.
+        if (!name_) name_ = processes_.Name(id_);
+        return IsNamedAs(word, *name_);
+    }
+
+ private:
+    const ProcessList& processes_;
+    pid_t id_;
+    bool isUsualInterpreter_;
+    bool mayBeStartedForScript_;
+    mutable std::optional<std::string> name_;
+};
+
 ProcessList::ProcessList() : folder_(OpenFile("/proc", O_RDONLY | O_DIRECTORY)) {}
 
 std::vector<pid_t> ProcessList::Ids() const {
@@ -161,16 +163,37 @@ ProgramFile ProcessList::Program(pid_t id) const {
     std::string executable = ReadLink(folder_.Get(), link);
     if (!executable.starts_with('/')) return {};
     const std::vector<std::string> words = SettledWords(id);
-    if (HasPlaceForScript(words)) {
-        std::string script = ScriptAmong(
-            words, ReadLink(folder_.Get(), std::to_string(id) + "/cwd"), executable, Name(id));
-        if (!script.empty()) return {std::move(script), true};
-    }
+    std::string script = ScriptAmong(words, id, executable);
+    if (!script.empty()) return {std::move(script), true};
     const bool isStartedInBundle = !words.empty() && IsInBundle(words[0]) &&
                                    !IsRoundabout(words[0]) &&
                                    IsSameFile(folder_.Get(), link, words[0]);
     if (isStartedInBundle) return {words[0], true};
     return {WithoutDeletedMark(folder_.Get(), link, std::move(executable)), false};
+}
+
+std::string ProcessList::ScriptAmong(const std::vector<std::string>& words, pid_t id,
+                                     const std::string& executable) const {
+    const ScriptHints hints(*this, words, id, executable);
+    std::string script;
+    std::vector<std::string_view> before;
+    for (size_t i = 0; i < std::min(words.size(), kPlacesOfScript); ++i) {
+        if (i > 0 && IsNoOption(words[i]) && hints.MayBeScript(words[i])) {
+            const bool isAbsolute = words[i].front() == '/';
+            const std::string path = isAbsolute ? words[i] : CurrentFolder(id) + "/" + words[i];
+            const InterpreterLine line = ReadInterpreterLine(path);
+            if (line && StartsWith(line, before)) {
+                script = isAbsolute && !IsRoundabout(path) ? path : Resolved(path);
+                before.clear();  // the interpreter of a further script, if there is one
+            }
+        }
+        before.push_back(words[i]);
+    }
+    return script;
+}
+
+std::string ProcessList::CurrentFolder(pid_t id) const {
+    return ReadLink(folder_.Get(), std::to_string(id) + "/cwd");
 }
 
 std::vector<std::string> ProcessList::SettledWords(pid_t id) const {
@@ -186,20 +209,27 @@ std::vector<std::string> ProcessList::SettledWords(pid_t id) const {
 
 std::string ProcessList::Name(pid_t id) const {
     std::array<char, 64> buffer;
-    const std::string_view name = Read(std::to_string(id) + "/comm", buffer);
+    const std::string_view name = Read(std::to_string(id) + "/comm", '\n', buffer);
     return std::string(name.substr(0, name.find('\n')));
 }
 
-std::string_view ProcessList::Read(const std::string& path, std::span<char> buffer) const {
+std::string_view ProcessList::Read(const std::string& path, char end,
+                                   std::span<char> buffer) const {
     const FileDescriptor file(
         Uninterrupted([&] { return openat(folder_.Get(), path.c_str(), O_RDONLY | O_CLOEXEC); }));
-    const ssize_t count = file ? ReadFully(file.Get(), buffer.data(), buffer.size()) : 0;
-    return {buffer.data(), count > 0 ? static_cast<size_t>(count) : 0};
+    size_t count = 0;
+    while (file && count < buffer.size() && (count == 0 || buffer[count - 1] != end)) {
+        const ssize_t got =
+            Uninterrupted([&] { return read(file.Get(), &buffer[count], buffer.size() - count); });
+        if (got <= 0) break;
+        count += static_cast<size_t>(got);
+    }
+    return {buffer.data(), count};
 }
 
 std::vector<std::string> ProcessList::Words(pid_t id) const {
     std::array<char, kWordsLimit> buffer;
-    std::string_view rest = Read(std::to_string(id) + "/cmdline", buffer);
+    std::string_view rest = Read(std::to_string(id) + "/cmdline", '\0', buffer);
     std::vector<std::string> words;
     for (size_t end; (end = rest.find('\0')) != std::string_view::npos;) {
         words.emplace_back(rest.substr(0, end));

@@ -42,10 +42,19 @@ class ProcessList {
     /// starts a second program in its place, in the midst of which it has none.
     std::vector<std::string> SettledWords(pid_t id) const;
 
+    class ScriptHints;
+    /// The script among the words that a process was started with, as an absolute path; empty if it
+    /// runs none.
+    std::string ScriptAmong(const std::vector<std::string>& words, pid_t id,
+                            const std::string& executable) const;
+
+    /// The process's own; empty if that isn't known.
+    std::string CurrentFolder(pid_t id) const;
     /// The kernel's name for the process; empty if there is none.
     std::string Name(pid_t id) const;
-    /// What a file of the process says, as far as it fits; empty if it can't be read.
-    std::string_view Read(const std::string& path, std::span<char> buffer) const;
+    /// What a file of the process says, as far as it fits; empty if it can't be read. The kernel
+    /// hands it over in one piece: behind the byte that is its end no more is asked for.
+    std::string_view Read(const std::string& path, char end, std::span<char> buffer) const;
 
     FileDescriptor folder_;
 };
