@@ -16,9 +16,8 @@ void PrepareQtDesktop() {
 
 std::unique_ptr<Desktop> LoadQtDesktop() {
     FontSettings::ReadAhead();
-    std::unique_ptr<Desktop> desktop = LoadDesktopPlugin("libDunveyQt.so");
-    FontSettings::Await();
-    return desktop;
+    // The toolkit changes the environment, which nobody may read meanwhile.
+    return LoadDesktopPlugin("libDunveyQt.so", &FontSettings::Await);
 }
 
 }  // namespace

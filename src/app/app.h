@@ -1,9 +1,11 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <vector>
 
 #include "app/drop_timer.h"
+#include "app/run_rescue.h"
 #include "platform/application.h"
 #include "platform/folder_item.h"
 #include "platform/reference.h"
@@ -56,6 +58,11 @@ class App : public Application {
  private:
     /// Decides for one document, with what runs at this moment, and asks if need be.
     void Judge(int64_t idx);
+    /// Hands on the documents from that position on, where a group begins.
+    void OpenFrom(int64_t first);
+
+    // From the start until the documents are judged.
+    std::optional<RunAtRisk> intake_;
 };
 
 /// The item "FileAbout" of the application's menu bar; nil where there is no menu bar or none such

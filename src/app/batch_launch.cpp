@@ -1,6 +1,7 @@
 #include <string>
 
 #include "app/app.h"
+#include "app/run_rescue.h"
 #include "platform/array.h"
 #include "platform/event_loop.h"
 #include "version/launch_command.h"
@@ -40,25 +41,33 @@ void RemoveWithdrawn(std::vector<Ref<FileClass>>& files) {
 void App::OpenFile() {
     if (UpperBound(Files) == -1) return;
     RemoveWithdrawn(Files);
+    OpenFrom(0);
+}
+
+void App::OpenFrom(int64_t first) {
     const int64_t last = UpperBound(Files);
+    int64_t unsent = first;
     Group group;
-    for (int64_t position = 0; position <= last; ++position) {
+    for (int64_t position = first; position <= last; ++position) {
         const FileClass& document = *At(Files, position);
-        if (position == 0 && position == last) {
+        if (position == first && position == last) {
             LaunchAlone(document);
-        } else if (position == 0) {
+        } else if (position == first) {
             group.Open(document);
         } else if (group.Takes(document)) {
             group.Add(document);
             if (position == last) group.Launch();
         } else {
             group.Launch();
+            unsent = position;
             if (position == last) {
                 LaunchAlone(document);
             } else {
                 group.Open(document);
             }
         }
+        if (position == last) unsent = last + 1;
+        const RunAtRisk run([unsent] { App::Instance()->OpenFrom(unsent); });
         RuntimeBackgroundTask();
     }
 }

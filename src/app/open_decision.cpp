@@ -41,6 +41,7 @@ void LeaveOut(FileClass& document, const DesktopUnavailableException& reason) {
 }  // namespace
 
 void App::JudgeToOpen() {
+    intake_.reset();
     if (Files.empty()) return;
     Files = InDesign::SortFilesByVer(Files);
     JudgeFrom(0);
@@ -50,6 +51,7 @@ void App::JudgeFrom(int64_t first) {
     const int64_t last = UpperBound(Files);
     for (int64_t idx = first; idx <= last; ++idx) {
         Judge(idx);
+        const RunAtRisk run([idx] { App::Instance()->JudgeFrom(idx + 1); });
         RuntimeBackgroundTask();
     }
     Files = InDesign::SortFilesByVer(Files);
@@ -63,7 +65,7 @@ void App::Judge(int64_t idx) {
     const RunningFlags running = JudgeRunning(InDesign::BootingAppNames, document->AppName);
     const bool needJudgment = NeedsJudgment(running, isInstalled);
     if (!needJudgment && !Keyboard::AsyncCommandKey()) return;
-    const RunAtRisk run(idx);
+    const RunAtRisk run([idx] { App::Instance()->JudgeFrom(idx); });
     try {
         createNewWindow(idx, running.IsBootingApp, running.IsBootingOtherApp, isInstalled,
                         needJudgment);

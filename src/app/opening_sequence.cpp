@@ -6,6 +6,7 @@
 #include "menus/localized.h"
 #include "persistence/preferences.h"
 #include "platform/array.h"
+#include "platform/event_loop.h"
 #include "platform/system_information.h"
 #include "platform/text.h"
 #include "version/application_version.h"
@@ -26,6 +27,17 @@ bool IsIconImportDue() {
     return newest && InDesign::AppVersion(newest) != Preferences::pIconVersion;
 }
 
+namespace {
+
+/// Takes in the documents that still wait and hands on all of them.
+void OpenWaiting() {
+    const Ref<App> app = App::Instance();
+    EventLoop::Current().DeliverDocuments(*app);
+    app->JudgeToOpen();
+}
+
+}  // namespace
+
 void App::Event_Open() {
     namespace SystemInformation = SystemInformationMBS;
     if (IsSystemRefused(SystemInformation::MacMajorVersion(),
@@ -38,10 +50,12 @@ void App::Event_Open() {
     Preferences::Raed();
     InDesign::GetInstalledApps();
     localizeMenuText();
+    intake_.emplace(&OpenWaiting);
     if (IsIconImportDue()) InDesign::GetIconFile();
 }
 
 void App::Event_Close() {
+    intake_.reset();
     Preferences::Save();
     terminate();
 }

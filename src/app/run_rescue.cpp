@@ -1,16 +1,17 @@
 #include "app/run_rescue.h"
 
 #include <cstdlib>
+#include <exception>
 #include <utility>
 
 #include "app/app.h"
+#include "app/exception_report.h"
 #include "platform/desktop.h"
 
 namespace dunvey {
 namespace {
 
-constexpr int64_t kNone = -1;
-int64_t asked = kNone;
+std::function<void()> atRisk;
 
 std::unique_ptr<Desktop> NoDesktop() {
     throw DesktopUnavailableException("The display has gone away.");
@@ -18,25 +19,28 @@ std::unique_ptr<Desktop> NoDesktop() {
 
 }  // namespace
 
-RunAtRisk::RunAtRisk(int64_t idx) {
+RunAtRisk::RunAtRisk(std::function<void()> rest) {
     // Registered late, so that it runs ahead of the end of everything that it uses.
     static const int registered = std::atexit(&RescueRun);
     (void)registered;
-    asked = idx;
+    atRisk = std::move(rest);
 }
 
 RunAtRisk::~RunAtRisk() {
-    asked = kNone;
+    atRisk = nullptr;
 }
 
 void RescueRun() {
-    const int64_t next = std::exchange(asked, kNone);
-    if (next == kNone) return;
+    const std::function<void()> rest = std::exchange(atRisk, nullptr);
+    if (!rest) return;
     Desktop::Abandon();
     Desktop::SetLoader(&NoDesktop);
-    const Ref<App> app = App::Instance();
-    app->JudgeFrom(next);
-    app->Close();
+    try {
+        rest();
+        App::Instance()->Close();
+    } catch (...) {
+        ReportException(std::current_exception());
+    }
 }
 
 }  // namespace dunvey

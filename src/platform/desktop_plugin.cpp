@@ -16,13 +16,14 @@ namespace {
 
 }  // namespace
 
-std::unique_ptr<Desktop> LoadDesktopPlugin(const std::string& name) {
+std::unique_ptr<Desktop> LoadDesktopPlugin(const std::string& name, void (*loaded)()) {
     const Ref<FolderItem> contents = Application::ExecutableFile()->Parent()->Parent();
     const std::string path = contents->Child("PlugIns")->Child(name)->NativePath();
     void* plugin = dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL);
     if (plugin == nullptr) Refuse();
     void* make = dlsym(plugin, "DunveyMakeDesktop");
     if (make == nullptr) Refuse();
+    loaded();
     return std::unique_ptr<Desktop>(reinterpret_cast<MakeDesktop*>(make)());
 }
 

@@ -70,12 +70,21 @@ void EventLoop::RunDesktop() {
     RaiseKept();
 }
 
+void EventLoop::DeliverNext(Application& application) {
+    const Ref<FolderItem> document = std::move(documents_.front());
+    documents_.pop_front();
+    application.Event_OpenDocument(document);
+}
+
+void EventLoop::DeliverDocuments(Application& application) {
+    while (!documents_.empty())
+        DeliverNext(application);
+}
+
 bool EventLoop::ServeNext() {
     if (ended_) return false;
     if (Deliverable()) {
-        const Ref<FolderItem> document = std::move(documents_.front());
-        documents_.pop_front();
-        application_->Event_OpenDocument(document);
+        DeliverNext(*application_);
         return true;
     }
     Timer* timer = NextTimer();

@@ -32,6 +32,9 @@ class EventLoop {
     /// application; it is delivered after Event_Open, in the order of arrival.
     void PostOpenDocument(Ref<FolderItem> document);
 
+    /// Hands all documents that wait to the application, at once. For a run that is cut short.
+    void DeliverDocuments(Application& application);
+
     /// Runs the application from Event_Open to its end and returns the exit code that Quit was
     /// given. An exception that no event has caught passes through.
     int Run(Application& application);
@@ -62,6 +65,7 @@ class EventLoop {
     friend void RuntimeBackgroundTask();
 
     bool Deliverable() const { return application_ != nullptr && !documents_.empty(); }
+    void DeliverNext(Application& application);
     Timer* NextTimer() const;
     void Turn();
     void RunDesktop();

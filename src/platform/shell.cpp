@@ -97,6 +97,7 @@ class SpawnPlan {
     /// Returns 0 or the error.
     int Start(pid_t& process, std::vector<const char*> arguments) const {
         const std::vector<std::string> environment = ShellEnvironment();
+        if (environment.empty()) return ENOENT;
         std::vector<char*> variables;
         variables.reserve(environment.size() + 1);
         for (const std::string& variable : environment) {
@@ -179,13 +180,17 @@ Hindrance Run(const std::string& command, std::string& result) {
 void Shell::Execute(const std::string& command) {
     constexpr int kAttempts = 4;
     constexpr timespec kPause{0, 50'000'000};
+    // A shortage that stays would otherwise make a long run crawl: each of its documents asks.
+    constexpr int kPausesInARow = 40;
+    static int pauses = kPausesInARow;
     result_.clear();
     Hindrance hindrance = Run(command, result_);
-    for (int i = 1; i < kAttempts && hindrance.IsPassing(); ++i) {
+    for (int i = 1; i < kAttempts && hindrance.IsPassing() && pauses > 0; ++i, --pauses) {
         nanosleep(&kPause, nullptr);
         hindrance = Run(command, result_);
     }
-    if (hindrance) Complain(hindrance, command);
+    if (hindrance) return Complain(hindrance, command);
+    pauses = kPausesInARow;
 }
 
 }  // namespace dunvey

@@ -12,8 +12,9 @@ class Shell {
     /// be; what the shell then hands to one command may have about 6 MiB, and for that the commands
     /// inherit a soft stack limit of 24 MiB where it was lower. Standard input is empty,
     /// standard error is the program's own. If the shell can't be started, also not after a moment
-    /// where the machine was short of something, standard error says so with the command, and
-    /// Result is empty.
+    /// where the machine was short of something, or a command of the program's own is missing,
+    /// standard error says so with the command, and Result is empty. A shortage that outlasts many
+    /// commands is waited for no longer.
     void Execute(const std::string& command);
 
     /// The standard output of the command.

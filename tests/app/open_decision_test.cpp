@@ -8,32 +8,6 @@
 namespace dunvey {
 namespace {
 
-TEST(OpenDecision, TheRunningFlags) {
-    const std::string own = "own.app";
-    struct Row {
-        std::vector<std::string> running;
-        bool isBootingApp;
-        bool isBootingOtherApp;
-    };
-    const Row kRows[] = {{{}, false, false},           {{own}, true, false},
-                         {{"other.app"}, false, true}, {{own, "other.app"}, true, true},
-                         {{own, own}, true, true},     {{"other.app", "third.app"}, false, true}};
-    for (const Row& row : kRows) {
-        const RunningFlags flags = JudgeRunning(row.running, own);
-        EXPECT_EQ(flags.IsBootingApp, row.isBootingApp) << row.running.size();
-        EXPECT_EQ(flags.IsBootingOtherApp, row.isBootingOtherApp) << row.running.size();
-    }
-}
-
-TEST(OpenDecision, WhenTheProgramCannotGoOnByItself) {
-    for (const bool own : {false, true}) {
-        for (const bool other : {false, true}) {
-            EXPECT_EQ(NeedsJudgment({own, other}, true), !own && other);
-            EXPECT_TRUE(NeedsJudgment({own, other}, false));
-        }
-    }
-}
-
 /// The road from the events to the launches, with the recorders at its end.
 class Road : public test::World {
  protected:
@@ -100,14 +74,10 @@ TEST_F(Road, OtherFilesAreLeftOutAndSayNothing) {
     Installed("CS6", "8.0.1");
     const auto document = Document("a.indd", 8);
     const auto note = New<FolderItem>(folder_.Write("note.txt", "text"));
+    EXPECT_EQ(Open({note}), 0);
+    EXPECT_EQ(PsRuns(), 0U);
     EXPECT_EQ(Open({note, document, New<FolderItem>(folder_ / "gone.indd"), nullptr}), 0);
     EXPECT_EQ(OpenCalls(), (Calls{Start("CS6", {document}), Again("CS6")}));
-}
-
-TEST_F(Road, NothingToOpenEndsAtOnce) {
-    EXPECT_EQ(Open({New<FolderItem>(folder_.Write("note.txt", "text"))}), 0);
-    EXPECT_EQ(PsRuns(), 0U);
-    EXPECT_TRUE(OpenCalls().empty());
 }
 
 TEST_F(Road, AnApplicationThatIsGoneAtTheLaunchIsLeftOutInSilence) {
@@ -122,18 +92,6 @@ TEST_F(Road, AnApplicationThatIsGoneAtTheLaunchIsLeftOutInSilence) {
     };
     EXPECT_EQ(Open({lost, kept}), 0);
     EXPECT_EQ(OpenCalls(), (Calls{Start("CC", {kept}), Again("CC")}));
-}
-
-TEST_F(Road, HostileNamesArriveAsTheyAre) {
-    Installed("CS6", "8.0.1");
-    folder_.MakeFolder("it's $(a) folder");
-    std::vector<Ref<FolderItem>> documents;
-    for (const char* name : {"-a.indd", "$(touch canary).indd", "line\nfeed.indd", "\xFF\xFE.indd",
-                             "a b  c.indd", "\\.indd", "'\"`.indd"}) {
-        documents.push_back(Document(std::string("it's $(a) folder/") + name, 8));
-    }
-    Open(documents);
-    EXPECT_EQ(OpenCalls(), (Calls{Start("CS6", documents), Again("CS6")}));
 }
 
 TEST_F(Road, TheGatheringEndsWhenTheTimerFires) {

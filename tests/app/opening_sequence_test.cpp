@@ -157,20 +157,6 @@ TEST_F(Opening, ARefusedStartReadsScansAndSavesNothing) {
     EXPECT_TRUE(OpenCalls().empty());
 }
 
-TEST_F(Opening, TheIconImportIsDueWhenTheBuildOrTheNewestVersionChanged) {
-    EXPECT_TRUE(IsIconImportDue()) << "a first run, even with nothing installed";
-    Preferences::pNonReleaseVersion = Application::NonReleaseVersion();
-    EXPECT_FALSE(IsIconImportDue()) << "nothing installed";
-    InDesign::InstalledApps = {Installed("CS6", "8.0"), nullptr};
-    EXPECT_FALSE(IsIconImportDue()) << "a nil as the newest";
-    InDesign::InstalledApps.pop_back();
-    EXPECT_TRUE(IsIconImportDue());
-    Preferences::pIconVersion = "8.0";
-    EXPECT_FALSE(IsIconImportDue());
-    InDesign::InstalledApps.push_back(Installed("CC", "9.2"));
-    EXPECT_TRUE(IsIconImportDue());
-}
-
 TEST_F(Opening, TheStartImportsTheIconsOnceForEachNewestVersion) {
     const test::OwnResources resources;
     const auto install = [this](const std::string& suffix, const std::string& version) {

@@ -1,7 +1,8 @@
 // The desktop of a patient user, as a plug-in of the program: every alert gets the answer that goes
 // on, every chooser a tick in its first box and Return. Where that doesn't close it, the user picks
 // the running version and presses Return, then the button that opens, then Escape. What was shown
-// is written to the file that DUNVEY_SHOWN names.
+// is written to the file that DUNVEY_SHOWN names. With DUNVEY_SCREEN_LOST_AT the screen goes away
+// ahead of the event of that number, counted from 1, and the process is ended from below.
 #include <cstdlib>
 #include <fstream>
 #include <list>
@@ -51,6 +52,7 @@ class AnsweringDesktop final : public Desktop {
     }
     void Wake() override {}
     void Turn() override {
+        MayLoseScreen();
         EventLoop& loop = EventLoop::Current();
         loop.Enter([&loop] { loop.ServeNext(); });
     }
@@ -84,7 +86,13 @@ class AnsweringDesktop final : public Desktop {
         std::list<Open>::iterator place_;
     };
 
+    void MayLoseScreen() {
+        const char* lost = std::getenv("DUNVEY_SCREEN_LOST_AT");
+        if (lost != nullptr && ++events_ == std::atoi(lost)) std::exit(1);
+    }
+
     void RunOneEvent() {
+        MayLoseScreen();
         EventLoop& loop = EventLoop::Current();
         const auto wait = loop.UntilNext();
         if (wait == Clock::Time::zero()) {
@@ -141,6 +149,7 @@ class AnsweringDesktop final : public Desktop {
     std::list<Open> open_;
     std::map<const Window*, int> answers_;
     std::vector<bool> left_;
+    int events_ = 0;
 };
 
 }  // namespace

@@ -13,7 +13,7 @@
 
 namespace dunvey::test {
 
-/// One system call that fails.
+/// One system call that fails, or at position 0 all of that kind.
 struct Fault {
     Kind kind = Kind::kCount;
     int position = 0;
@@ -53,6 +53,7 @@ inline const std::vector<std::string>& ActionsOf(Kind kind) {
         {io, many, interrupted, access},                 // folder
         {interrupted, io},                               // entry
         {interrupted, io, access},                       // look
+        {access},                                        // enter
     };
     static_assert(std::size(actions) == static_cast<size_t>(Kind::kCount));
     return actions[static_cast<size_t>(kind)];

@@ -58,9 +58,10 @@ class FaultsTest : public test::FaultWorld {
         expected_[name] = suffix;
     }
 
-    Outcome Run(const Fault& fault) {
+    Outcome Run(const Fault& fault, const std::vector<std::string>& extra = {}) {
         Reset();
         std::vector<std::string> variables = FaultVariables("Dunvey", fault);
+        variables.insert(variables.end(), extra.begin(), extra.end());
         variables.push_back("DUNVEY_TEST_FOLDER=" + folder_.Path());
         variables.push_back("DUNVEY_SHOWN=" + (folder_ / "shown"));
         Outcome outcome;
@@ -107,10 +108,7 @@ class FaultsTest : public test::FaultWorld {
     void Judge(const Outcome& outcome, bool mustBeWhole) {
         EXPECT_TRUE(outcome.code == 0 || (outcome.code == 1 && !outcome.errors.empty()))
             << outcome.code << outcome.errors;
-        for (const auto& [name, suffix] : expected_)
-            JudgeDocument(outcome, name, suffix);
-        for (const auto& [name, suffix] : outcome.sent)
-            EXPECT_TRUE(expected_.contains(name) || IsNamed(outcome, name)) << name;
+        JudgeDocuments(outcome);
         JudgePreferences(outcome.preferences);
         for (const std::string& file : outcome.files)
             EXPECT_TRUE(whole_.files.contains(file)) << file;
@@ -123,6 +121,21 @@ class FaultsTest : public test::FaultWorld {
         EXPECT_EQ(outcome.sent, expected_);
         EXPECT_EQ(outcome.preferences, whole_.preferences);
         EXPECT_EQ(outcome.files, whole_.files);
+    }
+
+    /// Each document must be sent where it belongs, once, or be named to the user.
+    void JudgeDocuments(const Outcome& outcome) {
+        for (const auto& [name, suffix] : expected_)
+            JudgeDocument(outcome, name, suffix);
+        for (const auto& [name, suffix] : outcome.sent)
+            EXPECT_TRUE(expected_.contains(name) || IsNamed(outcome, name)) << name;
+    }
+
+    void PutIcons(const std::string& suffix) {
+        icon_ = std::string(100'000, 'i');
+        folder_.MakeFolder(Bundle(suffix) + "/Contents/Resources");
+        for (const char* name : {"ID_Document_Icon.icns", "ID_Book_Icon.icns"})
+            folder_.Write(Bundle(suffix) + "/Contents/Resources/" + name, icon_);
     }
 
     static constexpr char kPreferences[] = "config/Dunvey/Dunvey.pref";
@@ -314,15 +327,74 @@ TEST_F(FaultsTest, ARunningVersionIsAskedToQuit) {
 TEST_F(FaultsTest, IconsOfANewVersion) {
     GiveDesktop();
     Put("CS6", "8.0.1");
-    icon_ = std::string(100'000, 'i');
-    folder_.MakeFolder(Bundle("CS6") + "/Contents/Resources");
-    for (const char* name : {"ID_Document_Icon.icns", "ID_Book_Icon.icns"})
-        folder_.Write(Bundle("CS6") + "/Contents/Resources/" + name, icon_);
+    PutIcons("CS6");
     before_ = Stored("true", "true", "1", "7.0.4");
     unknownIcons_ = Stored("true", "true", "1", "0.0.0");
     Open("a.indd", 8, 0, "CS6");
     SweepRun();
     EXPECT_NE(whole_.preferences.find("IconVersion\":\"8.0.1"), std::string::npos);
+}
+
+TEST_F(FaultsTest, WhereverTheScreenGoesAwayEachDocumentGoesOutOnceOrIsNamed) {
+    GiveDesktop();
+    for (const auto& [suffix, version] : {std::pair("CS5", "7.0.4"), {"CS6", "8.0.1"}})
+        Put(suffix, version);
+    PutIcons("CS6");
+    before_ = Stored("true", "true", "1", "7.0.4");
+    Open("a.indd", 7, 0, "CS5");
+    Open("b.indd", 8, 0, "CS6");
+    Open("c.indd", 7, 0, "CS5");
+    words_.push_back(Document("missing.indd", 6));
+    whole_ = Run({});
+    ASSERT_EQ(whole_.sent.size(), expected_.size()) << whole_.errors;
+    int event = 0;
+    for (int code = 1; code != 0; ++faults_) {
+        SCOPED_TRACE(++event);
+        const Outcome outcome = Run({}, {"DUNVEY_SCREEN_LOST_AT=" + std::to_string(event),
+                                         "ASAN_OPTIONS=verify_asan_link_order=0:detect_leaks=0"});
+        JudgeDocuments(outcome);
+        EXPECT_EQ(outcome.sent, expected_) << "none of them needs an answer";
+        EXPECT_TRUE(outcome.preferences.starts_with("{") && outcome.preferences.ends_with("}"));
+        code = outcome.code;
+        ASSERT_LT(event, 100);
+    }
+    EXPECT_GT(event, 10) << "the note, the chooser, and a turn for each document";
+}
+
+TEST_F(FaultsTest, WithoutAHelperNothingOfItsNameIsRun) {
+    Put("CS6", "8.0.1");
+    Open("a.indd", 8, 0, "CS6");
+    folder_.MakeFolder("strangers");
+    for (const char* helper : {"open", "osascript", "ps"}) {
+        const std::string stranger = folder_.Write(
+            std::string("strangers/") + helper, "#!/bin/sh\n: > '" + (folder_ / "canary") + "'\n");
+        ASSERT_EQ(chmod(stranger.c_str(), 0755), 0);
+    }
+    const std::string path = "PATH=" + (folder_ / "strangers") + ":/usr/bin:/bin";
+    for (const char* helper : {"open", "osascript", "ps"}) {
+        SCOPED_TRACE(helper);
+        const std::string place = folder_ / (std::string("Dunvey.app/Contents/Helpers/") + helper);
+        ASSERT_EQ(rename(place.c_str(), (folder_ / "kept").c_str()), 0);
+        const Outcome outcome = Run({}, {path});
+        EXPECT_TRUE(outcome.sent.empty());
+        JudgeDocuments(outcome);
+        EXPECT_NE(outcome.errors.find(place), std::string::npos) << outcome.errors;
+        EXPECT_NE(access((folder_ / "canary").c_str(), F_OK), 0) << "a stranger was run";
+        ASSERT_EQ(rename((folder_ / "kept").c_str(), place.c_str()), 0);
+    }
+    const Outcome outcome = Run({}, {path, "BASH_FUNC_open%%=() { : > canary; }"});
+    EXPECT_EQ(outcome.sent, expected_) << "with all of them, neither programs nor functions";
+}
+
+TEST_F(FaultsTest, AShortageThatStaysIsNotWaitedForAtEachDocument) {
+    Put("CS6", "8.0.1");
+    for (int i = 0; i < 100; ++i)
+        Open(std::to_string(i) + ".indd", 8, 0, "CS6");
+    const Outcome outcome = Run({Kind::kPipe, 0, std::to_string(EMFILE)});
+    EXPECT_EQ(outcome.code, 0);
+    EXPECT_TRUE(outcome.sent.empty());
+    JudgeDocuments(outcome);
+    EXPECT_LT(ReadCounts()[Kind::kPipe], 150) << "attempts, of which most come behind a pause";
 }
 
 }  // namespace

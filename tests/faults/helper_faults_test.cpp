@@ -122,6 +122,12 @@ TEST_F(HelperFaultsTest, OpenStartsOnceWithAllFilesOrNamesThem) {
     for (const Kind kind : {Kind::kSpawn, Kind::kWrite, Kind::kOpen, Kind::kClose})
         counts[kind] += 2;
     Sweep(counts, judge);
+    for (const Fault& fault : {Fault{Kind::kEnter, 1, std::to_string(EACCES)},
+                               {Kind::kEnter, 0, std::to_string(EACCES)}}) {
+        SCOPED_TRACE(fault.Text());
+        judge(fault);
+        EXPECT_EQ(folder_.Read("stderr").empty(), fault.position == 1) << "any folder will do";
+    }
 }
 
 TEST_F(HelperFaultsTest, OpenFindsARunningApplicationAndStartsNoOther) {

@@ -3,7 +3,8 @@
 // inside itself (the steps of posix_spawn, the reads of a FILE or of dlopen).
 //
 // DUNVEY_FAULT_IN      the name of the program to act in; its children pass the library on unused
-// DUNVEY_FAULT         KIND:POSITION:ACTION, the action an errno's number, "short" for half of a
+// DUNVEY_FAULT         KIND:POSITION:ACTION, position 0 for all calls, the action an errno's
+// number, "short" for half of a
 //                      read or write, "torn" for half of a write with ENOSPC behind it
 // DUNVEY_FAULT_BELOW   of the kinds with a path, only calls on paths that contain this count
 // DUNVEY_FAULT_COUNTS  a file that gets a line "KIND COUNT" for each kind at the program's end
@@ -98,7 +99,8 @@ int ActionFor(Kind kind, const void* caller) {
     if (!state.active || !IsOfProgram(caller)) return kPass;
     const int index = static_cast<int>(kind);
     const int position = ++state.counts[index];
-    return index == state.kind && position == state.position ? state.action : kPass;
+    const bool isDue = state.position == 0 || position == state.position;
+    return index == state.kind && isDue ? state.action : kPass;
 }
 
 int ActionForPath(Kind kind, const char* path, const void* caller) {
@@ -218,6 +220,12 @@ int mkdir(const char* path, mode_t mode) __THROW {
     REAL(mkdir);
     const int action = ActionForPath(Kind::kMkdir, path, CALLER);
     return action > 0 ? Fail(action) : real(path, mode);
+}
+
+int chdir(const char* path) __THROW {
+    REAL(chdir);
+    const int action = ActionForPath(Kind::kEnter, path, CALLER);
+    return action > 0 ? Fail(action) : real(path);
 }
 
 int unlink(const char* path) __THROW {

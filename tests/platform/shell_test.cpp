@@ -64,13 +64,6 @@ TEST(Shell, ACommandMayBeLongerThanOneArgument) {
     }
 }
 
-TEST(Shell, ALongCommandReachesAProgram) {
-    std::string command = "/usr/bin/env printf %s.";
-    for (int i = 0; i < 40'000; ++i)
-        command += " " + std::string(100, 'w');
-    EXPECT_EQ(OutputOf(command).size(), 40'000U * 101U);
-}
-
 TEST(Shell, LeavesNoDescriptorAndNoChild) {
     const size_t before = OpenDescriptors();
     for (int i = 0; i < 20; ++i)

@@ -5,6 +5,7 @@
 
 #include "platform/application.h"
 #include "platform/native_menu.h"
+#include "support/user.h"
 #include "support/world.h"
 
 namespace dunvey::test {
@@ -44,7 +45,7 @@ class MenuWorld : public World {
     MenuWorld() { Application::Register(application_); }
     ~MenuWorld() override { Application::Register(nullptr); }
 
-    static bool Choose(const Ref<MenuItem>& item) { return item->Choose(AnyDesktop::ByUser()); }
+    static bool Choose(const Ref<MenuItem>& item) { return item->Choose(User::ByUser()); }
 
     class PlainApplication final : public Application {
      public:
@@ -53,11 +54,6 @@ class MenuWorld : public World {
         bool closed = false;
     };
     const Ref<PlainApplication> application_ = New<PlainApplication>();
-
- private:
-    struct AnyDesktop : Desktop {
-        using Desktop::ByUser;
-    };
 };
 
 }  // namespace dunvey::test

@@ -22,9 +22,7 @@ class World : public ::testing::Test {
  protected:
     World() {
         headless::TheMachine() = {};
-        auto desktop = std::make_unique<headless::ScriptedDesktop>();
-        user_ = desktop.get();
-        Desktop::Install(std::move(desktop));
+        InstallDesktop();
         setenv("HOME", folder_.Path().c_str(), 1);
         setenv("XDG_CONFIG_HOME", (folder_ / "config").c_str(), 1);
         setenv("LC_ALL", "C", 1);
@@ -40,6 +38,13 @@ class World : public ::testing::Test {
             << "These tests need a machine without a folder /Applications: it would be scanned.";
     }
     void TearDown() override { user_->Finish(); }
+
+    /// A scripted desktop in the place of whatever there is.
+    void InstallDesktop() {
+        auto desktop = std::make_unique<headless::ScriptedDesktop>();
+        user_ = desktop.get();
+        Desktop::Install(std::move(desktop));
+    }
 
     static std::string AppName(const std::string& suffix) {
         return "Adobe InDesign " + suffix + ".app";

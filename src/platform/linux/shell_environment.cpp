@@ -4,42 +4,58 @@
 #include <unistd.h>
 
 #include <cstdio>
+#include <string_view>
+#include <utility>
 
 #include "platform/application.h"
 #include "platform/exceptions.h"
-#include "platform/file_descriptor.h"
 
 namespace dunvey {
 namespace {
 
 constexpr std::string_view kPath = "PATH=";
 constexpr const char* kUsualPath = "/usr/local/bin:/usr/bin:/bin";
+/// What an interactive shell hands on as functions comes ahead of every program of the name.
+constexpr std::string_view kFunction = "BASH_FUNC_";
+
+Ref<FolderItem> HelpersFolder() {
+    return Application::ExecutableFile()->Parent()->Parent()->Child("Helpers");
+}
 
 /// The Helpers folder as an entry of PATH, where a colon in its own path would end it: by the
 /// descriptor of the open folder then, which stays for as long as this process does.
-std::string PathEntry(const Ref<FolderItem>& helpers) {
-    const std::string& path = helpers->NativePath();
+std::string PathEntry(const std::string& path) {
     if (path.find(':') == path.npos) return path;
-    static const FileDescriptor folder(open(path.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC));
-    return "/proc/" + std::to_string(getpid()) + "/fd/" + std::to_string(folder.Get());
+    static int folder = -1;
+    if (folder < 0) folder = open(path.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC);
+    return "/proc/" + std::to_string(getpid()) + "/fd/" + std::to_string(folder);
 }
 
-/// Looked up once. Without the helpers nothing can be listed or started, so that is said.
-const std::string& Helpers() {
-    static const std::string entry = []() -> std::string {
-        try {
-            const Ref<FolderItem> helpers =
-                Application::ExecutableFile()->Parent()->Parent()->Child("Helpers");
-            if (helpers->Exists()) return PathEntry(helpers) + ":";
-            std::fprintf(stderr, "Dunvey: its folder \"%s\" is missing. Install Dunvey again.\n",
-                         helpers->NativePath().c_str());
-        } catch (const IOException& failure) {
-            std::fprintf(stderr, "Dunvey: its helpers can't be found: %s\n",
-                         failure.Message.c_str());
+/// Whether every helper is there, which is said once if not.
+bool IsComplete(const std::string& entry, const std::string& folder) {
+    static bool isSaid = false;
+    for (const char* name : {"open", "osascript", "ps"}) {
+        if (access((entry + "/" + name).c_str(), X_OK) == 0) continue;
+        if (!std::exchange(isSaid, true)) {
+            std::fprintf(stderr,
+                         "Dunvey: its program \"%s/%s\" is missing. Install Dunvey again.\n",
+                         folder.c_str(), name);
         }
+        return false;
+    }
+    return true;
+}
+
+/// The search path with the helpers ahead of it; empty if one is missing.
+std::string SearchPath(const std::string& inherited) {
+    try {
+        const std::string folder = HelpersFolder()->NativePath();
+        const std::string entry = PathEntry(folder);
+        return IsComplete(entry, folder) ? entry + ":" + inherited : std::string();
+    } catch (const IOException& failure) {
+        std::fprintf(stderr, "Dunvey: its helpers can't be found: %s\n", failure.Message.c_str());
         return {};
-    }();
-    return entry;
+    }
 }
 
 }  // namespace
@@ -51,11 +67,13 @@ std::vector<std::string> ShellEnvironment() {
         const std::string_view variable = *entry;
         if (variable.starts_with(kPath)) {
             path = variable.substr(kPath.size());
-        } else {
+        } else if (!variable.starts_with(kFunction)) {
             environment.emplace_back(variable);
         }
     }
-    environment.push_back(std::string(kPath) + Helpers() + path);
+    path = SearchPath(path);
+    if (path.empty()) return {};
+    environment.push_back(std::string(kPath) + path);
     return environment;
 }
 

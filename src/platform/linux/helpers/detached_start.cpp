@@ -48,10 +48,9 @@ void ResetSignals() {
     sigprocmask(SIG_SETMASK, &none, nullptr);
 }
 
-void EnterHomeFolder() {
+bool EnterHomeFolder() {
     const char* home = std::getenv("HOME");
-    const bool isEntered = home != nullptr && home[0] == '/' && chdir(home) == 0;
-    if (!isEntered && chdir("/") != 0) _exit(EXIT_FAILURE);
+    return (home != nullptr && home[0] == '/' && chdir(home) == 0) || chdir("/") == 0;
 }
 
 /// The child's part. Ends in the new program, or writes its errno to the pipe.
@@ -61,8 +60,7 @@ void EnterHomeFolder() {
     for (int stream = STDIN_FILENO; stream <= STDERR_FILENO; ++stream)
         dup2(emptyDevice, stream);
     CloseInheritedOnExec();
-    EnterHomeFolder();
-    Uninterrupted([arguments] { return execv(arguments[0], arguments); });
+    if (EnterHomeFolder()) Uninterrupted([arguments] { return execv(arguments[0], arguments); });
     const int error = errno;
     WriteFully(problemPipe, {reinterpret_cast<const char*>(&error), sizeof error});
     _exit(EXIT_FAILURE);
