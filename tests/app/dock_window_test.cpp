@@ -3,7 +3,7 @@
 #include <sys/stat.h>
 
 #include "app/app.h"
-#include "persistence/preferences.h"
+#include "support/user.h"
 #include "support/world.h"
 
 namespace dunvey {
@@ -14,13 +14,7 @@ class DockTest : public test::World {
     DockTest() { Application::Register(app_); }
     ~DockTest() override { Application::Register(nullptr); }
 
-    static UserAction User() { return Key::ByUser(); }
     static std::string Uri(const std::string& path) { return "file://" + path; }
-    std::string Line(const DockWindow& dock) const {
-        for (const Ref<RectControl>& control : dock.Controls())
-            if (control->Name() == "line") return control.As<Label>()->Text();
-        return "no line";
-    }
     Ref<DockWindow> Shown() {
         const Ref<DockWindow> dock = New<DockWindow>();
         user_->ExpectWindow(dock->Title(), {});
@@ -28,10 +22,6 @@ class DockTest : public test::World {
         return dock;
     }
 
-    class Key : public Desktop {
-     public:
-        using Desktop::ByUser;
-    };
     const Ref<App> app_ = New<App>();
 };
 
@@ -68,41 +58,13 @@ TEST_F(DockTest, AMixedDropIsOneRunOfItsDocuments) {
         words.push_back(Document(std::to_string(i) + ".indd", 8)->NativePath());
     user_->Later([&] {
         const Ref<DockWindow> dock = Shown();
-        dock->Take(User(), words);
+        dock->Take(test::User::ByUser(), words);
         EXPECT_TRUE(dock->IsClosed()) << "it goes at once";
-        dock->Take(User(), words);
+        dock->Take(test::User::ByUser(), words);
     });
     EXPECT_EQ(loop_.Run(*app_), 0);
     ASSERT_EQ(OpenCalls().size(), 2U) << "the start, and the version that runs";
     EXPECT_EQ(OpenCalls()[0].size(), 1002U);
-}
-
-TEST_F(DockTest, WhatIsNoDocumentIsRefusedInWords) {
-    const Ref<DockWindow> dock = Shown();
-    const std::string before = Line(*dock);
-    const std::vector<std::string> foreign = {folder_.Write("picture.png", "")};
-    EXPECT_FALSE(dock->Drag(User(), foreign));
-    EXPECT_NE(Line(*dock), before);
-    EXPECT_TRUE(dock->Drag(User(), {folder_.Write("a.indd", "")}));
-    EXPECT_EQ(Line(*dock), before);
-    dock->Take(User(), foreign);
-    EXPECT_FALSE(dock->IsClosed());
-    EXPECT_NE(Line(*dock), before);
-    EXPECT_EQ(loop_.UntilNext(), std::nullopt) << "no run has begun";
-    EXPECT_THROW(dock->Dismiss(User()), EndException);
-}
-
-TEST_F(DockTest, ClosingItEndsTheProgramAndSavesThePreferences) {
-    const std::string name = Application::ExecutableFile()->Name();
-    user_->Later([this] {
-        const Ref<DockWindow> dock = Shown();
-        Preferences::gAllowOpenHigherVersion = true;
-        dock->Dismiss(User());
-    });
-    EXPECT_EQ(loop_.Run(*app_), 0);
-    EXPECT_NE(folder_.Read("config/" + name + "/" + name + ".pref").find("true"),
-              std::string::npos);
-    Preferences::gAllowOpenHigherVersion = false;
 }
 
 }  // namespace

@@ -39,9 +39,7 @@ TEST_F(ExceptionReport, StandardErrorHasItWithoutAScreenToo) {
     const std::string report = Report([] { throw NilObjectException("nothing there"); });
     EXPECT_NE(report.find("unhandled NilObjectException: nothing there"), std::string::npos);
     EXPECT_NE(report.find("exception_report_test.cpp:"), std::string::npos) << report;
-    auto desktop = std::make_unique<headless::ScriptedDesktop>();
-    user_ = desktop.get();
-    Desktop::Install(std::move(desktop));
+    InstallDesktop();
 }
 
 }  // namespace

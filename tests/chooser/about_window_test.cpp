@@ -3,6 +3,7 @@
 #include "chooser/chooser.h"
 #include "menus/main_menu_bar.h"
 #include "platform/native_image.h"
+#include "support/user.h"
 
 namespace dunvey {
 namespace {
@@ -16,12 +17,8 @@ class About : public test::Chooser {
     }
     ~About() override { MainMenuBar::Instance()->Find("FileAbout")->Action = nullptr; }
 
-    void ChooseAbout() const { EXPECT_TRUE(FileAbout()->Choose(Key::ByUser())); }
+    void ChooseAbout() const { EXPECT_TRUE(FileAbout()->Choose(test::User::ByUser())); }
 
-    class Key : public Desktop {
-     public:
-        using Desktop::ByUser;
-    };
     const Ref<App> app_ = New<App>();
 };
 

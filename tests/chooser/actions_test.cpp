@@ -1,8 +1,5 @@
 #include <gtest/gtest.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
-#include "app/run_rescue.h"
 #include "chooser/chooser.h"
 #include "version/booting_apps.h"
 
@@ -37,30 +34,14 @@ class ChooserActions : public Chooser {
         return [this](Window1& window) { user_->Press(*window.PushButton3()); };
     }
 
-    void RestoreDesktop() {
-        Desktop::SetLoader(nullptr);
-        auto desktop = std::make_unique<headless::ScriptedDesktop>();
-        user_ = desktop.get();
-        Desktop::Install(std::move(desktop));
-    }
-
     const Ref<FolderItem> document_ = Document("a.indd", 8);
 };
 
-TEST_F(ChooserActions, EachWayToOpenAndToCancel) {
+TEST_F(ChooserActions, WhereTheDesktopClosesTheWindowTheDocumentKeepsWhatWasJudged) {
     headless::TheMachine().commandKey = true;
-    Expect({Return()});
-    Open({document_});
-    EXPECT_EQ(Opened(), Starts{"CS6: a.indd"});
-    Expect({Escape()});
-    EXPECT_EQ(Open({document_}), 0);
-    EXPECT_EQ(Opened(), Starts{});
-    Expect({DoubleClick(0)});
-    Open({document_});
-    EXPECT_EQ(Opened(), Starts{"CS5: a.indd"}) << "with Command also in a lower version";
     Expect({[this](Window1& window) { user_->CloseByTheDesktop(window); }});
     Open({document_});
-    EXPECT_EQ(Opened(), Starts{"CS6: a.indd"}) << "the document keeps what was judged";
+    EXPECT_EQ(Opened(), Starts{"CS6: a.indd"});
 }
 
 TEST_F(ChooserActions, TheChoiceIsWrittenIntoTheRecord) {
@@ -80,7 +61,7 @@ TEST_F(ChooserActions, ADoubleClickOpensOnlyWhatTheOpenButtonWould) {
     EXPECT_EQ(Opened(), Starts{"CC: b.indd"});
 }
 
-TEST_F(ChooserActions, AnotherVersionBesideARunningOneAsksFirst) {
+TEST_F(ChooserActions, AnotherVersionBesideARunningOneIsWarnedOf) {
     Running({"CC"});
     const auto look = [](const MessageDialog& dialog) {
         EXPECT_EQ(dialog.Icon, MessageDialog::kCaution);
@@ -94,15 +75,7 @@ TEST_F(ChooserActions, AnotherVersionBesideARunningOneAsksFirst) {
     user_->ExpectMessage(kMixed, Answer::Action, look);
     Open({document_});
     EXPECT_EQ(Opened(), Starts{});
-    Expect({Return()});
-    user_->ExpectMessage(kMixed, Answer::AlternateAction);
-    Open({document_});
-    EXPECT_EQ(Opened(), Starts{"CS6: a.indd"});
-    Expect({Return()});
-    user_->ExpectMessage(kMixed, Answer::Cancel);
-    EXPECT_EQ(Open({document_}), 0);
-    EXPECT_EQ(Opened(), Starts{}) << "the program has been quit";
-    EXPECT_EQ(user_->timesInFront(), 3);
+    EXPECT_EQ(user_->timesInFront(), 1);
     Running({"CC", "CS6"});
     headless::TheMachine().commandKey = true;
     Expect({Return()});
@@ -126,16 +99,6 @@ TEST_F(ChooserActions, QuittingTheOtherVersionClearsTheWay) {
     EXPECT_EQ(Opened(), Starts{"CS6: a.indd"});
     const std::string script = "on run {AppPath}\nquit application AppPath\ndelay 1\nend run";
     EXPECT_EQ(QuitCalls(), (std::vector<std::vector<std::string>>{{"-e", script, AppPath("CC")}}));
-}
-
-TEST_F(ChooserActions, AQuoteInAPathReachesTheQuitRequest) {
-    Installed("it's \"$(x)\"", "10.0.0");
-    Running({"it's \"$(x)\""});
-    AfterQuit({});
-    Expect({Select(3), QuitSelected(), Escape()});
-    Open({document_});
-    ASSERT_EQ(QuitCalls().size(), 1U);
-    EXPECT_EQ(QuitCalls()[0][2], AppPath("it's \"$(x)\""));
 }
 
 TEST_F(ChooserActions, AVersionThatRefusesToQuitIsAskedAgainUntilTheUserHasEnough) {
@@ -248,33 +211,6 @@ TEST_F(ChooserActions, ALateDocumentIsDropped) {
     EXPECT_EQ(Opened(), Starts{"CS6: a.indd"});
 }
 
-TEST_F(ChooserActions, WhereTheScreenGoesAwayTheRestOfTheRunGoesOn) {
-    Installed("2020", "15.0.0");
-    ::testing::internal::CaptureStderr();
-    // The toolkit would end the process in the middle of its loop.
-    const auto loseScreen = [](Window1&) {
-        const pid_t child = fork();
-        if (child == 0) {
-            RescueRun();
-            RescueRun();
-            _exit(0);
-        }
-        int status = 1;
-        waitpid(child, &status, 0);
-        EXPECT_EQ(status, 0);
-    };
-    Expect({loseScreen,
-            [this](Window1&) {
-                EXPECT_EQ(Opened(), (Starts{"CS6: a.indd", "2020: high.indd"}));
-            },
-            Escape()});
-    Open({document_, Document("high.indd", 15), Document("lost.indd", 12)});
-    const std::string said = ::testing::internal::GetCapturedStderr();
-    EXPECT_EQ(said, "Dunvey: " + folder_.Path() +
-                        "/lost.indd isn't opened, since it must be asked with which version. The "
-                        "display has gone away.\n");
-}
-
 TEST_F(ChooserActions, WithoutAScreenOnlyTheQuestionsAreLeftOut) {
     Desktop::Install(nullptr);
     Desktop::SetLoader(
@@ -290,7 +226,8 @@ TEST_F(ChooserActions, WithoutAScreenOnlyTheQuestionsAreLeftOut) {
     headless::TheMachine().commandKey = true;
     EXPECT_EQ(Open({document_}), 0) << "the key alone is no question";
     EXPECT_EQ(Opened(), Starts{"CS6: a.indd"});
-    RestoreDesktop();
+    Desktop::SetLoader(nullptr);
+    InstallDesktop();
 }
 
 }  // namespace

@@ -164,7 +164,7 @@ TEST_F(Chooser, ListsEveryVersionInOrderWithItsState) {
     Open({Document("a.indd", 8)});
 }
 
-TEST_F(Chooser, HeightFollowsTheRowsAndTheControlsFollowTheHeight) {
+TEST_F(Chooser, HeightFollowsTheRows) {
     struct Row {
         int rows;
         int64_t height;
@@ -181,11 +181,6 @@ TEST_F(Chooser, HeightFollowsTheRowsAndTheControlsFollowTheHeight) {
             EXPECT_EQ(window.Width(), 450);
             EXPECT_EQ(window.AppList()->Place(), (Bounds{20, 109, 410, row.height - 251}));
             EXPECT_EQ(window.CheckBox2()->Place(), (Bounds{20, row.height - 40, 410, 20}));
-            user_->Resize(window, {600, 1000});
-            EXPECT_EQ(window.PushButton1()->Place(), (Bounds{435, 870, 145, 20}));
-            EXPECT_EQ(window.PushButton3()->Place(), (Bounds{20, 870, 135, 20}));
-            EXPECT_EQ(window.LabelMsg()->Place(), (Bounds{0, 78, 600, 24}));
-            EXPECT_EQ(window.Canvas2()->Place(), (Bounds{15, 36, 32, 32}));
             user_->Resize(window, {100, 100});
             EXPECT_EQ(window.Width(), 450);
             EXPECT_EQ(window.Height(), row.height);
@@ -194,62 +189,33 @@ TEST_F(Chooser, HeightFollowsTheRowsAndTheControlsFollowTheHeight) {
     }
 }
 
-/// Writes down what is drawn.
+/// What cells are drawn on, without a screen.
 class Paper final : public Graphics {
  public:
     int64_t Width() const override { return 90; }
     int64_t Height() const override { return 26; }
-    void FillRect(int64_t x, int64_t y, int64_t width, int64_t height) override {
-        Write("fill", {x, y, width, height});
-    }
-    void DrawLine(int64_t x, int64_t y, int64_t toX, int64_t toY) override {
-        Write("line", {x, y, toX, toY});
-    }
-    void DrawPicture(const Picture&, int64_t x, int64_t y) override { Write("picture", {x, y}); }
-
-    std::string drawn;
-
- private:
-    void Write(const char* what, const std::vector<int64_t>& numbers) {
-        drawn += what;
-        for (const int64_t number : numbers)
-            drawn += " " + std::to_string(number);
-        drawn += ForeColor == Color{0xF1F2F2}   ? " stripe;"
-                 : ForeColor == Color{0xD5D5D5} ? ";"
-                                                : "?";
-    }
+    void FillRect(int64_t, int64_t, int64_t, int64_t) override {}
+    void DrawLine(int64_t, int64_t, int64_t, int64_t) override {}
+    void DrawPicture(const Picture&, int64_t, int64_t) override {}
 };
 
-TEST_F(Chooser, RowsAreStripedAndGreyWhereTheyCannotOpenTheDocument) {
+TEST_F(Chooser, RowsAreGreyWhereTheyCannotOpenTheDocument) {
     Installed("CS5", "7.0.0");
     Installed("CS6", "8.0.1");
     Installed("CC", "9.0.0");
     headless::TheMachine().commandKey = true;
     Look([&](Window1& window) {
-        const auto background = [&](int64_t row, int64_t column) {
-            Paper paper;
-            const bool drawn = window.AppList()->Event_CellBackgroundPaint(paper, row, column);
-            return (drawn ? "all: " : "") + paper.drawn;
-        };
         const auto grey = [&](int64_t row) {
             Paper paper;
             EXPECT_FALSE(window.AppList()->Event_CellTextPaint(paper, row, 0, 0, 0));
             return paper.ForeColor == Color{0x999999};
         };
         ASSERT_EQ(window.AppList()->ListIndex(), 1);
-        EXPECT_EQ(background(1, 0), "all: ") << "the selected row has the highlight alone";
-        EXPECT_EQ(background(0, 0), "line 0 25 90 25;line 89 0 89 25;");
-        EXPECT_EQ(background(2, 2), "line 0 25 90 25;") << "no line behind the last column";
         EXPECT_TRUE(grey(0));
         EXPECT_FALSE(grey(1));
         EXPECT_TRUE(grey(2));
         user_->Select(*window.AppList(), 2);
         EXPECT_FALSE(grey(2)) << "the selected row never is";
-        EXPECT_EQ(background(1, 1), "fill 0 0 90 26 stripe;line 0 25 90 25;line 89 0 89 25;");
-        window.AppList()->CellBackgroundPaint = [](Listbox&, Graphics&, int64_t row, int64_t) {
-            return row == 0;
-        };
-        EXPECT_EQ(background(0, 2), "all: line 0 25 90 25;") << "the owner has the last word";
     });
     Open({Document("a.indd", 8)});
 }

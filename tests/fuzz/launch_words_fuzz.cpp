@@ -98,6 +98,7 @@ void TryInput(std::string_view bytes) {
         Check(PathOfWord(words.back()) == path, "a word is a path or a local URI", words.back());
         if (!path.empty()) expected.push_back(Absolute(path));
     }
+    Check(PathOfWord("file://" + OwnName() + "/a") == "/a", "the machine's own name is local");
     KeepLaunchWords(words);
     EventLoop loop;
     Taker taker;

@@ -95,32 +95,19 @@ TEST_F(CopyScript, CopiesExactlyTheTwoFilesWhateverThePathsHold) {
 
 TEST_F(CopyScript, WhatIsNoAbsolutePathAsAShellWordIsRefused) {
     const std::string good = folder_.Write("good", "x");
-    for (const std::string& word : {std::string(),
-                                    std::string("relative"),
-                                    std::string("/two words"),
-                                    "'" + good + "'",
-                                    "\"" + good + "\"",
-                                    good + ";touch canary",
-                                    good + "$(touch canary)",
-                                    good + "`touch canary`",
-                                    good + "&",
-                                    good + "|touch canary",
-                                    good + "\n",
-                                    good + "\\",
-                                    good + "\\\n",
-                                    good + "'\n",
-                                    good + "'\n\n'",
-                                    good + "*",
-                                    good + "?",
-                                    good + "~",
-                                    good + "\x7F",
-                                    good + "\t",
-                                    std::string("-n"),
-                                    std::string("$0")}) {
+    std::vector<std::string> words = {"", "relative", "/two words", "-n", "$0"};
+    words.push_back("'" + good + "'");
+    words.push_back("\"" + good + "\"");
+    for (const char* end :
+         {";touch canary", "$(touch canary)", "`touch canary`", "&", "|touch canary", "\n", "\\",
+          "\\\n", "'\n", "'\n\n'", "*", "?", "~", "\x7F", "\t"}) {
+        words.push_back(good + end);
+    }
+    for (const std::string& word : words) {
         for (size_t place = 0; place < 4; ++place) {
-            std::vector<std::string> words = {good, folder_ / "a", good, folder_ / "b"};
-            words[place] = word;
-            EXPECT_NE(Run(words), "") << word;
+            std::vector<std::string> call = {good, folder_ / "a", good, folder_ / "b"};
+            call[place] = word;
+            EXPECT_NE(Run(call), "") << word;
         }
     }
     EXPECT_NE(Run({good, folder_ / "a", good}), "") << "a word too few";

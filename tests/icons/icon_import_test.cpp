@@ -197,9 +197,7 @@ TEST_F(IconImport, WithoutAScreenNothingChanges) {
         []() -> std::unique_ptr<Desktop> { throw DesktopUnavailableException("no screen"); });
     InDesign::GetIconFile();
     Desktop::SetLoader(nullptr);
-    auto desktop = std::make_unique<headless::ScriptedDesktop>();
-    user_ = desktop.get();
-    Desktop::Install(std::move(desktop));
+    InstallDesktop();
     EXPECT_EQ(Stored(kDocument), "old");
     EXPECT_EQ(Preferences::pIconVersion, "before");
 }
@@ -239,18 +237,6 @@ TEST_F(CopyFileOrFolder, AFailureEndsTheCopyAndLeavesWhatWasCopied) {
     EXPECT_FALSE(Copy("from", "to"));
     EXPECT_EQ(folder_.Read("to/from/a"), "A");
     EXPECT_FALSE(FolderItem(folder_ / "to/from/z").Exists());
-}
-
-TEST_F(CopyFileOrFolder, AFileIsCopiedToAPlaceOrIntoAFolder) {
-    folder_.Write("a", "A");
-    folder_.MakeFolder("to");
-    EXPECT_TRUE(Copy("a", "b"));
-    EXPECT_TRUE(Copy("a", "to"));
-    EXPECT_EQ(folder_.Read("b") + folder_.Read("to/a"), "AA");
-    EXPECT_FALSE(Copy("a", "b")) << "it is there already";
-    EXPECT_FALSE(Copy("missing", "c"));
-    EXPECT_THROW(General::CopyFileOrFolder(nullptr, New<FolderItem>(folder_ / "c")),
-                 NilObjectException);
 }
 
 }  // namespace

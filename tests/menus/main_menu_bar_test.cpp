@@ -98,22 +98,5 @@ TEST_F(MainMenu, NoTwoItemsThatShowTogetherShareATitleOrAShortcut) {
     }
 }
 
-TEST_F(MainMenu, WithoutAWindowOnlyTheProgramsOwnCommandsAreEnabled) {
-    const Ref<MenuItem> bar = New<MainMenuBar>();
-    application_->SetMenuBar(bar.As<MenuBar>());
-    bar->Find("FileAbout")->Action = [] { return true; };
-    std::string enabled;
-    bar->Validate();
-    for (const Ref<MenuItem>& menu : bar->Items()) {
-        menu->Validate();
-        enabled += menu->Enabled ? menu->Name + ": " : "";
-        for (const Ref<MenuItem>& item : menu->ItemsShown())
-            enabled += item->Enabled ? item->Name + " " : "";
-    }
-    EXPECT_EQ(enabled,
-              "FileMenu: FileAbout FileQuit EditMenu: WindowMenu0: WindowBringAlltoFront ");
-    EXPECT_EQ(bar->Find("WindowMenu0")->ItemsShown().size(), 4U);
-}
-
 }  // namespace
 }  // namespace dunvey

@@ -89,9 +89,7 @@ TEST_F(WindowCommands, AShownWindowLivesUntilItHasClosedOrTheDesktopGoes) {
     Desktop::Install(nullptr);
     EXPECT_TRUE(left.expired());
     EXPECT_EQ(Enabled(), "");
-    auto desktop = std::make_unique<headless::ScriptedDesktop>();
-    user_ = desktop.get();
-    Desktop::Install(std::move(desktop));
+    InstallDesktop();
 }
 
 TEST_F(WindowCommands, EscapeClosesAWindowThatCanOnlyBeClosed) {

@@ -1,6 +1,7 @@
 #include "platform/headless/machine.h"
 #include "platform/headless/scripted_desktop.h"
 #include "support/contract_script.h"
+#include "support/user.h"
 
 namespace dunvey::test {
 namespace {
@@ -33,7 +34,7 @@ class ScriptedHands final : public Hands {
     void Press(PushButton& button) override { desktop_->Press(button); }
     void PressInVain(PushButton& button) override {
         EXPECT_THROW(desktop_->Press(button), headless::ScriptFault);
-        button.Press(Key::ByUser());
+        button.Press(User::ByUser());
     }
     void Return(Window& window) override { desktop_->Return(window); }
     void Escape(Window& window) override { desktop_->Escape(window); }
@@ -59,10 +60,6 @@ class ScriptedHands final : public Hands {
     Bounds ShownPlace(RectControl& control) override { return control.Place(); }
 
  private:
-    class Key : public Desktop {
-     public:
-        using Desktop::ByUser;
-    };
     headless::ScriptedDesktop* desktop_;
 };
 

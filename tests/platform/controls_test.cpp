@@ -5,7 +5,6 @@
 
 #include "platform/canvas.h"
 #include "platform/check_box.h"
-#include "platform/desktop.h"
 #include "platform/event_loop.h"
 #include "platform/exceptions.h"
 #include "platform/label.h"
@@ -13,14 +12,12 @@
 #include "platform/push_button.h"
 #include "platform/separator.h"
 #include "platform/window.h"
+#include "support/user.h"
 
 namespace dunvey {
 namespace {
 
-class User : public Desktop {
- public:
-    using Desktop::ByUser;
-};
+using test::User;
 
 struct LockCase {
     Locks locks;

@@ -114,19 +114,6 @@ TEST_F(EventLoopTest, QuitClosesOnceAndUnwindsThroughNestedDialogs) {
     EXPECT_EQ(log_, "close still here unwound unwound ");
 }
 
-TEST_F(EventLoopTest, TerminateEndsLikeQuitWithZero) {
-    app_->close = [this] { log_ += "close "; };
-    app_->open = [] { NSApplication::terminate(); };
-    EXPECT_EQ(Run(), 0);
-    EXPECT_EQ(log_, "close ");
-}
-
-TEST_F(EventLoopTest, AFailureInAnEventPassesThroughTheLoop) {
-    app_->document = [](const std::string&) { throw IOException("lost"); };
-    loop_.PostOpenDocument(New<FolderItem>("/1"));
-    EXPECT_THROW(Run(), IOException);
-}
-
 TEST_F(EventLoopTest, AfterAFailureNothingIsServedAnyMore) {
     TestTimer timer([this] { log_ += "timer "; });
     app_->open = [&] { timer.SetMode(Timer::kOnce); };
@@ -178,21 +165,6 @@ TEST_F(EventLoopTest, LoopsEndFromTheInsideOut) {
     EXPECT_EQ(log_, "outer left inner ended ");
 }
 
-TEST_F(EventLoopTest, ADialogTellsWhichButtonWasPressed) {
-    MessageDialog dialog;
-    dialog.Message = "which";
-    dialog.AlternateActionButton->Visible = true;
-    user_->ExpectMessage("which", Answer::AlternateAction);
-    EXPECT_EQ(dialog.ShowModal(), dialog.AlternateActionButton);
-    // Escape means nothing where there is no cancel button and a choice.
-    user_->ExpectMessage("which", Answer::Dismiss);
-    user_->ExpectMessage("which", Answer::Action);
-    EXPECT_EQ(dialog.ShowModal(), dialog.ActionButton);
-    dialog.CancelButton->Visible = true;
-    user_->ExpectMessage("which", Answer::Dismiss);
-    EXPECT_EQ(dialog.ShowModal(), dialog.CancelButton);
-}
-
 TEST_F(EventLoopTest, TheScriptIsStrict) {
     EXPECT_THROW(MsgBox("surprise"), headless::ScriptFault);
     user_->ExpectMessage("other");
@@ -212,9 +184,7 @@ TEST_F(EventLoopTest, WithoutADesktopTheReasonIsTold) {
     user_ = nullptr;
     EXPECT_THROW(MsgBox("text"), DesktopUnavailableException);
     EXPECT_THROW(Run(), DesktopUnavailableException) << "nothing to do but wait for the user";
-    auto desktop = std::make_unique<headless::ScriptedDesktop>();
-    user_ = desktop.get();
-    Desktop::Install(std::move(desktop));
+    InstallDesktop();
 }
 
 }  // namespace

@@ -96,8 +96,6 @@ TEST_F(IconFile, AllCodingsGiveTheirColours) {
     const std::string raw =
         std::string(256, '\x10') + std::string(256, '\x20') + std::string(256, '\x30');
     const Case cases[] = {
-        {"alpha ahead", {IconPart("ic04", PlainArgb(16, 255, 1, 2, 3))}, 16, 0xFF010203},
-        {"premultiplied", {IconPart("ic05", PlainArgb(32, 128, 255, 100, 0))}, 32, 0x80803200},
         {"no mask", {IconPart("is32", PlainColors(16, 9, 8, 7))}, 16, 0xFF090807},
         {"a mask",
          {IconPart("l8mk", std::string(1024, '\x33')),
@@ -139,34 +137,6 @@ TEST_F(IconFile, AllCodingsGiveTheirColours) {
     }
 }
 
-TEST_F(IconFile, ChannelsStandPixelByPixelInRows) {
-    // Literals that differ, so that a channel or a row out of place shows.
-    std::string packed;
-    for (int channel = 0; channel < 3; ++channel) {
-        for (int row = 0; row < 16; ++row) {
-            packed += '\x0F';
-            for (int column = 0; column < 16; ++column)
-                packed += static_cast<char>(channel * 70 + row * 4 + column / 4);
-        }
-    }
-    const Ref<Bitmap> image = Image(test::IconFile({IconPart("is32", packed)}), 16);
-    ASSERT_TRUE(image);
-    EXPECT_EQ(image->Pixels[0], 0xFF00468Cu);
-    EXPECT_EQ(image->Pixels[15], 0xFF03498Fu);
-    EXPECT_EQ(image->Pixels[16], 0xFF044A90u);
-    EXPECT_EQ(image->Pixels[255], 0xFF3F85CBu);
-}
-
-TEST_F(IconFile, ATruncatedFileGivesWhatIsWhole) {
-    const std::string small = IconPart("ic04", PlainArgb(16, 255, 1, 2, 3));
-    const std::string file = test::IconFile({small, IconPart("ic11", Png(32))});
-    for (size_t length = 0; length < file.size(); ++length) {
-        const bool smallIsWhole = length >= 8 + small.size();
-        EXPECT_EQ(Side(file.substr(0, length), 32), smallIsWhole ? 16 : 0) << length;
-    }
-    EXPECT_EQ(Side(file, 32), 32);
-}
-
 TEST_F(IconFile, LengthsThatLieEndTheList) {
     const std::string good = IconPart("ic04", PlainArgb(16, 255, 1, 2, 3));
     const std::string png = IconPart("ic11", Png(32));
@@ -203,37 +173,6 @@ TEST_F(IconFile, HugeCountsAndSizesAreBounded) {
     folder_.Write("a.icns", large + Png(32));
     ASSERT_EQ(truncate(path.c_str(), static_cast<off_t>(16 + length)), 0);
     EXPECT_FALSE(IconFamily(path).Image(32, &DecodeStandIn));
-}
-
-TEST_F(IconFile, WhatIsNoIconFileHasNoPicturesAndMakesNobodyWait) {
-    const std::string good = folder_.Write("good", test::IconFile({IconPart("ic11", Png(32))}));
-    ASSERT_EQ(symlink("good", (folder_ / "link").c_str()), 0);
-    ASSERT_EQ(symlink("nowhere", (folder_ / "broken").c_str()), 0);
-    ASSERT_EQ(mkfifo((folder_ / "fifo").c_str(), 0600), 0);
-    folder_.MakeFolder("folder");
-    folder_.Write("text", "icon, says the text, and goes on for a while");
-    for (const char* name : {"missing", "broken", "fifo", "folder", "text"})
-        EXPECT_FALSE(IconFamily(folder_ / name).Image(16, &DecodeStandIn)) << name;
-    EXPECT_TRUE(IconFamily(folder_ / "link").Image(16, &DecodeStandIn));
-    if (geteuid() != 0) {
-        chmod(good.c_str(), 0);
-        EXPECT_FALSE(IconFamily(good).Image(16, &DecodeStandIn));
-    }
-}
-
-TEST_F(IconFile, OnlyThePartThatIsNeededIsRead) {
-    const std::string path = folder_.Write(
-        "a.icns", test::IconFile({IconPart("ic11", Png(32)), IconPart("ic09", Png(99))}));
-    const IconFamily family(path);
-    ASSERT_TRUE(family.Image(16, &DecodeStandIn));
-    ASSERT_EQ(truncate(path.c_str(), 16), 0) << "the bytes vanish while the file is open";
-    int decoded = 0;
-    const auto count = [&decoded](std::string_view bytes) {
-        ++decoded;
-        return DecodeStandIn(bytes);
-    };
-    EXPECT_TRUE(family.Image(32, count)) << "both resolutions come out of one picture";
-    EXPECT_FALSE(family.Image(64, count) && decoded > 0) << "bytes that aren't there were used";
 }
 
 class BundleIcon : public ::testing::Test {

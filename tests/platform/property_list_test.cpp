@@ -91,20 +91,6 @@ TEST(PropertyList, ABinaryListThatRepeatsItsValuesIsRead) {
     EXPECT_EQ(Look(Binary(objects)), "9.2");
 }
 
-TEST(PropertyList, EveryCutAndEveryFlippedByteIsSafe) {
-    const std::string whole = Binary({"d10102", "516b",
-                                      "5f100239"
-                                      "2e"});
-    for (size_t i = 0; i < whole.size(); ++i) {
-        Look(whole.substr(0, i));
-        for (const int byte : {0x00, 0x0F, 0x1F, 0x5F, 0x7F, 0xD1, 0xDF, 0xFF}) {
-            std::string flipped = whole;
-            flipped[i] = static_cast<char>(byte);
-            Look(flipped);
-        }
-    }
-}
-
 TEST(PropertyList, RefusesWhatIsNone) {
     const std::string kRefused[] = {
         "",

@@ -1,6 +1,7 @@
 #include <cstdint>
 
 #include "register/register_world.h"
+#include "support/icon_file.h"
 
 namespace dunvey::test {
 namespace {
@@ -26,41 +27,33 @@ class RegisterFilesTest : public RegisterWorld {
     }
 };
 
-std::string BigEndian(uint32_t number) {
-    std::string bytes;
-    for (int shift = 24; shift >= 0; shift -= 8)
-        bytes += static_cast<char>(number >> shift & 0xFF);
-    return bytes;
-}
-
 std::string Png(uint32_t width, uint32_t height) {
     return std::string("\x89PNG\r\n\x1A\n\0\0\0\x0DIHDR", 16) + BigEndian(width) +
            BigEndian(height) + std::string(900, 'p');
 }
 
 std::string Icns(const std::string& type, const std::string& part) {
-    const auto size = static_cast<uint32_t>(part.size());
-    return "icns" + BigEndian(size + 16) + type + BigEndian(size + 8) + part;
+    return IconFile({IconPart(type, part)});
 }
 
 TEST_F(RegisterFilesTest, WrongCallsMakeNothing) {
-    const std::string kNames[] = {"",
-                                  ".",
-                                  "..",
-                                  "CS6",
-                                  "Adobe InDesign",
-                                  "Adobe InDesign ",
-                                  "Adobe InDesignCS6",
-                                  "adobe indesign CS6",
-                                  " Adobe InDesign CS6",
-                                  "../Adobe InDesign CS6",
-                                  "Adobe InDesign CS6/x",
-                                  "Adobe InDesign /../../x",
-                                  "Adobe InDesign a\nb",
-                                  "Adobe InDesign \x1B[2J",
-                                  "Adobe InDesign \xFF",
-                                  "Adobe InDesign " + std::string(237, 'x')};
-    for (const std::string& name : kNames) {
+    std::vector<std::string> names = {"",
+                                      ".",
+                                      "..",
+                                      "CS6",
+                                      "Adobe InDesign",
+                                      "Adobe InDesign ",
+                                      "Adobe InDesignCS6",
+                                      "adobe indesign CS6",
+                                      " Adobe InDesign CS6",
+                                      "../Adobe InDesign CS6",
+                                      "Adobe InDesign CS6/x",
+                                      "Adobe InDesign /../../x",
+                                      "Adobe InDesign a\nb",
+                                      "Adobe InDesign \x1B[2J",
+                                      "Adobe InDesign \xFF"};
+    names.push_back("Adobe InDesign " + std::string(237, 'x'));
+    for (const std::string& name : names) {
         ExpectRefused(Call(name, "8.0.1"), 2);
         ExpectRefused({"--remove", name}, 2);
     }

@@ -27,32 +27,6 @@ TEST_F(Booting, NamesComeInTheOrderOfTheListAndAreNoSet) {
         "Adobe InDesign CC.app|Adobe InDesign CS6.app|Adobe InDesign CC.app|");
 }
 
-TEST_F(Booting, OnlyTheProgramOfAnInstallationCounts) {
-    const std::string cs6 =
-        "/Applications/Adobe InDesign CS6/Adobe InDesign CS6.app/Contents/MacOS/Adobe InDesign CS6";
-    const std::string found = "Adobe InDesign CS6.app|";
-    EXPECT_EQ(Line(cs6), found);
-    EXPECT_EQ(Names(cs6), found) << "with no line feed behind it";
-    EXPECT_EQ(Line(folder_.Path() + cs6), found) << "the applications folder may be the user's";
-    EXPECT_EQ(Line("/Volumes/Other" + cs6), "") << "another place's applications folder";
-    EXPECT_EQ(Line(cs6 + "/helper"), "");
-    EXPECT_EQ(Line("/Users/me/" + cs6.substr(14)), "");
-    EXPECT_EQ(Line("/applications/" + cs6.substr(14)), "") << "letter case counts";
-    EXPECT_EQ(Line("/Applications/Adobe InDesign /Adobe InDesign CS6.app/Contents/MacOS/"
-                   "Adobe InDesign CS6"),
-              "")
-        << "at least one character behind the blank";
-    EXPECT_EQ(Line("/Applications/Adobe InDesign CS6/Adobe InDesign CS6.app/Contents/MacOS/Other"),
-              "");
-    EXPECT_EQ(Line("/Applications/Adobe InDesign CS6/Adobe InDesign CS6Xapp/Contents/MacOS/"
-                   "Adobe InDesign CS6"),
-              "Adobe InDesign CS6Xapp|")
-        << "the dot takes any character";
-    EXPECT_EQ(Line("/Applications/Adobe InDesign \u65e5\u672c/Adobe InDesign \u65e5\u672c.app/"
-                   "Contents/MacOS/Adobe InDesign \u65e5\u672c"),
-              "Adobe InDesign \u65e5\u672c.app|");
-}
-
 TEST_F(Booting, TheUsersApplicationsFolderMayBeALink) {
     folder_.MakeFolder("elsewhere/Programs");
     rmdir((folder_ / "Applications").c_str());

@@ -43,49 +43,12 @@ TEST_F(HeaderVersion, OnlyTheRowOfTheExtensionIsTried) {
     EXPECT_EQ(Version("INDD", Header("DOCUMENT", 8, 0)), "8.0") << "letter case doesn't count";
 }
 
-TEST_F(HeaderVersion, LibrariesDifferByByteOrderInTheEighthLetter) {
-    EXPECT_EQ(Version("indl", Header("LIBRARY2", 8, 0, false)), "8.0");
-    EXPECT_EQ(Version("indl", Header("LIBRARY\xFF", 8, 0, false)), "8.0");
-    EXPECT_EQ(Version("indl", Header("LIBRARY2", 8, 0, true)), "0.0");
-}
-
-TEST_F(HeaderVersion, AMarkerThatDoesNotHoldGivesNoVersion) {
-    std::string high = Header("DOCUMENT", 8, 0);
-    high[30] = 1;  // a major version above 255
-    EXPECT_EQ(Version("indd", high), "0.0");
-    std::string bigEndianHigh = Header("DOCUMENT", 8, 0, false);
-    bigEndianHigh[34] = 1;  // a minor version above 255, of which only this byte order takes notice
-    EXPECT_EQ(Version("indd", bigEndianHigh), "0.0");
-    std::string tail = Header("DOCUMENT", 8, 2);
-    tail[35] = 9;
-    EXPECT_EQ(Version("indd", tail), "8.2");
-    const std::string whole = Header("DOCUMENT", 8, 0);
-    EXPECT_EQ(Version("indd", whole.substr(16)), "0.0") << "something must stand ahead of it";
-    EXPECT_EQ(Version("indd", "x" + whole.substr(16)), "8.0") << "one byte will do";
-    EXPECT_EQ(Version("indd", whole.substr(0, 29)), "0.0");
-    EXPECT_EQ(Version("indd", whole.substr(0, 34)), "8.0");
-    EXPECT_EQ(Version("indd", std::string(30, 'x') + whole.substr(16)), "8.0");
-    EXPECT_EQ(Version("indd", std::string(31, 'x') + whole.substr(16)), "0.0") << "torn at byte 48";
-    EXPECT_EQ(Version("indd", std::string(48, 'x') + whole), "0.0") << "only 48 bytes count";
-    EXPECT_EQ(Version("indd", ""), "0.0");
-    EXPECT_EQ(Version("indd", "0123456789"), "0.0");
-}
-
 TEST_F(HeaderVersion, WhatCannotBeReadHasNoVersion) {
     ASSERT_EQ(mkfifo((folder_ / "fifo.indd").c_str(), 0600), 0);
     folder_.MakeFolder("folder.indd");
     for (const char* name : {"fifo.indd", "folder.indd", "none.indd"}) {
         const auto item = New<FolderItem>(folder_ / name);
         EXPECT_EQ(InDesign::GetVerHexToDec(item, "indd"), (std::vector<int64_t>{0, 0})) << name;
-    }
-}
-
-TEST_F(HeaderVersion, HeadersFoundInTheWild) {
-    for (const test::SampleHeader& sample : test::kSampleHeaders) {
-        const std::string name = std::string("sample.") + sample.extension;
-        folder_.Write(name, test::Bytes(sample.hexadecimal));
-        const Ref<FileClass> record = InDesign::MakeNewFileClass(New<FolderItem>(folder_ / name));
-        EXPECT_EQ(record->Ver, sample.version) << sample.hexadecimal;
     }
 }
 

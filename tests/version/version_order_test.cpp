@@ -1,8 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <random>
-
-#include "platform/text.h"
 #include "version/file_order.h"
 #include "version/version_name.h"
 
@@ -31,19 +28,6 @@ std::vector<Ref<FileClass>> Records(const std::vector<std::string>& versions) {
     return records;
 }
 
-/// The order as exchange passes make it: a swap on a strict difference, until nothing swaps.
-void ExchangeSort(std::vector<Ref<FileClass>>& files) {
-    for (bool swapped = true; swapped;) {
-        swapped = false;
-        for (size_t i = 0; i + 1 < files.size(); ++i) {
-            if (Val(files[i]->WillUseVer) > Val(files[i + 1]->WillUseVer)) {
-                std::swap(files[i], files[i + 1]);
-                swapped = true;
-            }
-        }
-    }
-}
-
 TEST(FileOrder, IsNumericAscendingAndStable) {
     auto records = Records({"10", "9", "8.1", "nonsense", "8", "8.0", "", "7.5"});
     auto& sorted = InDesign::SortFilesByVer(records);
@@ -56,20 +40,14 @@ TEST(FileOrder, IsNumericAscendingAndStable) {
     EXPECT_TRUE(InDesign::SortFilesByVer(empty).empty());
 }
 
-TEST(FileOrder, IsThatOfAnExchangeSort) {
-    const unsigned seed = std::random_device()();
-    SCOPED_TRACE("seed " + std::to_string(seed));
-    std::mt19937 random(seed);
-    const std::vector<std::string> kVersions = {"7", "7.5", "8", "8.0", "8.1", "15", "15.0", "x"};
-    for (int round = 0; round < 20; ++round) {
-        std::vector<std::string> versions(random() % 60);
-        for (auto& version : versions)
-            version = kVersions[random() % kVersions.size()];
-        auto records = Records(versions);
-        auto expected = records;
-        ExchangeSort(expected);
-        EXPECT_EQ(InDesign::SortFilesByVer(records), expected);
-    }
+// A sort that isn't stable shows it only in a long list.
+TEST(FileOrder, KeepsTheOrderOfManyEqualOnes) {
+    std::vector<std::string> versions;
+    for (int i = 0; i < 200; ++i)
+        versions.push_back(i % 3 == 0 ? "8" : "8.0");
+    auto records = Records(versions);
+    const auto before = records;
+    EXPECT_EQ(InDesign::SortFilesByVer(records), before);
 }
 
 }  // namespace

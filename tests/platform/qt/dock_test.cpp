@@ -4,7 +4,6 @@
 
 #include <QApplication>
 #include <QDragEnterEvent>
-#include <QFileDialog>
 #include <QLabel>
 #include <QMimeData>
 #include <QTest>
@@ -98,24 +97,6 @@ TEST_F(DockOnScreenTest, ADropIsOneRunOfTheDocumentsInIt) {
               }}),
               5);
     EXPECT_EQ(app_->log, "a.doc b.doc close ");
-}
-
-TEST_F(DockOnScreenTest, FilesAreChosenWithTheKeyboard) {
-    app_->wanted = 1;
-    const std::string path = folder_.Write("chosen.DOC", "");
-    const auto dialog = [] { return Dock().findChild<QFileDialog*>(); };
-    EXPECT_EQ(Run({[] { QTest::keyClick(&Dock(), Qt::Key_Return); },
-                   [&] {
-                       ASSERT_NE(dialog(), nullptr);
-                       EXPECT_TRUE(dialog()->nameFilters().at(0).contains("*.doc"));
-                       EXPECT_EQ(dialog()->fileMode(), QFileDialog::ExistingFiles);
-                       QTest::keyClick(dialog(), Qt::Key_Escape);
-                       EXPECT_TRUE(Dock().isVisible());
-                       QTest::keyClick(&Dock(), Qt::Key_Return);
-                       Q_EMIT dialog()->filesSelected({QString::fromStdString(path)});
-                   }}),
-              5);
-    EXPECT_EQ(app_->log, "chosen.DOC close ");
 }
 
 TEST_F(DockOnScreenTest, ClosingItEndsTheProgram) {

@@ -33,19 +33,6 @@ std::string Png(int width, int height, uint32_t color) {
     return bytes.toStdString();
 }
 
-/// A PNG that says it is so large, checksum and all; the rest of it is that of a small one.
-std::string PngOf(size_t width, size_t height) {
-    std::string png = Png(16, 16, kRed);
-    png.replace(16, 8, test::BigEndian(width) + test::BigEndian(height));
-    uint32_t sum = 0xFFFFFFFF;
-    for (size_t place = 12; place < 29; ++place) {
-        sum ^= static_cast<uint8_t>(png[place]);
-        for (int bit = 0; bit < 8; ++bit)
-            sum = sum >> 1 ^ ((sum & 1) != 0 ? 0xEDB88320 : 0);
-    }
-    return png.replace(29, 4, test::BigEndian(sum ^ 0xFFFFFFFF));
-}
-
 Bitmap Render(const Ref<NSImage>& image, int64_t width, int64_t height) {
     return image->CGImageForProposedRect({0, 0, width, height});
 }
@@ -133,8 +120,7 @@ TEST_F(Icons, AnUnusablePictureGivesWay) {
     const std::string good = IconPart("ic13", Png(256, 256, kGreen));
     const std::string png = Png(64, 64, kRed);
     for (const std::string& broken :
-         {PngOf(60000, 60000), Png(2049, 1, kRed), Png(1, 2049, kRed), PngOf(0, 16),
-          PngOf(0xFFFFFFFF, 0xFFFFFFFF), png.substr(0, png.size() / 2), png.substr(0, 20),
+         {Png(2049, 1, kRed), Png(1, 2049, kRed), png.substr(0, png.size() / 2), png.substr(0, 20),
           Png(64, 64, 0)}) {
         const std::string part = IconPart("ic12", broken);
         const bool isBlank = broken == Png(64, 64, 0);

@@ -4,7 +4,7 @@
 #include <QMessageBox>
 #include <QTest>
 
-#include "design_window.h"
+#include "filled_chooser.h"
 #include "menus/main_menu_bar.h"
 #include "platform/application.h"
 #include "platform/message_dialog.h"
@@ -89,10 +89,10 @@ class MenuBarTest : public ::testing::Test {
     Ref<MenuBar> bar_;
 };
 
-TEST_F(MenuBarTest, IsShownInBothLanguagesAndJudgedWhenItOpens) {
-    DesignWindow english(2);
+TEST_F(MenuBarTest, ShowsItsItemsAndJudgesThemWhenAMenuOpens) {
+    FilledChooser window(2);
     bar_->Find("FileAbout")->Action = [] { return true; };
-    Show(english, {[] {
+    Show(window, {[] {
              ASSERT_EQ(Bar().actions().size(), 4);
              EXPECT_TRUE(Bar().actions()[0]->menu()->actions().isEmpty()) << "nobody looked yet";
              EXPECT_EQ(Open(0), "&File: Close(Ctrl+W) - Quit(Ctrl+Q)");
@@ -102,23 +102,16 @@ TEST_F(MenuBarTest, IsShownInBothLanguagesAndJudgedWhenItOpens) {
              EXPECT_EQ(Open(2), "&Window: Minimize(Ctrl+M)! Zoom! - Bring All to Front");
              EXPECT_EQ(Open(3), "&Help: About");
          }});
-    UseLanguage("ja_JP.UTF-8");
-    DesignWindow japanese(2);
-    japanese.MinimizeButton = true;
-    Show(japanese, {[] {
-             EXPECT_EQ(Open(0), "ファイル(&F): 閉じる(Ctrl+W) - Quit(Ctrl+Q)");
-             EXPECT_EQ(Open(2), "ウインドウ(&W): しまう(Ctrl+M) 拡大／縮小! - すべてを手前に移動");
-         }});
 }
 
 TEST_F(MenuBarTest, StandsAboveTheControlsAndTakesNothingFromThem) {
-    DesignWindow window(5);
+    FilledChooser window(5);
     Show(window, {[&window] {
              const int bar = Bar().height();
              EXPECT_GT(bar, 15);
              EXPECT_EQ(Shown().size(), QSize(450, 408 + bar));
              EXPECT_EQ(window.Height(), 408);
-             QWidget* list = Shown().findChild<QWidget*>("list");
+             QWidget* list = Shown().findChild<QWidget*>("AppList");
              EXPECT_EQ(list->mapTo(&Shown(), QPoint(0, 0)), QPoint(20, 109 + bar));
              EXPECT_EQ(Shown().focusWidget(), list);
              Shown().resize(500, 500 + bar);
@@ -128,14 +121,14 @@ TEST_F(MenuBarTest, StandsAboveTheControlsAndTakesNothingFromThem) {
 }
 
 TEST_F(MenuBarTest, ThreeHundredRowsStillFitTheScreen) {
-    DesignWindow window(300);
+    FilledChooser window(300);
     Show(window, {[] {
              EXPECT_LE(Shown().frameGeometry().bottom(), Shown().screen()->geometry().bottom());
          }});
 }
 
 TEST_F(MenuBarTest, TheKeyboardAloneOpensMenus) {
-    DesignWindow window(2);
+    FilledChooser window(2);
     const auto open = [] {
         auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
         const std::string title = menu != nullptr ? menu->title().toStdString() : "none";
@@ -149,13 +142,13 @@ TEST_F(MenuBarTest, TheKeyboardAloneOpensMenus) {
                   },
                   [&] { EXPECT_EQ(open(), "&Window"); }});
     UseLanguage("ja_JP.UTF-8");
-    DesignWindow japanese(2);
+    FilledChooser japanese(2);
     Show(japanese,
          {[] { Key(Qt::Key_H, Qt::AltModifier); }, [&] { EXPECT_EQ(open(), "ヘルプ(&H)"); }});
 }
 
 TEST_F(MenuBarTest, ShortcutsAreJudgedWhenTheyArePressed) {
-    DesignWindow window(2);
+    FilledChooser window(2);
     std::string log;
     bar_->Find("EditCopy")->Action = [&] {
         log += "copy ";
@@ -177,7 +170,7 @@ TEST_F(MenuBarTest, ShortcutsAreJudgedWhenTheyArePressed) {
 }
 
 TEST_F(MenuBarTest, AHeldKeyClosesOneWindow) {
-    DesignWindow window(2);
+    FilledChooser window(2);
     Show(window, {[&] {
              QKeyEvent held(QEvent::ShortcutOverride, Qt::Key_W, Qt::ControlModifier, "w", true);
              QApplication::sendEvent(Shown().focusWidget(), &held);
@@ -188,7 +181,7 @@ TEST_F(MenuBarTest, AHeldKeyClosesOneWindow) {
 }
 
 TEST_F(MenuBarTest, QuitEndsTheProgramButNotPastAQuestion) {
-    DesignWindow window(2);
+    FilledChooser window(2);
     app_->open = [&] {
         Show(window, {[&] {
                           steps_.When([] { return Box() != nullptr && Box()->isActiveWindow(); },
@@ -221,42 +214,8 @@ class Panel final : public Window {
     Panel() : Window({200, 100}) { MinimizeButton = false; }
 };
 
-TEST_F(MenuBarTest, AWindowOpenedOverAModalOneIsUsableAndClosesAlone) {
-    DesignWindow window(2);
-    Ref<Panel> panel;
-    bar_->Find("FileAbout")->Action = [&] {
-        panel = New<Panel>();
-        panel->Show();
-        return true;
-    };
-    std::vector<Steps::Step> steps;
-    for (const auto& [key, modifiers] :
-         std::vector<std::pair<Qt::Key, Qt::KeyboardModifiers>>{{Qt::Key_Escape, {}},
-                                                                {Qt::Key_W, Qt::ControlModifier},
-                                                                {Qt::Key_F4, Qt::AltModifier}}) {
-        steps.emplace_back([] {
-            Open(3);
-            Bar().actions()[3]->menu()->actions()[0]->trigger();
-        });
-        steps.emplace_back([&, pressed = key, with = modifiers] {
-            WindowWidget* widget = WindowWidget::Of(panel.Get());
-            ASSERT_NE(widget, nullptr);
-            EXPECT_EQ(QApplication::activeWindow(), widget);
-            if (with == Qt::AltModifier) {
-                widget->close();
-            } else {
-                Key(pressed, with);
-            }
-            EXPECT_TRUE(panel->IsClosed());
-            EXPECT_FALSE(window.IsClosed());
-            WindowWidget::Of(&window)->activateWindow();
-        });
-    }
-    Show(window, steps);
-}
-
 TEST_F(MenuBarTest, CommandsFollowTheWindowThatTheUserPutsInFront) {
-    DesignWindow window(2);
+    FilledChooser window(2);
     const Ref<Panel> panel = New<Panel>();
     Show(window, {[&] { panel->Show(); }, [&] { WindowWidget::Of(&window)->activateWindow(); },
                   [&] {

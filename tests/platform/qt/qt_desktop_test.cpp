@@ -11,7 +11,6 @@
 
 #include "platform/application.h"
 #include "platform/message_dialog.h"
-#include "platform/qt/qt_message_dialog.h"
 #include "platform/timer.h"
 
 namespace dunvey {
@@ -133,22 +132,6 @@ TEST_F(QtDesktopTest, TheBoxShowsWhatTheDialogSays) {
     dialog.ShowModal();
 }
 
-TEST_F(QtDesktopTest, ADialogWithAParentIsItsSheet) {
-    QWidget window;
-    window.show();
-    MessageDialog dialog;
-    class User : public Desktop {
-     public:
-        using Desktop::ByUser;
-    };
-    const QtMessageDialog shown(dialog, User::ByUser(), &window);
-    const auto* box = window.findChild<QMessageBox*>();
-    ASSERT_NE(box, nullptr);
-    EXPECT_EQ(box->windowModality(), Qt::WindowModal);
-    EXPECT_EQ(box->windowFlags() & Qt::Sheet, Qt::Sheet);
-    EXPECT_TRUE(box->isVisible());
-}
-
 TEST_F(QtDesktopTest, DocumentsAndTimersAreServedInsideADialog) {
     class Closer final : public Timer {
         void Event_Action() override { QTest::keyClick(OpenBox(), Qt::Key_Return); }
@@ -172,40 +155,7 @@ TEST_F(QtDesktopTest, DocumentsAndTimersAreServedInsideADialog) {
     EXPECT_EQ(app_->log, "early late answered close ");
 }
 
-TEST_F(QtDesktopTest, QuitUnwindsThroughTwoDialogs) {
-    struct Witness {
-        std::string& log;
-        ~Witness() { log += "unwound "; }
-    };
-    app_->open = [&] {
-        User([&](QMessageBox& outer) {
-            loop_.Enter([&] {
-                const Witness inside{app_->log};
-                QTimer::singleShot(10, qApp, [&] {
-                    EXPECT_NE(OpenBox(), &outer);
-                    loop_.Enter([] { Quit(7); });
-                });
-                MsgBox("inner");
-                app_->log += "never ";
-            });
-        });
-        const Witness outside{app_->log};
-        MsgBox("outer");
-        app_->log += "never ";
-    };
-    EXPECT_EQ(loop_.Run(*app_), 7);
-    EXPECT_EQ(app_->log, "close unwound unwound ");
-    EXPECT_EQ(OpenBox(), nullptr) << "nothing stays on the screen";
-}
-
-TEST_F(QtDesktopTest, TheDesktopsWishToQuitEndsTheProgram) {
-    QTimer::singleShot(0, qApp,
-                       [] { QCoreApplication::postEvent(qApp, new QEvent(QEvent::Quit)); });
-    EXPECT_EQ(loop_.Run(*app_), 0);
-    EXPECT_EQ(app_->log, "close ");
-}
-
-TEST_F(QtDesktopTest, TheDesktopsWishToQuitEndsADialogToo) {
+TEST_F(QtDesktopTest, TheDesktopsWishToQuitEndsADialogAndTheProgram) {
     app_->open = [this] {
         User([](QMessageBox&) { QCoreApplication::postEvent(qApp, new QEvent(QEvent::Quit)); });
         MsgBox("asked");
@@ -213,15 +163,7 @@ TEST_F(QtDesktopTest, TheDesktopsWishToQuitEndsADialogToo) {
     };
     EXPECT_EQ(loop_.Run(*app_), 0);
     EXPECT_EQ(app_->log, "close ");
-}
-
-TEST_F(QtDesktopTest, AHundredDialogsInARowAllAnswer) {
-    MessageDialog dialog;
-    Prepare(dialog, false, true);
-    for (int i = 0; i < 100; ++i) {
-        Key(i % 2 == 0 ? Qt::Key_Return : Qt::Key_Escape);
-        EXPECT_EQ(dialog.ShowModal(), i % 2 == 0 ? dialog.ActionButton : dialog.CancelButton);
-    }
+    EXPECT_EQ(OpenBox(), nullptr) << "nothing stays on the screen";
 }
 
 }  // namespace

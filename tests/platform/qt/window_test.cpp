@@ -1,4 +1,3 @@
-#include <dirent.h>
 #include <gtest/gtest.h>
 
 #include <QAccessible>
@@ -9,9 +8,8 @@
 #include <QScrollBar>
 #include <QTableView>
 #include <QTest>
-#include <map>
 
-#include "design_window.h"
+#include "filled_chooser.h"
 #include "platform/application.h"
 #include "platform/qt/qt_graphics.h"
 #include "platform/qt/qt_text.h"
@@ -23,8 +21,16 @@
 namespace dunvey::test {
 namespace {
 
+class PlainWindow final : public Window {
+ public:
+    PlainWindow() : Window({200, 100}) { SetTitle("plain"); }
+};
+
 class WindowTest : public ::testing::Test {
  protected:
+    WindowTest() { setenv("LC_ALL", "C", 1); }
+    ~WindowTest() override { unsetenv("LC_ALL"); }
+
     /// Shows the window while the user takes the steps, and closes it.
     void Show(Window& window, std::vector<Steps::Step> steps) {
         steps.emplace_back([&window] { WindowWidget::Of(&window)->close(); });
@@ -40,7 +46,7 @@ class WindowTest : public ::testing::Test {
     static Widget& Find(const char* name) {
         return *Shown().findChild<Widget*>(QLatin1String(name));
     }
-    static QTableView& List() { return Find<QTableView>("list"); }
+    static QTableView& List() { return Find<QTableView>("AppList"); }
     static QPoint CellCentre(int row, int column = 0) {
         return List().visualRect(List().model()->index(row, column)).center();
     }
@@ -60,67 +66,18 @@ class WindowTest : public ::testing::Test {
     Steps steps_;
 };
 
-using Places = std::map<QString, QRect>;
-
-void ExpectPlaces(const QWidget& window, const Places& places) {
-    for (const auto& [name, place] : places) {
-        const auto* widget = window.findChild<QWidget*>(name);
-        ASSERT_NE(widget, nullptr) << name.toStdString();
-        EXPECT_EQ(widget->geometry(), place) << name.toStdString();
-        EXPECT_TRUE(widget->isVisible()) << name.toStdString();
-    }
-}
-
-TEST_F(WindowTest, EveryControlStandsInItsPlaceAndFollows) {
-    DesignWindow window(5);
-    Show(window, {[] {
-                      EXPECT_EQ(Shown().size(), QSize(450, 408));
-                      ExpectPlaces(Shown(), {{"list", {20, 109, 410, 157}},
-                                             {"open", {285, 278, 145, 20}},
-                                             {"cancel", {186, 278, 90, 20}},
-                                             {"quit", {20, 278, 135, 20}},
-                                             {"lowLine", {20, 320, 410, 4}},
-                                             {"higher", {20, 336, 409, 20}},
-                                             {"quitting", {20, 368, 410, 20}},
-                                             {"name", {72, 13, 358, 20}},
-                                             {"version", {72, 40, 358, 24}},
-                                             {"icon", {18, 13, 46, 46}},
-                                             {"headLine", {20, 66, 410, 7}},
-                                             {"message", {0, 78, 450, 24}},
-                                             {"nameLine", {68, 33, 362, 6}},
-                                             {"badge", {15, 36, 32, 32}}});
-                      EXPECT_EQ(Find("icon").parentWidget()->childAt(20, 40), &Find("badge"));
-                      Shown().resize(550, 458);
-                  },
-                  [] {
-                      ExpectPlaces(Shown(), {{"list", {20, 109, 510, 207}},
-                                             {"open", {385, 328, 145, 20}},
-                                             {"cancel", {286, 328, 90, 20}},
-                                             {"quit", {20, 328, 135, 20}},
-                                             {"lowLine", {20, 370, 510, 4}},
-                                             {"higher", {20, 386, 409, 20}},
-                                             {"name", {72, 13, 458, 20}},
-                                             {"message", {0, 78, 550, 24}},
-                                             {"nameLine", {68, 33, 462, 6}}});
-                      EXPECT_EQ(List().columnWidth(0) + 90 + 64, List().viewport()->width());
-                      Shown().resize(10, 10);
-                      EXPECT_EQ(Shown().size(), QSize(450, 408));
-                  }});
-}
-
 TEST_F(WindowTest, TheTitleBarHasOnlyTheButtonsThatAreWanted) {
-    DesignWindow bare(1);
+    PlainWindow bare;
+    bare.CloseButton = bare.MinimizeButton = false;
     Show(bare, {[] {
-             EXPECT_EQ(Shown().windowTitle(), "Notification");
+             EXPECT_EQ(Shown().windowTitle(), "plain");
              EXPECT_EQ(
                  Shown().windowFlags() & (Qt::WindowCloseButtonHint | Qt::WindowMinMaxButtonsHint),
                  Qt::WindowFlags());
              EXPECT_TRUE(Shown().windowFlags() & Qt::CustomizeWindowHint);
          }});
-    DesignWindow hidden(1);
-    hidden.CloseButton = hidden.MinimizeButton = true;
+    PlainWindow hidden;
     hidden.Handle()->standardWindowButton(NSWindow::kMiniaturizeButton)->setHidden(true);
-    hidden.Resizeable = false;
     Show(hidden, {[] {
              EXPECT_EQ(
                  Shown().windowFlags() & (Qt::WindowCloseButtonHint | Qt::WindowMinMaxButtonsHint),
@@ -130,33 +87,36 @@ TEST_F(WindowTest, TheTitleBarHasOnlyTheButtonsThatAreWanted) {
 }
 
 TEST_F(WindowTest, WhereTheFocusedControlIsDisabledTheListHasTheFocus) {
-    DesignWindow window(5);
+    FilledChooser window(5);
+    window.PushButton3()->SetEnabled(true);
     Show(window, {[&] {
-             auto* quit = Shown().findChild<QWidget*>(QStringLiteral("quit"));
-             quit->setFocus();
-             window.quit->SetEnabled(false);
-             EXPECT_EQ(Shown().focusWidget()->objectName(), QStringLiteral("list"));
+             Find("PushButton3").setFocus();
+             window.PushButton3()->SetEnabled(false);
+             EXPECT_EQ(Shown().focusWidget()->objectName(), QStringLiteral("AppList"));
          }});
 }
 
 TEST_F(WindowTest, TheFocusBeginsInTheListAndTabGoesInTheDeclaredOrder) {
-    DesignWindow window(5);
+    FilledChooser window(5);
+    window.PushButton1()->SetEnabled(true);
+    window.PushButton3()->SetEnabled(true);
     Show(window, {[] {
              QString order;
              for (int i = 0; i < 7; ++i) {
                  order += Shown().focusWidget()->objectName() + QLatin1Char(' ');
                  QTest::keyClick(Shown().focusWidget(), Qt::Key_Tab);
              }
-             EXPECT_EQ(order, "list open cancel quit higher quitting list ");
+             EXPECT_EQ(order,
+                       "AppList PushButton1 PushButton2 PushButton3 CheckBox1 CheckBox2 AppList ");
          }});
 }
 
 TEST_F(WindowTest, TypedWordsSelectRows) {
-    DesignWindow window(6);
+    FilledChooser window(6);
     QApplication::setKeyboardInputInterval(0);
     const auto expect = [&](const char* text, int row) {
         Type(text);
-        EXPECT_EQ(window.list->ListIndex(), row) << text;
+        EXPECT_EQ(window.AppList()->ListIndex(), row) << text;
     };
     Show(window, {[&] { expect("CS6", 2); }, [&] { expect("cc 2015", 4); },
                   [&] { expect("2016", 5); }, [&] { expect("9.0", 3); }, [&] { expect("zz", 3); },
@@ -165,12 +125,14 @@ TEST_F(WindowTest, TypedWordsSelectRows) {
 }
 
 TEST_F(WindowTest, KeysAndModifiersInTheList) {
-    DesignWindow window(5);
+    FilledChooser window(5);
     std::string log;
-    window.list->DoubleClickHandler = [&](Listbox& list) {
+    window.AppList()->DoubleClickHandler = [&](Listbox& list) {
         log += "double" + std::to_string(list.ListIndex()) + " ";
     };
-    window.list->Change = [&](Listbox& list) { log += std::to_string(list.ListIndex()) + " "; };
+    window.AppList()->Change = [&](Listbox& list) {
+        log += std::to_string(list.ListIndex()) + " ";
+    };
     const auto doubleClick = [](Qt::MouseButton button, Qt::KeyboardModifiers keys, QPoint place) {
         QTest::mouseClick(List().viewport(), button, keys, place);
         QTest::mouseDClick(List().viewport(), button, keys, place);
@@ -194,61 +156,64 @@ TEST_F(WindowTest, KeysAndModifiersInTheList) {
 }
 
 TEST_F(WindowTest, ReturnAnswersOnceAndNeverFromAKeyHeldDownBefore) {
-    DesignWindow window(5);
+    FilledChooser window(5);
     int presses = 0;
-    window.open->SetDefault(true);
-    window.open->Action = [&](PushButton&) { ++presses; };
+    window.PushButton1()->SetEnabled(true);
+    window.PushButton1()->SetDefault(true);
+    window.PushButton1()->Action = [&](PushButton&) { ++presses; };
+    window.PushButton3()->SetEnabled(true);
     Show(window, {[] {
                       QKeyEvent held(QEvent::KeyPress, Qt::Key_Return, {}, "\r", true);
                       QApplication::sendEvent(&List(), &held);
                   },
                   [&] {
                       EXPECT_EQ(presses, 0);
-                      QTest::keyClick(&Find("cancel"), Qt::Key_Return);
-                      QTest::keyClick(&Find("higher"), Qt::Key_Enter, Qt::KeypadModifier);
+                      QTest::keyClick(&Find("PushButton2"), Qt::Key_Return);
+                      QTest::keyClick(&Find("CheckBox1"), Qt::Key_Enter, Qt::KeypadModifier);
                       EXPECT_EQ(presses, 2);
-                      QTest::keyClick(&Find("quit"), Qt::Key_Space);
+                      QTest::keyClick(&Find("PushButton3"), Qt::Key_Space);
                       EXPECT_EQ(presses, 2);
                   }});
-    EXPECT_FALSE(window.higher->Value());
+    EXPECT_FALSE(window.CheckBox1()->Value());
 }
 
 TEST_F(WindowTest, TextsAreShownAsTheyAreAndNeverClipped) {
-    DesignWindow window(5);
-    window.open->SetCaption("Open with <b>R&D</b>");
-    window.higher->SetCaption("Fish & &Chips");
-    window.name->SetText("<b>R&D</b>.indd");
+    FilledChooser window(5);
+    window.PushButton1()->SetCaption("Open with <b>R&D</b>");
+    window.CheckBox1()->SetCaption("Fish & &Chips");
+    window.LabelFileName()->SetText("<b>R&D</b>.indd");
     const auto expectRoom = [](QWidget& widget, const QString& text, int room) {
         EXPECT_LE(widget.fontMetrics().horizontalAdvance(text), room) << text.toStdString();
         EXPECT_LE(widget.fontMetrics().height(), widget.height());
     };
     Show(window, {[] {
-                      EXPECT_EQ(Find<QPushButton>("open").text(), "Open with <b>R&&D</b>");
-                      EXPECT_EQ(Find<QCheckBox>("higher").text(), "Fish && &&Chips");
-                      EXPECT_EQ(Find<QLabel>("name").text(), "<b>R&D</b>.indd");
-                      EXPECT_EQ(Find<QLabel>("name").textFormat(), Qt::PlainText);
-                      EXPECT_EQ(Find("name").toolTip(), "") << "nothing is cut";
+                      EXPECT_EQ(Find<QPushButton>("PushButton1").text(), "Open with <b>R&&D</b>");
+                      EXPECT_EQ(Find<QCheckBox>("CheckBox1").text(), "Fish && &&Chips");
+                      EXPECT_EQ(Find<QLabel>("LabelFileName").text(), "<b>R&D</b>.indd");
+                      EXPECT_EQ(Find<QLabel>("LabelFileName").textFormat(), Qt::PlainText);
+                      EXPECT_EQ(Find("LabelFileName").toolTip(), "") << "nothing is cut";
                   },
                   [&] {
                       for (const std::string& hostile : HostileNames()) {
-                          window.name->SetText(hostile + ".indd");
-                          auto& label = Find<QLabel>("name");
+                          window.LabelFileName()->SetText(hostile + ".indd");
+                          auto& label = Find<QLabel>("LabelFileName");
                           expectRoom(label, label.text(), label.width());
                       }
-                      window.name->SetText(std::string(250, 'x') + "<img src=y>.indd");
-                      window.quit->SetCaption("Quit " + std::string(60, 'x'));
-                      window.open->SetCaption("Open with 2021 beta 3");
+                      window.LabelFileName()->SetText(std::string(250, 'x') + "<img src=y>.indd");
+                      window.PushButton3()->SetCaption("Quit " + std::string(60, 'x'));
+                      window.PushButton1()->SetCaption("Open with 2021 beta 3");
                   },
                   [&] {
-                      const auto& label = Find<QLabel>("name");
+                      const auto& label = Find<QLabel>("LabelFileName");
                       EXPECT_TRUE(label.text().endsWith(".indd")) << "the middle is cut out";
                       EXPECT_LT(label.text().size(), 200);
                       EXPECT_TRUE(label.toolTip().contains("&lt;img")) << "no markup in tips";
-                      EXPECT_EQ(SpokenName(Find("name")).toStdString(), window.name->Text());
-                      expectRoom(Find("quit"), Find<QPushButton>("quit").text(), 135);
-                      EXPECT_TRUE(Find("quit").toolTip().contains(QString(60, 'x')));
-                      expectRoom(Find("open"), Find<QPushButton>("open").text(), 145);
-                      EXPECT_EQ(Find<QPushButton>("open").text(), "Open with 2021 beta 3");
+                      EXPECT_EQ(SpokenName(Find("LabelFileName")).toStdString(),
+                                window.LabelFileName()->Text());
+                      expectRoom(Find("PushButton3"), Find<QPushButton>("PushButton3").text(), 135);
+                      EXPECT_TRUE(Find("PushButton3").toolTip().contains(QString(60, 'x')));
+                      expectRoom(Find("PushButton1"), Find<QPushButton>("PushButton1").text(), 145);
+                      EXPECT_EQ(Find<QPushButton>("PushButton1").text(), "Open with 2021 beta 3");
                   }});
 }
 
@@ -296,15 +261,16 @@ TEST_F(ThemeTest, EverythingCanBeReadUnderEveryTheme) {
                                        {"red", QColor(0xE0, 0x20, 0x40), Qt::white, 2.5, false},
                                        {"black", Qt::black, Qt::white, 4.5, true},
                                        {"white", Qt::white, Qt::black, 4.5, false}};
-    DesignWindow window(5);
-    window.list->SetListIndex(2);
+    FilledChooser window(5);
+    window.AppList()->SetListIndex(2);
+    window.LabelMsg()->SetTextColor({0xFB0C43});
     std::vector<Steps::Step> steps;
     for (const Theme& theme : themes) {
         steps.emplace_back([&theme] { Use(theme); });
         steps.emplace_back([&theme] {
-            const QColor warning = Find("message").palette().color(QPalette::WindowText);
+            const QColor warning = Find("LabelMsg").palette().color(QPalette::WindowText);
             EXPECT_GE(Contrast(ToColor(warning), ToColor(theme.window)), theme.least) << theme.name;
-            const QColor name = Find("name").palette().color(QPalette::WindowText);
+            const QColor name = Find("LabelFileName").palette().color(QPalette::WindowText);
             EXPECT_EQ(name, theme.text) << theme.name;
             if (theme.isGivenColourGood) {
                 EXPECT_EQ(warning, QColor(0xFB0C43)) << theme.name;
@@ -320,8 +286,13 @@ TEST_F(ThemeTest, EverythingCanBeReadUnderEveryTheme) {
             EXPECT_EQ(pixel(stripe.right(), stripe.center().y()), QColor(0xD5D5D5));
             EXPECT_EQ(pixel(stripe.right() - 5, stripe.bottom()), QColor(0xD5D5D5));
             EXPECT_EQ(pixel(stripe.right() - 5, stripe.top() - 10), QColor(Qt::white));
+            const QRect last = List().visualRect(List().model()->index(1, 2));
+            EXPECT_EQ(pixel(last.right(), last.center().y()), QColor(0xF1F2F2))
+                << "no line behind the last column";
             const QRect row = List().visualRect(List().model()->index(2, 2));
             EXPECT_EQ(pixel(row.right() - 5, row.center().y()), QColor(0x3060C0));
+            EXPECT_EQ(pixel(row.left() - 1, row.center().y()), QColor(0x3060C0))
+                << "a selected row keeps the highlight alone";
         });
     }
     Show(window, steps);
@@ -329,7 +300,7 @@ TEST_F(ThemeTest, EverythingCanBeReadUnderEveryTheme) {
 
 TEST_F(WindowTest, ScrollBarsStandOnlyWhereRowsCantAllBeSeen) {
     for (const int rows : {0, 4, 5, 12}) {
-        DesignWindow window(rows);
+        FilledChooser window(rows);
         Show(window, {[] { QTest::keyClick(&List(), Qt::Key_End); },
                       [&] {
                           EXPECT_FALSE(List().verticalScrollBar()->isVisible()) << rows;
@@ -339,29 +310,29 @@ TEST_F(WindowTest, ScrollBarsStandOnlyWhereRowsCantAllBeSeen) {
 }
 
 TEST_F(WindowTest, ThreeHundredRowsStayOnTheScreenAndCanAllBeReached) {
-    DesignWindow window(300);
+    FilledChooser window(300);
     Show(window, {[] {
                       const QRect screen = Shown().screen()->availableGeometry();
                       EXPECT_TRUE(screen.contains(Shown().frameGeometry()));
-                      EXPECT_TRUE(Shown().rect().contains(Find("quitting").geometry()));
+                      EXPECT_TRUE(Shown().rect().contains(Find("CheckBox2").geometry()));
                       EXPECT_TRUE(List().verticalScrollBar()->isVisible());
                       QTest::keyClick(&List(), Qt::Key_End);
                   },
                   [&] {
-                      EXPECT_EQ(window.list->ListIndex(), 299);
+                      EXPECT_EQ(window.AppList()->ListIndex(), 299);
                       EXPECT_TRUE(List().viewport()->rect().contains(CellCentre(299)));
                       EXPECT_EQ(List().columnWidth(0) + 90 + 64, List().viewport()->width());
                   }});
 }
 
 TEST_F(WindowTest, ManyChangesAreReadOnce) {
-    DesignWindow window(5);
+    FilledChooser window(5);
     int resets = 0;
     Show(window, {[&] {
                       QObject::connect(List().model(), &QAbstractItemModel::modelReset, &List(),
                                        [&] { ++resets; });
                       for (int i = 0; i < 300; ++i)
-                          window.list->AddRow("new");
+                          window.AppList()->AddRow("new");
                       List().viewport()->grab();
                       EXPECT_EQ(resets, 0);
                   },
@@ -369,21 +340,21 @@ TEST_F(WindowTest, ManyChangesAreReadOnce) {
                       EXPECT_EQ(resets, 1);
                       EXPECT_EQ(List().model()->rowCount(), 305);
                       // A press reads what has changed before it is judged.
-                      window.list->DeleteAllRows();
+                      window.AppList()->DeleteAllRows();
                       QTest::mouseClick(List().viewport(), Qt::LeftButton, {}, {30, 30});
-                      EXPECT_EQ(window.list->ListIndex(), -1);
+                      EXPECT_EQ(window.AppList()->ListIndex(), -1);
                   }});
 }
 
 TEST_F(WindowTest, AScreenReaderHearsRowsButtonsAndWholeTexts) {
-    DesignWindow window(5);
-    window.list->SetDescription("Installed versions");
-    window.icon->SetDescription("Document");
-    window.open->SetCaption("Open with R&D");
+    FilledChooser window(5);
+    window.AppList()->SetDescription("Installed versions");
+    window.Canvas1()->SetDescription("Document");
+    window.PushButton1()->SetCaption("Open with R&D");
     Show(window, {[] {
                       EXPECT_EQ(SpokenName(List()), "Installed versions");
-                      EXPECT_EQ(SpokenName(Find("open")), "Open with R&D");
-                      EXPECT_EQ(SpokenName(Find("higher")),
+                      EXPECT_EQ(SpokenName(Find("PushButton1")), "Open with R&D");
+                      EXPECT_EQ(SpokenName(Find("CheckBox1")),
                                 "Allow a file to be opened by a higher version");
                       auto* table =
                           QAccessible::queryAccessibleInterface(&List())->tableInterface();
@@ -401,22 +372,24 @@ TEST_F(WindowTest, AScreenReaderHearsRowsButtonsAndWholeTexts) {
 }
 
 TEST_F(WindowTest, ACanvasTakesTheMouseAndDrawsOverItsBackdrop) {
-    DesignWindow window(1);
+    FilledChooser window(1);
     std::string log;
-    window.icon->MouseDownHandler = [&](Canvas&, int64_t x, int64_t y) {
+    window.Canvas1()->SetBackdrop(PlainPicture(46, 0xFFC0D0F0));
+    window.Canvas1()->MouseDownHandler = [&](Canvas&, int64_t x, int64_t y) {
         log += std::to_string(x) + "," + std::to_string(y) + " ";
         return x > 20;
     };
-    window.icon->MouseUpHandler = [&](Canvas&, int64_t, int64_t) { log += "up "; };
-    window.icon->Paint = [](Canvas&, Graphics& graphics) {
+    window.Canvas1()->MouseUpHandler = [&](Canvas&, int64_t, int64_t) { log += "up "; };
+    window.Canvas1()->Paint = [](Canvas&, Graphics& graphics) {
         graphics.ForeColor = {0x112233};
         graphics.FillRect(0, 0, graphics.Width() / 2, graphics.Height());
     };
     Show(window, {[] {
-             QTest::mouseClick(&Find("icon"), Qt::LeftButton, {}, {30, 5});
-             QTest::mouseClick(&Find("icon"), Qt::LeftButton, {}, {3, 4});
-             EXPECT_EQ(Find("icon").focusPolicy(), Qt::NoFocus);
-             const QImage image = Find("icon").grab().toImage();
+             EXPECT_EQ(Shown().childAt(20, 40), &Find("Canvas2")) << "what comes later is above";
+             QTest::mouseClick(&Find("Canvas1"), Qt::LeftButton, {}, {30, 5});
+             QTest::mouseClick(&Find("Canvas1"), Qt::LeftButton, {}, {3, 4});
+             EXPECT_EQ(Find("Canvas1").focusPolicy(), Qt::NoFocus);
+             const QImage image = Find("Canvas1").grab().toImage();
              EXPECT_EQ(image.pixelColor(10, 10), QColor(0x112233));
              EXPECT_EQ(image.pixelColor(40, 40), QColor(0xC0D0F0));
          }});
@@ -443,33 +416,10 @@ TEST(GraphicsTest, BothEndsOfALineBelongToIt) {
     }
 }
 
-size_t OpenDescriptors() {
-    size_t count = 0;
-    DIR* folder = opendir("/dev/fd");
-    while (readdir(folder) != nullptr)
-        ++count;
-    closedir(folder);
-    return count;
-}
-
-TEST_F(WindowTest, AHundredWindowsInARowLeaveNothingBehind) {
-    const auto showOne = [this] {
-        DesignWindow window(5);
-        Show(window, {});
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    };
-    showOne();
-    const auto widgets = QApplication::allWidgets().size();
-    const size_t descriptors = OpenDescriptors();
-    for (int i = 0; i < 100; ++i)
-        showOne();
-    EXPECT_EQ(QApplication::allWidgets().size(), widgets);
-    EXPECT_EQ(OpenDescriptors(), descriptors);
-}
-
 TEST_F(WindowTest, AWindowThatHoldsNothingUpMayCloseInItsOwnHandler) {
-    const auto window = New<DesignWindow>(5);
-    window->open->Action = [&](PushButton&) {
+    const auto window = New<FilledChooser>(5);
+    window->PushButton1()->SetEnabled(true);
+    window->PushButton1()->Action = [&](PushButton&) {
         window->Close();
         // Whatever the loop does now, the widget is still in its own event.
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
@@ -480,7 +430,7 @@ TEST_F(WindowTest, AWindowThatHoldsNothingUpMayCloseInItsOwnHandler) {
     EXPECT_EQ(widget->windowModality(), Qt::NonModal);
     window->Show();
     EXPECT_EQ(WindowWidget::Of(window.Get()), widget) << "it is brought up, not shown twice";
-    QTest::mouseClick(widget->findChild<QWidget*>("open"), Qt::LeftButton);
+    QTest::mouseClick(widget->findChild<QWidget*>("PushButton1"), Qt::LeftButton);
     EXPECT_TRUE(window->IsClosed());
     EXPECT_EQ(WindowWidget::Of(window.Get()), nullptr);
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
