@@ -126,14 +126,14 @@ class Program {
     /// The call with its result told; one that gives nothing is told as done.
     template <typename Call>
     std::function<Result()> Tell(Call call) const {
-        return [this, call]() -> Result {
-            if constexpr (std::is_void_v<decltype(call())>) {
+        if constexpr (std::is_void_v<decltype(call())>) {
+            return [call]() -> Result {
                 call();
                 return "done";
-            } else {
-                return Told(call());
-            }
-        };
+            };
+        } else {
+            return [program = this, call]() -> Result { return program->Told(call()); };
+        }
     }
 
     /// The model's item as JSON text; `above` has a bit for each item that holds it.
