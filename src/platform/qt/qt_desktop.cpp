@@ -51,6 +51,7 @@ QtApplication::QtApplication() : QApplication((PrepareToolkit(), argumentCount),
     setDesktopFileName(QStringLiteral("org.dunvey.Dunvey"));
     installEventFilter(&freshWindowGuard_);
     setStyle(new QtStyle);
+    // The toolkit owns its style. NOLINTNEXTLINE(clang-analyzer-cplusplus.NewDeleteLeaks)
 }
 
 bool QtApplication::event(QEvent* event) {

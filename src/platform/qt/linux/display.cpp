@@ -70,12 +70,12 @@ std::vector<std::string> WantedPlatforms() {
 std::optional<DisplayHold> ReachDisplay() {
     for (const std::string& name : WantedPlatforms()) {
         if (name.empty()) continue;
-        if (const std::optional<DisplayHold> hold = Reach(name)) return hold;
+        if (std::optional<DisplayHold> hold = Reach(name)) return hold;
     }
     // Sessions name what they have themselves, and a remote login inherits that: any server that
     // answers will do.
     for (const char* name : {"xcb", "wayland"}) {
-        const std::optional<DisplayHold> hold = Reach(name);
+        std::optional<DisplayHold> hold = Reach(name);
         if (!hold) continue;
         setenv("QT_QPA_PLATFORM", name, 1);
         return hold;
