@@ -1,34 +1,12 @@
 #include "platform/bundle_icon.h"
 
-#include "platform/exceptions.h"
-#include "platform/property_list.h"
-#include "platform/streams.h"
+#include "platform/bundle_properties.h"
 #include "platform/text.h"
 
 namespace dunvey {
 namespace {
 
 constexpr std::string_view kExtension = ".icns";
-
-std::string BytesOf(const Ref<FolderItem>& file) {
-    try {
-        const Ref<BinaryStream> stream = BinaryStream::Open(file, false);
-        const int64_t length = stream->Length();
-        return length > static_cast<int64_t>(kPropertyListLimit) ? "" : stream->Read(length);
-    } catch (const IOException&) {
-        return {};
-    }
-}
-
-/// What the property list says; empty if it says nothing.
-std::string NamedIcon(const FolderItem& contents) {
-    namespace CoreFoundation = CoreFoundationGlobalsMBS;
-    const Ref<CFDictionaryMBS> list = CoreFoundation::NewCFObjectMBSFromXML(
-        CoreFoundation::NewCFBinaryDataMBSStr(BytesOf(contents.Child("Info.plist"))));
-    if (!list) return {};
-    const Ref<CFStringMBS> name = list->Lookup(*CoreFoundation::NewCFStringMBS("CFBundleIconFile"));
-    return name ? name->Text() : std::string();
-}
 
 bool IsIconName(const std::string& name) {
     return Lowercase(name).ends_with(kExtension);
@@ -49,7 +27,7 @@ bool IsBundle(const FolderItem& item) {
 std::string BundleIconPath(const FolderItem& bundle) {
     const Ref<FolderItem> contents = bundle.Child("Contents");
     const Ref<FolderItem> resources = contents->Child("Resources");
-    const std::string name = NamedIcon(*contents);
+    const std::string name = ReadBundleProperties(*contents).iconFile;
     // A name with a slash, or with a byte that ends paths, could lead anywhere.
     if (!name.empty() && name.find('/') == name.npos && name.find('\0') == name.npos) {
         for (const std::string& file : {name + ".icns", name}) {
