@@ -14,8 +14,7 @@
 namespace dunvey {
 namespace {
 
-bool IsBlank(const QImage& image) {
-    const Bitmap bitmap = BitmapOf(image);
+bool IsBlank(const Bitmap& bitmap) {
     for (const uint32_t pixel : bitmap.Pixels)
         if (pixel != 0) return false;
     return true;
@@ -23,7 +22,6 @@ bool IsBlank(const QImage& image) {
 
 /// The image in that size, as large as it fits, in the middle.
 QImage Fitted(const QImage& image, const QSize& size) {
-    if (image.size() == size) return image;
     const QSize inside = image.size().scaled(size, Qt::KeepAspectRatio).expandedTo(QSize(1, 1));
     const QImage scaled = image.scaled(inside, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
     QImage fitted(size, QImage::Format_ARGB32_Premultiplied);
@@ -44,7 +42,9 @@ class SourcedImage final : public NSImage {
         if (size.isEmpty()) return {};
         for (const IconSource& source : sources_) {
             const QImage image = source(size);
-            if (!IsBlank(image)) return BitmapOf(Fitted(image, size));
+            Bitmap bitmap = BitmapOf(image);
+            if (IsBlank(bitmap)) continue;
+            return image.size() == size ? std::move(bitmap) : BitmapOf(Fitted(image, size));
         }
         return BitmapOf(DrawIcon(drawing_, size));
     }
