@@ -40,7 +40,6 @@ BundleProperties ReadBundleProperties(const FolderItem& contents) {
     // To parse a list is ten times the work of reading it, and it seldom changes.
     static std::unordered_map<std::string, Parsed> remembered;
     const Ref<FolderItem> file = contents.Child("Info.plist");
-    if (!file->Exists()) return {};
     std::string bytes = BytesOf(file);
     Parsed& parsed = remembered[file->NativePath()];
     if (parsed.bytes != bytes) {
