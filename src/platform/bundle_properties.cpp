@@ -37,8 +37,9 @@ BundleProperties ReadBundleProperties(const FolderItem& contents) {
         std::string bytes;
         BundleProperties properties;
     };
-    // To parse a list is ten times the work of reading it, and it seldom changes.
-    static std::unordered_map<std::string, Parsed> remembered;
+    // To parse a list is ten times the work of reading it, and it seldom changes. Never destroyed:
+    // where the screen goes away, the rest of a run is done at the very end of the process.
+    static auto& remembered = *new std::unordered_map<std::string, Parsed>;
     const Ref<FolderItem> file = contents.Child("Info.plist");
     std::string bytes = BytesOf(file);
     Parsed& parsed = remembered[file->NativePath()];
