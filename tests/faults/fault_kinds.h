@@ -24,8 +24,8 @@ enum class Kind {
 };
 
 /// Their names between the test and the preloaded library: spawn is posix_spawn, fork and
-/// execv, cut is ftruncate, folder is opendir, entry is readdir, look is stat and lstat, enter
-/// is chdir.
+/// execv, cut is ftruncate, folder is opendir, entry is readdir and getdents64, look is stat and
+/// lstat, enter is chdir.
 inline constexpr const char* kFaultKinds[] = {
     "open", "read",      "write",  "close", "cut",    "mkdir", "unlink", "spawn",
     "pipe", "duplicate", "memory", "wait",  "folder", "entry", "look",   "enter"};

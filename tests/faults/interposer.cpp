@@ -322,4 +322,10 @@ DIR* opendir(const char* path) {
 READDIR(readdir, dirent)
 READDIR(readdir64, dirent64)
 
+ssize_t getdents64(int folder, void* entries, size_t size) __THROW {
+    REAL(getdents64);
+    const int action = ActionFor(Kind::kEntry, CALLER);
+    return action > 0 ? Fail(action) : real(folder, entries, size);
+}
+
 }  // extern "C"

@@ -1,8 +1,12 @@
 #include <fcntl.h>
+#include <sched.h>
+#include <sys/resource.h>
 #include <unistd.h>
 
 #include <algorithm>
+#include <climits>
 #include <csignal>
+#include <map>
 #include <sstream>
 
 #include "platform/linux/helper_test.h"
@@ -23,6 +27,20 @@ class PsTest : public HelperTest {
         const Words lines = Lines();
         return std::find(lines.begin(), lines.end(), path) != lines.end();
     }
+    /// The lines of programs in the test's own tree.
+    Words OwnLines() const {
+        Words lines = Lines();
+        std::erase_if(lines, [&](const std::string& line) { return !line.starts_with(In("")); });
+        return lines;
+    }
+    /// A path that is hardly shorter than the system allows.
+    std::string LongPath() const {
+        const std::string name(200, 'x');
+        std::string folder = "long";
+        while (In(folder).size() + 2 * name.size() < PATH_MAX)
+            folder += "/" + name;
+        return MakeFolder(folder) + "/program";
+    }
     bool EventuallyShows(const std::string& path) const {
         return Eventually([&] { return Shows(path); });
     }
@@ -41,6 +59,29 @@ TEST_F(PsTest, ListsExecutablesUnderAHeadingInTheOrderOfTheirIds) {
     ASSERT_NE(firstPlace, lines.end());
     ASSERT_NE(secondPlace, lines.end());
     EXPECT_EQ(firstPlace < secondPlace, isAscending);
+}
+
+TEST_F(PsTest, ListsManyProcessesAndLongPathsInTheOrderOfTheirIds) {
+    const Words programs = {MakeRecorder(In("first")), MakeRecorder(In("second")),
+                            MakeRecorder(LongPath())};
+    std::map<pid_t, std::string> started;
+    for (size_t i = 0; i < 150; ++i) {
+        const std::string& program = programs[i % programs.size()];
+        started[Start({program})] = program;
+    }
+    Words expected;
+    for (const auto& [id, program] : started)
+        expected.push_back(program);
+    EXPECT_TRUE(Eventually([&] { return OwnLines() == expected; }));
+    // Neither does it take a second processor.
+    cpu_set_t all;
+    ASSERT_EQ(sched_getaffinity(0, sizeof all, &all), 0);
+    cpu_set_t one;
+    CPU_ZERO(&one);
+    CPU_SET(sched_getcpu(), &one);
+    ASSERT_EQ(sched_setaffinity(0, sizeof one, &one), 0);
+    EXPECT_EQ(OwnLines(), expected);
+    sched_setaffinity(0, sizeof all, &all);
 }
 
 TEST_F(PsTest, ShowsAScriptByItsOwnPath) {
@@ -152,6 +193,24 @@ TEST_F(PsTest, RefusesOtherArguments) {
         EXPECT_NE(ps.errors.find("usage"), std::string::npos);
     }
 }
+
+#if !defined(__SANITIZE_ADDRESS__)
+TEST_F(PsTest, WithoutEnoughMemoryItFailsRatherThanListLess) {
+    const std::string program = MakeRecorder(LongPath());
+    for (int i = 0; i < 40; ++i)
+        Start({program});
+    ASSERT_TRUE(Eventually([&] { return OwnLines().size() == 40; }));
+    int refusals = 0;
+    for (rlim_t size = 64 << 10; size < 4 << 20; size += 16 << 10) {
+        const rlimit limit{size, size};
+        const Finished ps = Run("ps", {"-ax", "-o", "comm"}, [&] { setrlimit(RLIMIT_AS, &limit); });
+        const auto lines = std::count(ps.output.begin(), ps.output.end(), '\n');
+        EXPECT_TRUE(ps.code == 0 ? lines > 40 : lines == 0) << size;
+        refusals += ps.code == 1 && ps.errors.find("enough memory") != std::string::npos;
+    }
+    EXPECT_GT(refusals, 0);
+}
+#endif
 
 TEST_F(PsTest, AFailedWriteIsAFailure) {
     const Preparation toFullDevice = [] { dup2(open("/dev/full", O_WRONLY), STDOUT_FILENO); };

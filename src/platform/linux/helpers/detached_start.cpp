@@ -72,7 +72,7 @@ void WaitUntilVisible(pid_t child) {
     constexpr timespec kPause{0, 20'000};
     const ProcessList processes;
     siginfo_t ended{};
-    for (int i = 0; i < 5'000 && processes.Words(child).empty(); ++i) {
+    for (int i = 0; i < 5'000 && !processes.HasWords(child); ++i) {
         const int waited =
             waitid(P_PID, static_cast<id_t>(child), &ended, WEXITED | WNOHANG | WNOWAIT);
         if (waited != 0 || ended.si_pid == child) return;

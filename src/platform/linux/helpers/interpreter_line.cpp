@@ -2,73 +2,74 @@
 
 #include <sys/stat.h>
 
-#include <algorithm>
-#include <array>
-
-#include "platform/file_descriptor.h"
+#include "platform/system_call.h"
 
 namespace dunvey {
 namespace {
 
-constexpr std::string_view kBlanks = " \t";
-/// The kernel reads no more of a file to find its interpreter.
-constexpr size_t kLineLimit = 256;
+constexpr Slice kBlanks = " \t";
+constexpr Slice kMark = "#!";
 
-std::string_view Trimmed(std::string_view text) {
-    const size_t first = text.find_first_not_of(kBlanks);
-    if (first == std::string_view::npos) return {};
-    return text.substr(first, text.find_last_not_of(kBlanks) + 1 - first);
+Slice Trimmed(Slice text) {
+    while (!text.IsEmpty() && kBlanks.Has(text.data[0]))
+        text = text.From(1);
+    while (!text.IsEmpty() && kBlanks.Has(text.end()[-1]))
+        --text.size;
+    return text;
 }
 
-std::string_view BaseName(std::string_view path) {
-    return path.substr(path.rfind('/') + 1);
-}
-
-std::vector<std::string_view> Words(std::string_view text) {
-    std::vector<std::string_view> words;
-    for (text = Trimmed(text); !text.empty(); text = Trimmed(text)) {
-        const size_t length = std::min(text.find_first_of(kBlanks), text.size());
-        words.push_back(text.substr(0, length));
-        text.remove_prefix(length);
+/// Whether one of the words, with blanks between them, is such a one.
+template <typename IsSuch>
+bool HasWord(Slice text, IsSuch isSuch) {
+    for (text = Trimmed(text); !text.IsEmpty(); text = Trimmed(text)) {
+        const size_t length = text.FirstOf(kBlanks);
+        if (isSuch(text.UpTo(length))) return true;
+        text = text.From(length);
     }
-    return words;
+    return false;
 }
 
-InterpreterLine Parse(std::string_view line) {
-    if (!line.starts_with("#!")) return {};
-    line = Trimmed(line.substr(2, line.find('\n') - 2));
-    const size_t length = std::min(line.find_first_of(kBlanks), line.size());
-    return {std::string(line.substr(0, length)), std::string(Trimmed(line.substr(length)))};
+bool IsRegularFile(const char* path) {
+    struct stat status;
+    return Uninterrupted([&] { return stat(path, &status); }) == 0 && S_ISREG(status.st_mode);
 }
 
 }  // namespace
 
-InterpreterLine ReadInterpreterLine(const std::string& path) {
-    struct stat status;
+InterpreterLine::InterpreterLine(const char* path) {
     // Asked ahead of the opening: to open some devices is already to act on them.
-    if (Uninterrupted([&] { return stat(path.c_str(), &status); }) != 0) return {};
-    if (!S_ISREG(status.st_mode)) return {};
+    if (!IsRegularFile(path)) return;
     int error = 0;
     const FileDescriptor file = OpenRegularFile(path, error);
-    if (!file) return {};
-    std::array<char, kLineLimit> buffer;
-    const ssize_t count = ReadFully(file.Get(), buffer.data(), buffer.size());
-    return count > 0 ? Parse({buffer.data(), static_cast<size_t>(count)}) : InterpreterLine();
+    if (!file) return;
+    const ssize_t count = ReadFully(file.Get(), line_, sizeof line_);
+    if (count <= 0) return;
+    const Slice text(line_, static_cast<size_t>(count));
+    if (text.StartsWith(kMark)) size_ = text.FirstOf("\n");
 }
 
-bool StartsWith(const InterpreterLine& line, const std::vector<std::string_view>& words) {
-    const std::vector<std::string_view> arguments = Words(line.argument);
+Slice InterpreterLine::Interpreter() const {
+    if (size_ == 0) return {};
+    const Slice text = Trimmed(Slice(line_, size_).From(kMark.size));
+    return text.UpTo(text.FirstOf(kBlanks));
+}
+
+Slice InterpreterLine::Argument() const {
+    if (size_ == 0) return {};
+    const Slice text = Trimmed(Slice(line_, size_).From(kMark.size));
+    return Trimmed(text.From(Interpreter().size));
+}
+
+bool InterpreterLine::StartsWith(const Slice* words, size_t count) const {
     // By the last element: a search of the PATH or an own environment may lead elsewhere.
-    const auto isProgram = [&](std::string_view name) {
-        return BaseName(name) == BaseName(words.front());
-    };
-    const auto isArgument = [&](std::string_view word) {
-        return word == line.argument ||
-               std::find(arguments.begin(), arguments.end(), word) != arguments.end();
-    };
-    const bool isStarted =
-        isProgram(line.interpreter) || std::any_of(arguments.begin(), arguments.end(), isProgram);
-    return isStarted && std::all_of(words.begin() + 1, words.end(), isArgument);
+    const Slice program = words[0].LastElement();
+    const auto isProgram = [&](Slice word) { return word.LastElement() == program; };
+    if (!isProgram(Interpreter()) && !HasWord(Argument(), isProgram)) return false;
+    for (size_t i = 1; i < count; ++i) {
+        const auto isSame = [&](Slice word) { return word == words[i]; };
+        if (!isSame(Argument()) && !HasWord(Argument(), isSame)) return false;
+    }
+    return true;
 }
 
 }  // namespace dunvey

@@ -1,30 +1,19 @@
 #include "platform/linux/helpers/message.h"
 
-#include <unistd.h>
-
-#include <algorithm>
-
-#include "platform/file_descriptor.h"
+#include "platform/linux/helpers/complaint.h"
 
 namespace dunvey {
 
-std::string PrintableLine(std::string_view text) {
-    std::string line(text);
-    const auto isControl = [](char byte) { return (byte >= 0 && byte < ' ') || byte == '\x7f'; };
-    std::replace_if(line.begin(), line.end(), isControl, '?');
-    return line;
-}
-
 std::string Quoted(std::string_view path) {
     std::string quoted(1, '"');
-    quoted += PrintableLine(path);
+    for (const char byte : path)
+        quoted += Printable(byte);
     quoted += '"';
     return quoted;
 }
 
 void Complain(std::string_view program, std::string_view text) {
-    // Nobody is left to be told that standard error can't be written.
-    WriteFully(STDERR_FILENO, std::string(program) + ": " + std::string(text) + "\n");
+    Complain(Slice(program.data(), program.size()), Slice(text.data(), text.size()));
 }
 
 }  // namespace dunvey

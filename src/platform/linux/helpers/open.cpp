@@ -45,14 +45,15 @@ bool MakeAbsolute(std::vector<std::string>& files) {
 }
 
 std::string MissingPart(const std::string& executable) {
-    const InterpreterLine line = ReadInterpreterLine(executable);
+    const InterpreterLine line(executable.c_str());
     if (!line) {
         return Quoted(executable) +
                " needs a part of the system that is missing. It may have been"
                " built for another system.";
     }
+    const Slice interpreter = line.Interpreter();
     return "the script " + Quoted(executable) + " asks for the interpreter " +
-           Quoted(line.interpreter) +
+           Quoted({interpreter.data, interpreter.size}) +
            ", which is missing. Install it, or correct the first line of the script.";
 }
 
