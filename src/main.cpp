@@ -1,8 +1,8 @@
 #include "app/process_start.h"
 #include "platform/desktop.h"
 #include "platform/desktop_plugin.h"
+#include "platform/early_loading.h"
 #include "platform/event_loop.h"
-#include "platform/font_settings.h"
 #include "platform/launch_documents.h"
 #include "platform/process_setup.h"
 
@@ -10,14 +10,10 @@ using namespace dunvey;
 
 namespace {
 
-void PrepareQtDesktop() {
-    FontSettings::ReadAhead();
-}
-
 std::unique_ptr<Desktop> LoadQtDesktop() {
-    FontSettings::ReadAhead();
+    EarlyLoading::Begin();
     // The toolkit changes the environment, which nobody may read meanwhile.
-    return LoadDesktopPlugin("libDunveyQt.so", &FontSettings::Await);
+    return LoadDesktopPlugin("libDunveyQt.so", &EarlyLoading::Await);
 }
 
 }  // namespace
@@ -25,7 +21,7 @@ std::unique_ptr<Desktop> LoadQtDesktop() {
 int main(int argc, char** argv) {
     SetUpProcess();
     EventLoop loop;
-    Desktop::SetLoader(&LoadQtDesktop, &PrepareQtDesktop);
+    Desktop::SetLoader(&LoadQtDesktop, &EarlyLoading::Begin);
     KeepLaunchWords({argv + (argc > 0 ? 1 : 0), argv + argc});
     return _Main();
 }

@@ -11,7 +11,11 @@ void App::Event_OpenDocument(const Ref<FolderItem>& document) {
     t->SetMode(Timer::kOff);
     if (!CanAccepted) return;
     const Ref<FileClass> record = InDesign::MakeNewFileClass(document);
-    if (record) Files.push_back(record);
+    if (record) {
+        Files.push_back(record);
+        // It is sure to be asked about: none of the versions is its own.
+        if (!record->App) Desktop::Prepare();
+    }
     t->SetMode(Timer::kOnce);
 }
 
