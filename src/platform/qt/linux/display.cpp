@@ -6,6 +6,7 @@
 
 #include <QDir>
 #include <QLibraryInfo>
+#include <algorithm>
 #include <cstdlib>
 #include <cstring>
 #include <string>
@@ -44,8 +45,12 @@ bool HasPlatform(const QString& name) {
 #else
     const QString plugins = QLibraryInfo::path(QLibraryInfo::PluginsPath);
 #endif
-    const QDir folder(plugins + QStringLiteral("/platforms"));
-    return !folder.entryList({QStringLiteral("libq%1*.so").arg(name)}).isEmpty();
+    const QStringList files = QDir(plugins + QStringLiteral("/platforms")).entryList(QDir::Files);
+    // Not asked for by a pattern: the toolkit would make a regular expression of it.
+    return std::any_of(files.begin(), files.end(), [&](const QString& file) {
+        return file.startsWith(QStringLiteral("libq") + name) &&
+               file.endsWith(QStringLiteral(".so"));
+    });
 }
 
 /// What a platform by its name, such as "xcb" or "wayland-egl:options", can start on. Those that
