@@ -8,7 +8,10 @@ namespace {
 Ref<Picture> Render(const NSImage& image, int64_t size) {
     const PixelRectangle rectangle{0, 0, size, size};
     Ref<Picture> picture = New<Picture>(size, size);
-    CGContextDrawImage(picture->Pixels(), rectangle, image.CGImageForProposedRect(rectangle));
+    picture->DrawWhenSeen(
+        [rectangle, bitmap = image.CGImageForProposedRect(rectangle)](Bitmap& context) {
+            CGContextDrawImage(context, rectangle, bitmap());
+        });
     return picture;
 }
 

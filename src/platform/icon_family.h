@@ -3,12 +3,11 @@
 #include <sys/types.h>
 
 #include <cstdint>
-#include <functional>
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include "platform/file_descriptor.h"
+#include "platform/packed_icon.h"
 #include "platform/picture.h"
 #include "platform/reference.h"
 
@@ -25,9 +24,6 @@ inline constexpr size_t kIconPartCount = 256;
 /// its bytes only those of the pictures that are asked for are read.
 class IconFamily {
  public:
-    /// Gives a picture out of the bytes of a PNG; nil if that can't be.
-    using PngDecoder = std::function<Ref<Bitmap>(std::string_view)>;
-
     /// A file that can't be read, is no regular file or no icon file gives a family without
     /// pictures. Of a damaged one the parts ahead of the damage count. Never waits for a FIFO.
     explicit IconFamily(const std::string& path);
@@ -35,29 +31,41 @@ class IconFamily {
     /// The picture for a square of so many pixels: the smallest that is at least as large, else the
     /// largest. One that can't be used, such as JPEG 2000, gives way to the next best; nil if there
     /// is none. The bitmap has the picture's own size.
-    Ref<Bitmap> Image(int64_t pixels, const PngDecoder& decodePng) const;
+    Ref<Bitmap> Image(int64_t pixels, const PackedIcon::PngDecoder& decodePng) const;
+
+    /// What that picture is likely to come out of; nil if there is none. That the bytes are sound
+    /// is seen when they are unpacked.
+    Ref<PackedIcon> Packed(int64_t pixels) const;
 
  private:
+    /// The place and the length are those of what stands behind the header.
     struct Part {
         std::string type;
-        off_t place;
-        size_t length;
+        off_t place = 0;
+        size_t length = 0;
+        off_t End() const { return place + static_cast<off_t>(length); }
     };
-    struct Kind;
     struct Choice {
-        const Kind* kind;
+        const IconKind* kind;
         const Part* part;
     };
 
     void ListParts();
+    /// What the header there says; without a type where there is none.
+    Part PartAt(off_t place) const;
     std::vector<Choice> ChoicesFor(int64_t pixels) const;
+    /// The first bytes of a part; empty if they aren't all there.
     std::string Read(const Part& part, size_t length) const;
-    Ref<Bitmap> Decode(const Choice& choice, const PngDecoder& decodePng) const;
-    Ref<Bitmap> DecodeChannels(const Kind& kind, std::string_view bytes) const;
+    /// As many of the bytes as the file has.
+    std::string Read(off_t place, size_t length) const;
+    /// Nil for a part that can't be read or is in a format that can't be used.
+    Ref<PackedIcon> Packed(const Choice& choice) const;
     /// The alpha channel that belongs to a kind; empty if there is none.
-    std::vector<uint8_t> Mask(const Kind& kind) const;
+    std::string Mask(const IconKind& kind) const;
 
     FileDescriptor file_;
+    /// The beginning of the file.
+    std::string start_;
     std::vector<Part> parts_;
     /// The last picture that was decoded: both resolutions of an icon often come out of one part.
     mutable const Part* lastPart_ = nullptr;

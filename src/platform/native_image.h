@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 
 #include "platform/picture.h"
 
@@ -14,12 +15,16 @@ struct PixelRectangle {
     int64_t Height = 0;
 };
 
+/// A bitmap that is made by the call. What it is made of is settled before; a source that turns out
+/// to be unusable gives way as it does at once.
+using CGImage = std::function<Bitmap()>;
+
 /// An image of the operating system, in no particular size.
 class NSImage {
  public:
     virtual ~NSImage() = default;
-    /// The image as a bitmap of the rectangle's size.
-    virtual Bitmap CGImageForProposedRect(const PixelRectangle& rectangle) const = 0;
+    /// The image, as it is now, as a bitmap of the rectangle's size.
+    virtual CGImage CGImageForProposedRect(const PixelRectangle& rectangle) const = 0;
 };
 
 /// Draws the bitmap over what is in the rectangle of another one, scaled if need be (by the nearest

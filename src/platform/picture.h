@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <vector>
 
 #include "platform/reference.h"
@@ -25,9 +26,12 @@ class Picture {
 
     int64_t Width() const { return width_; }
     int64_t Height() const { return height_; }
+    /// Draws on its own pixels when they are first looked at: of a long list few rows are ever
+    /// seen. What had to be drawn before is drawn first.
+    void DrawWhenSeen(std::function<void(Bitmap&)> drawing);
     /// Its own pixels; none for a picture of several resolutions.
-    const Bitmap& Pixels() const { return pixels_; }
-    Bitmap& Pixels() { return pixels_; }
+    const Bitmap& Pixels() const;
+    Bitmap& Pixels();
     /// The pixels to draw it with at so many pixels to the point: the least resolution that has
     /// enough of them, else the one with the most.
     const Bitmap& PixelsFor(double scale) const;
@@ -37,7 +41,8 @@ class Picture {
  private:
     int64_t width_;
     int64_t height_;
-    Bitmap pixels_;
+    mutable Bitmap pixels_;
+    mutable std::vector<std::function<void(Bitmap&)>> drawings_;
     std::vector<Ref<Picture>> images_;
 };
 

@@ -27,9 +27,8 @@ namespace {
 
 class NoImage final : public NSImage {
  public:
-    Bitmap CGImageForProposedRect(const PixelRectangle& rectangle) const override {
-        const auto count = static_cast<size_t>(rectangle.Width * rectangle.Height);
-        return {rectangle.Width, rectangle.Height, std::vector<uint32_t>(count)};
+    CGImage CGImageForProposedRect(const PixelRectangle&) const override {
+        return [] { return Bitmap(); };
     }
 };
 

@@ -26,7 +26,7 @@ class IconTest : public ::testing::Test {
             const int64_t side = size * (place + 1);
             EXPECT_EQ(bitmap.Width, side);
             EXPECT_EQ(bitmap.Height, side);
-            EXPECT_EQ(bitmap.Pixels, image->CGImageForProposedRect({0, 0, side, side}).Pixels);
+            EXPECT_EQ(bitmap.Pixels, image->CGImageForProposedRect({0, 0, side, side})().Pixels);
         }
     }
 

@@ -11,9 +11,11 @@ class PlainImage final : public NSImage {
  public:
     explicit PlainImage(uint32_t color) : color_(color) {}
 
-    Bitmap CGImageForProposedRect(const PixelRectangle& rectangle) const override {
-        const auto count = static_cast<size_t>(rectangle.Width * rectangle.Height);
-        return {rectangle.Width, rectangle.Height, std::vector<uint32_t>(count, color_)};
+    CGImage CGImageForProposedRect(const PixelRectangle& rectangle) const override {
+        return [rectangle, color = color_]() -> Bitmap {
+            const auto count = static_cast<size_t>(rectangle.Width * rectangle.Height);
+            return {rectangle.Width, rectangle.Height, std::vector<uint32_t>(count, color)};
+        };
     }
 
  private:

@@ -17,6 +17,9 @@ namespace {
 // can't ask for much memory.
 constexpr int kLongestSide = 2048;
 
+/// More isn't kept packed for each picture of a long list.
+constexpr size_t kKeptPacked = 64 * 1024;
+
 Ref<Bitmap> DecodePng(std::string_view bytes) {
     QByteArray data = QByteArray::fromRawData(bytes.data(), static_cast<int>(bytes.size()));
     QBuffer buffer(&data);
@@ -40,17 +43,33 @@ QImage ImageOf(const QIcon& icon, const QSize& size) {
     return image;
 }
 
+/// With pixels of its own; a null image for nil.
+QImage CopyOf(const Ref<Bitmap>& bitmap) {
+    return bitmap ? ImageOf(*bitmap).copy() : QImage();
+}
+
 }  // namespace
 
 IconSource IconFileSource(const std::string& path) {
-    return [family = std::make_shared<IconFamily>(path)](const QSize& size) {
-        const Ref<Bitmap> bitmap = family->Image(std::max(size.width(), size.height()), &DecodePng);
-        return bitmap ? ImageOf(*bitmap) : QImage();
+    return [path, family = std::make_shared<IconFamily>(path)](const QSize& size) -> PackedImage {
+        const int pixels = std::max(size.width(), size.height());
+        const Ref<PackedIcon> packed = family->Packed(pixels);
+        if (!packed) return [] { return QImage(); };
+        if (packed->Size() > kKeptPacked) {
+            return [image = CopyOf(family->Image(pixels, &DecodePng))] { return image; };
+        }
+        return [path, pixels, packed] {
+            const Ref<Bitmap> bitmap = packed->Unpack(&DecodePng);
+            // Another picture of the file may be sound.
+            return CopyOf(bitmap ? bitmap : IconFamily(path).Image(pixels, &DecodePng));
+        };
     };
 }
 
 IconSource ThemeSource(const QString& name) {
-    return [name](const QSize& size) { return ImageOf(QIcon::fromTheme(name), size); };
+    return [name](const QSize& size) -> PackedImage {
+        return [name, size] { return ImageOf(QIcon::fromTheme(name), size); };
+    };
 }
 
 }  // namespace dunvey

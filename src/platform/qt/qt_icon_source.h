@@ -7,11 +7,14 @@
 
 namespace dunvey {
 
-/// One place where an icon may come from: gives the picture that suits the size best, in its own
-/// size, or a null image where there is none.
-using IconSource = std::function<QImage(const QSize&)>;
+/// A picture in its own size, unpacked by the call, or a null image where there is none.
+using PackedImage = std::function<QImage()>;
 
-/// The pictures of an icon file. It is opened now; one that is missing or unusable has none.
+/// One place where an icon may come from: gives the picture that suits the size best.
+using IconSource = std::function<PackedImage(const QSize&)>;
+
+/// The pictures of an icon file. It is opened now, and what it says when it is asked for a size
+/// counts; one that is missing or unusable has none.
 IconSource IconFileSource(const std::string& path);
 /// The icon theme's picture of that name.
 IconSource ThemeSource(const QString& name);

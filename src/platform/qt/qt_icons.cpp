@@ -31,22 +31,32 @@ QImage Fitted(const QImage& image, const QSize& size) {
     return fitted;
 }
 
+/// The first of the pictures that shows anything, else the drawing, in that size.
+Bitmap FirstOf(const std::vector<PackedImage>& images, IconDrawing drawing, const QSize& size) {
+    for (const PackedImage& unpack : images) {
+        const QImage image = unpack();
+        Bitmap bitmap = BitmapOf(image);
+        if (IsBlank(bitmap)) continue;
+        return image.size() == size ? std::move(bitmap) : BitmapOf(Fitted(image, size));
+    }
+    return BitmapOf(DrawIcon(drawing, size));
+}
+
 /// The picture of the first source that has one, at last a drawing.
 class SourcedImage final : public NSImage {
  public:
     SourcedImage(std::vector<IconSource> sources, IconDrawing drawing)
         : sources_(std::move(sources)), drawing_(drawing) {}
 
-    Bitmap CGImageForProposedRect(const PixelRectangle& rectangle) const override {
+    CGImage CGImageForProposedRect(const PixelRectangle& rectangle) const override {
         const QSize size(static_cast<int>(rectangle.Width), static_cast<int>(rectangle.Height));
-        if (size.isEmpty()) return {};
-        for (const IconSource& source : sources_) {
-            const QImage image = source(size);
-            Bitmap bitmap = BitmapOf(image);
-            if (IsBlank(bitmap)) continue;
-            return image.size() == size ? std::move(bitmap) : BitmapOf(Fitted(image, size));
-        }
-        return BitmapOf(DrawIcon(drawing_, size));
+        if (size.isEmpty()) return [] { return Bitmap(); };
+        std::vector<PackedImage> images;
+        for (const IconSource& source : sources_)
+            images.push_back(source(size));
+        return [images = std::move(images), drawing = drawing_, size] {
+            return FirstOf(images, drawing, size);
+        };
     }
 
  private:

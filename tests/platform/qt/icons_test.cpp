@@ -6,6 +6,7 @@
 #include <QBuffer>
 #include <QIcon>
 #include <QStyle>
+#include <random>
 
 #include "platform/qt/qt_bitmap.h"
 #include "platform/qt/qt_icon_drawing.h"
@@ -24,17 +25,31 @@ constexpr uint32_t kRed = 0xFFFF0000;
 constexpr uint32_t kGreen = 0xFF00FF00;
 constexpr uint32_t kBlue = 0xFF0000FF;
 
-std::string Png(int width, int height, uint32_t color) {
-    QImage image(width, height, QImage::Format_ARGB32);
-    image.fill(color);
+std::string Png(const QImage& image) {
     QByteArray bytes;
     QBuffer buffer(&bytes);
     image.save(&buffer, "png");
     return bytes.toStdString();
 }
 
+std::string Png(int width, int height, uint32_t color) {
+    QImage image(width, height, QImage::Format_ARGB32);
+    image.fill(color);
+    return Png(image);
+}
+
+/// A picture that can't be packed well.
+std::string NoisePng(int side) {
+    QImage image(side, side, QImage::Format_RGB32);
+    std::mt19937 random(1);
+    for (int y = 0; y < side; ++y)
+        for (int x = 0; x < side; ++x)
+            image.setPixel(x, y, static_cast<uint32_t>(random()) | 0xFF000000u);
+    return Png(image);
+}
+
 Bitmap Render(const Ref<NSImage>& image, int64_t width, int64_t height) {
-    return image->CGImageForProposedRect({0, 0, width, height});
+    return image->CGImageForProposedRect({0, 0, width, height})();
 }
 
 uint32_t Middle(const Bitmap& bitmap) {
@@ -127,6 +142,20 @@ TEST_F(Icons, AnUnusablePictureGivesWay) {
         EXPECT_EQ(Middle(Render(QtIconForFile(App(IconFile({part, good}))), 64, 64)) == kGreen,
                   !isBlank);
         EXPECT_EQ(Pixels(App(IconFile({part}))), Drawn(IconDrawing::Application));
+    }
+}
+
+TEST_F(Icons, APictureIsUnpackedLateAndAsItWasWhenItWasAskedFor) {
+    const std::string large = NoisePng(256);
+    ASSERT_GT(large.size(), 64u * 1024) << "too much to be kept packed";
+    for (const std::string& png : {Png(64, 64, kRed), large}) {
+        const std::string path = App(IconFile({IconPart("ic12", png)}));
+        const Ref<NSImage> image = QtIconForFile(path);
+        const CGImage late = image->CGImageForProposedRect({0, 0, 64, 64});
+        const Bitmap before = Render(image, 64, 64);
+        App("something else");
+        EXPECT_EQ(late().Pixels, before.Pixels);
+        EXPECT_EQ(Pixels(path), Drawn(IconDrawing::Application));
     }
 }
 

@@ -6,9 +6,10 @@
 namespace dunvey {
 
 IconSource SystemSource(const QString& path) {
-    return [path](const QSize& size) {
+    return [path](const QSize& size) -> PackedImage {
         // The toolkit asks the workspace.
-        return QFileIconProvider().icon(QFileInfo(path)).pixmap(size).toImage();
+        const QImage image = QFileIconProvider().icon(QFileInfo(path)).pixmap(size).toImage();
+        return [image] { return image; };
     };
 }
 
