@@ -3,12 +3,31 @@
 #include <plist/plist.h>
 
 #include <cstdint>
+#include <optional>
+#include <utility>
 
 #include "platform/binary_property_list.h"
+#include "platform/plain_property_list.h"
 
 namespace dunvey {
 
 namespace {
+
+/// Out of a plain XML form. It stands in the bytes.
+class PlainDictionary final : public CFDictionaryMBS {
+ public:
+    PlainDictionary(Ref<CFBinaryDataMBS> data, PlainPropertyList list)
+        : data_(std::move(data)), list_(std::move(list)) {}
+
+    Ref<CFStringMBS> Lookup(const CFStringMBS& key) const override {
+        const auto text = list_.Text(key.Text());
+        return text ? New<CFStringMBS>(std::string(*text)) : nullptr;
+    }
+
+ private:
+    Ref<CFBinaryDataMBS> data_;
+    PlainPropertyList list_;
+};
 
 /// Out of the XML form. Holds libplist's dictionary node and frees it in the end.
 class XmlDictionary final : public CFDictionaryMBS {
@@ -48,7 +67,11 @@ Ref<CFDictionaryMBS> FromBinary(const std::string& bytes) {
     return list.IsDictionary() ? New<BinaryDictionary>(std::move(list)) : Ref<BinaryDictionary>();
 }
 
-Ref<CFDictionaryMBS> FromXml(const std::string& bytes) {
+Ref<CFDictionaryMBS> FromXml(const Ref<CFBinaryDataMBS>& data) {
+    const std::string& bytes = data->Bytes;
+    if (std::optional<PlainPropertyList> list = PlainPropertyList::Read(bytes)) {
+        return New<PlainDictionary>(data, std::move(*list));
+    }
     plist_t node = nullptr;
     plist_from_xml(bytes.data(), static_cast<uint32_t>(bytes.size()), &node);
     if (node == nullptr) return nullptr;
@@ -70,7 +93,7 @@ Ref<CFBinaryDataMBS> NewCFBinaryDataMBSStr(std::string bytes) {
 Ref<CFDictionaryMBS> NewCFObjectMBSFromXML(const Ref<CFBinaryDataMBS>& data) {
     const std::string& bytes = data->Bytes;
     if (bytes.empty() || bytes.size() > kPropertyListLimit) return nullptr;
-    return IsBinaryPropertyList(bytes) ? FromBinary(bytes) : FromXml(bytes);
+    return IsBinaryPropertyList(bytes) ? FromBinary(bytes) : FromXml(data);
 }
 
 Ref<CFStringMBS> NewCFStringMBS(std::string text) {

@@ -7,6 +7,7 @@
 #include "platform/property_list.h"
 #include "platform/text.h"
 #include "support/icon_file.h"
+#include "support/plain_list_check.h"
 #include "support/temporary_folder.h"
 #include "version/application_version.h"
 
@@ -92,6 +93,7 @@ std::string BinaryList(const std::string& version) {
 void TryInput(std::string_view bytes) {
     static MemoryFile file;
     static const Bundle bundle(file);
+    Check(test::IsSoundIfPlain(bytes), "a plain list says what the library finds in it");
     const std::string text = "9" + std::string(bytes);
     Check(Expected(BinaryList(text)) == text, "a sound list has its version", text);
     file.Write(bytes);
