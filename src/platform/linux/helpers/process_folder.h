@@ -14,7 +14,8 @@ class ProcessFolder {
  public:
     /// As much as is looked at of the words that a process was started with.
     static constexpr size_t kWordsLimit = 8192;
-    static constexpr size_t kMostIds = 170;
+    /// Few enough that a second thread soon has something to do.
+    static constexpr size_t kMostIds = 64;
     using IdsBuffer = pid_t[kMostIds];
     using PathBuffer = char[PATH_MAX];
     using WordsBuffer = char[kWordsLimit];

@@ -3,6 +3,7 @@
 #include <pthread.h>
 #include <sched.h>
 #include <sys/prctl.h>
+#include <sys/sysinfo.h>
 #include <time.h>
 #include <unistd.h>
 
@@ -11,8 +12,8 @@
 namespace dunvey {
 namespace {
 
-/// Fewer processes aren't worth the start of a thread.
-constexpr size_t kManyProcesses = 100;
+/// Where the system counts fewer, with all their threads, it isn't worth the start of one.
+constexpr unsigned kManyProcesses = 100;
 /// A thread takes as many at a time.
 constexpr size_t kBlockSize = 8;
 
@@ -29,7 +30,7 @@ void Store(Value& value, Value newValue) {
 /// Waits a little for the other thread, at first without letting go of the processor for long. It
 /// may hang on a file that doesn't answer.
 void Wait(int turn) {
-    constexpr int kQuickTurns = 100;
+    constexpr int kQuickTurns = 1000;
     constexpr timespec kPause{0, 100'000};
     if (turn < kQuickTurns)
         sched_yield();
@@ -48,6 +49,7 @@ void AddLine(Row<char>& lines, Slice text) {
 }
 
 bool ProgramLines::AddTo(Row<char>& lines) {
+    StartAssistant();
     ProcessFolder::IdsBuffer ids;
     ssize_t count;
     while ((count = folder_.NextIds(ids)) > 0)
@@ -73,13 +75,13 @@ void ProgramLines::Publish(const pid_t* ids, size_t count) {
     for (size_t i = 0; i < count; ++i)
         process[i] = {ids[i]};
     Store(published_, processes_.Count());
-    if (!hasAssistant_ && processes_.Count() >= kManyProcesses) StartAssistant();
 }
 
 /// Starts the second thread where there is another processor for it. Without one, the first does
 /// all.
 void ProgramLines::StartAssistant() {
-    hasAssistant_ = true;
+    struct sysinfo system;
+    if (sysinfo(&system) != 0 || system.procs < kManyProcesses) return;
     cpu_set_t others;
     if (sched_getaffinity(0, sizeof others, &others) != 0) return;
     const int own = sched_getcpu();

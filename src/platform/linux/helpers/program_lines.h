@@ -46,7 +46,6 @@ class ProgramLines {
     Row<char> lines_[2];
     /// It doesn't move while there is work.
     Row<Process> processes_;
-    bool hasAssistant_ = false;
     /// Changed by one thread and seen by the other: how many processes have been published, taken
     /// and done, and whether these are all.
     size_t published_ = 0;
