@@ -11,7 +11,7 @@ using namespace dunvey;
 namespace {
 
 std::unique_ptr<Desktop> LoadQtDesktop() {
-    EarlyLoading::Begin();
+    EarlyLoading::BeginWithoutLibraries();
     // The toolkit changes the environment, which nobody may read meanwhile.
     return LoadDesktopPlugin("libDunveyQt.so", &EarlyLoading::Await);
 }

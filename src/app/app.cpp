@@ -11,12 +11,10 @@ void App::Event_OpenDocument(const Ref<FolderItem>& document) {
     t->SetMode(Timer::kOff);
     if (!CanAccepted) return;
     const Ref<FileClass> record = InDesign::MakeNewFileClass(document);
-    if (record) {
-        Files.push_back(record);
-        // It is sure to be asked about: none of the versions is its own.
-        if (!record->App) Desktop::Prepare();
-    }
+    if (record) Files.push_back(record);
     t->SetMode(Timer::kOnce);
+    // None of the versions is its own, so it is sure to be asked about. There is time until then.
+    if (record && !record->App) Desktop::Prepare();
 }
 
 std::vector<std::string> App::DocumentExtensions() const {

@@ -8,6 +8,8 @@ namespace dunvey::EarlyLoading {
 
 /// Begins, once. Without a thread for it the toolkit fetches everything in its own time.
 void Begin();
+/// The same without the libraries, where the toolkit is loaded at once: it would have to wait.
+void BeginWithoutLibraries();
 /// Returns when that has ended, if it has begun.
 void Await();
 

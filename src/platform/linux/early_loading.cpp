@@ -20,17 +20,16 @@ void* Load(const char* library) {
 
 class Loader {
  public:
-    Loader() {
+    explicit Loader(bool hasLibraries) {
 #ifdef M_ARENA_MAX
         // Else the thread takes memory from a place of its own, which only makes the process grow.
         mallopt(M_ARENA_MAX, 1);
 #endif
-        // Loaded here, and the others behind the settings: loading waits for whoever else loads
-        // something, and that may be the toolkit by now.
+        // Not on the thread: loading waits for whoever else loads something.
         void* const fonts = Load("libfontconfig.so.1");
         void* const read = fonts == nullptr ? nullptr : dlsym(fonts, "FcInit");
         try {
-            loading_ = std::jthread(&Fetch, reinterpret_cast<ReadSettings>(read));
+            loading_ = std::jthread(&Fetch, hasLibraries, reinterpret_cast<ReadSettings>(read));
         } catch (const std::system_error&) {
             // The toolkit does it then.
         }
@@ -41,29 +40,35 @@ class Loader {
     }
 
  private:
-    static void Fetch(ReadSettings readSettings) {
+    static void Fetch(bool hasLibraries, ReadSettings readSettings) {
+        if (hasLibraries) {
+            for (const char* library : kLibrariesBelowToolkit)
+                Load(library);
+        }
         if (readSettings != nullptr) readSettings();
-        for (const char* library : kLibrariesBelowToolkit)
-            Load(library);
     }
 
     std::jthread loading_;
 };
 
 // Made at the first use; the end of the process waits for it.
-Loader& TheLoader() {
-    static Loader loader;
+Loader& TheLoader(bool hasLibraries) {
+    static Loader loader(hasLibraries);
     return loader;
 }
 
 }  // namespace
 
 void Begin() {
-    TheLoader();
+    TheLoader(true);
+}
+
+void BeginWithoutLibraries() {
+    TheLoader(false);
 }
 
 void Await() {
-    TheLoader().Await();
+    TheLoader(false).Await();
 }
 
 }  // namespace dunvey::EarlyLoading

@@ -3,6 +3,7 @@
 namespace dunvey::EarlyLoading {
 
 void Begin() {}
+void BeginWithoutLibraries() {}
 void Await() {}
 
 }  // namespace dunvey::EarlyLoading
