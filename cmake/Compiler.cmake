@@ -9,6 +9,7 @@ endif()
 add_compile_options(-fmacro-prefix-map=${PROJECT_SOURCE_DIR}/=)
 
 if(DUNVEY_SANITIZE)
+    add_compile_definitions(DUNVEY_SANITIZED)
     # float-cast-overflow is not part of "undefined", yet a number from a file can be any size.
     add_compile_options(-fsanitize=address,undefined,float-cast-overflow
         -fno-sanitize-recover=all -fno-omit-frame-pointer)

@@ -134,7 +134,7 @@ class Endurance : public RealWorld {
     static void ExpectPeakBelow(const Ended& ended, [[maybe_unused]] size_t mebibytes,
                                 [[maybe_unused]] const char* what) {
         EXPECT_GT(ended.kibibytes, 0U);
-#ifndef __SANITIZE_ADDRESS__
+#ifndef DUNVEY_SANITIZED
         EXPECT_LT(ended.kibibytes, mebibytes * 1024);
         Figure(what, ended.kibibytes);
 #endif

@@ -9,7 +9,7 @@
 #include "chooser/chooser.h"
 #include "support/soak.h"
 
-#ifdef __SANITIZE_ADDRESS__
+#ifdef DUNVEY_SANITIZED
 extern "C" size_t __sanitizer_get_current_allocated_bytes();
 #endif
 
@@ -24,7 +24,7 @@ struct Holdings {
 };
 
 size_t AllocatedBytes() {
-#ifdef __SANITIZE_ADDRESS__
+#ifdef DUNVEY_SANITIZED
     return __sanitizer_get_current_allocated_bytes();
 #else
     return mallinfo2().uordblks;

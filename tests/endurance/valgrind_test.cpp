@@ -12,7 +12,7 @@ class Valgrind : public test::Endurance {
  protected:
     void SetUp() override {
         Endurance::SetUp();
-#ifdef __SANITIZE_ADDRESS__
+#ifdef DUNVEY_SANITIZED
         GTEST_SKIP() << "This build has checkers of its own.";
 #endif
         if (!test::IsSoak() || system("command -v valgrind >/dev/null") != 0)

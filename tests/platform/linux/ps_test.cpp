@@ -194,7 +194,7 @@ TEST_F(PsTest, RefusesOtherArguments) {
     }
 }
 
-#if !defined(__SANITIZE_ADDRESS__)
+#if !defined(DUNVEY_SANITIZED)
 TEST_F(PsTest, WithoutEnoughMemoryItFailsRatherThanListLess) {
     const std::string program = MakeRecorder(LongPath());
     for (int i = 0; i < 40; ++i)

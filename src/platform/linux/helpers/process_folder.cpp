@@ -50,8 +50,10 @@ ssize_t ProcessFolder::NextIds(IdsBuffer& ids) const {
     ssize_t count = 0;
     while (count == 0) {
         const ssize_t size = ReadEntries(entries, sizeof entries);
-        if (size < 0) return -1;
-        if (size == 0) return lseek(folder_.Get(), 0, SEEK_SET);
+        if (size <= 0) {
+            const off_t begin = lseek(folder_.Get(), 0, SEEK_SET);
+            return size < 0 ? size : begin;
+        }
         for (ssize_t place = 0; place < size;) {
             const auto* entry = reinterpret_cast<const dirent64*>(entries + place);
             const pid_t id = IdOf(entry->d_name);

@@ -15,7 +15,7 @@ bool IsKnownCall(int count, char** arguments) {
     static constexpr Slice kArguments[] = {"-ax", "-o", "comm"};
     int place = 1;
     for (const Slice& known : kArguments) {
-        if (place == count || !(known == arguments[place])) return false;
+        if (place >= count || !(known == arguments[place])) return false;
         ++place;
     }
     return place == count;

@@ -19,7 +19,8 @@ function(dunvey_find_small_c_library)
     endif()
     execute_process(COMMAND ${CMAKE_CXX_COMPILER} -print-file-name=include
         OUTPUT_VARIABLE own_include OUTPUT_STRIP_TRAILING_WHITESPACE)
-    set(options -nostdinc -nostdinc++ -isystem${DUNVEY_MUSL_INCLUDE} -isystem${own_include} -fPIE
+    # Newer ones show what reads a folder straight only to those who ask for it.
+    set(options -D_LARGEFILE64_SOURCE -nostdinc -nostdinc++ -isystem${DUNVEY_MUSL_INCLUDE} -isystem${own_include} -fPIE
         -fno-exceptions -fno-rtti -fno-threadsafe-statics)
     # On ARM the compiler's own functions for atomic operations ask the usual C library.
     if(machine STREQUAL aarch64)
@@ -38,13 +39,16 @@ function(dunvey_try_small_c_library)
     list(JOIN DUNVEY_SMALL_C_COMPILE " " CMAKE_REQUIRED_FLAGS)
     set(CMAKE_REQUIRED_LINK_OPTIONS ${DUNVEY_SMALL_C_LINK})
     set(CMAKE_REQUIRED_LIBRARIES ${DUNVEY_SMALL_C_LIBRARIES})
-    set(source "#include <pthread.h>
+    set(source "#include <dirent.h>
+        #include <pthread.h>
         static int sum = 0;
         static void* Add(void*) { __atomic_fetch_add(&sum, 1, __ATOMIC_RELEASE); return nullptr; }
         int main() {
             pthread_t thread;
             if (pthread_create(&thread, nullptr, &Add, nullptr) != 0) return 1;
-            return pthread_join(thread, nullptr) == 0 && sum == 1 ? 0 : 1;
+            alignas(dirent64) char entries[1024];
+            const bool reads = getdents64(-1, reinterpret_cast<dirent64*>(entries), 1024) == -1;
+            return reads && pthread_join(thread, nullptr) == 0 && sum == 1 ? 0 : 1;
         }")
     if(CMAKE_CROSSCOMPILING)
         check_cxx_source_compiles("${source}" DUNVEY_HAS_SMALL_C_LIBRARY)
