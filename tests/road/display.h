@@ -60,9 +60,13 @@ class Display {
             execlp("openbox", "openbox", nullptr);
             _exit(127);
         }
-        // It is there once it answers for the number of desktops.
-        for (int i = 0; i < 600 && Ask("get_num_desktops").empty(); ++i)
-            usleep(100'000);
+        // It tells the number of desktops before it takes care of new windows; once it changes that
+        // number, it does.
+        const std::string wanted = "7";
+        for (int i = 0; i < 600 && Ask("get_num_desktops") != wanted; ++i) {
+            Do("set_num_desktops " + wanted);
+            usleep(20'000);
+        }
     }
 
     void StartServer() {
