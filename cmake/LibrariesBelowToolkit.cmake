@@ -1,18 +1,24 @@
-# Writes a header with the names of the shared libraries that the toolkit needs and that aren't its
-# own: cmake -DTOOLKIT=library -DHEADER=file -P LibrariesBelowToolkit.cmake. What every program in
-# this language has is left out. Where they can't be found there are none.
-file(GET_RUNTIME_DEPENDENCIES LIBRARIES ${TOOLKIT} RESOLVED_DEPENDENCIES_VAR found
-    UNRESOLVED_DEPENDENCIES_VAR missing CONFLICTING_DEPENDENCIES_PREFIX several
-    PRE_EXCLUDE_REGEXES "^ld-" "^lib(c|m|gcc_s|stdc\\+\\+)\\.")
-set(count 0)
-foreach(path ${found})
-    cmake_path(GET path FILENAME name)
-    if(NOT name MATCHES "Qt[56]")
-        string(APPEND lines "    \"${name}\",\n")
-        math(EXPR count "${count} + 1")
+# The names of the shared libraries that the toolkit needs and that aren't its own, in a header below
+# the folder. What every program in this language has is left out. Where they can't be found there are
+# none, and the toolkit loads all in its own time.
+set(DUNVEY_LIBRARIES_SCRIPT ${CMAKE_CURRENT_LIST_DIR}/print_libraries.cmake)
+
+function(dunvey_list_libraries_below toolkit folder)
+    execute_process(COMMAND ${CMAKE_COMMAND} -DLIBRARY=${toolkit} -P ${DUNVEY_LIBRARIES_SCRIPT}
+        OUTPUT_VARIABLE names ERROR_VARIABLE error RESULT_VARIABLE result
+        OUTPUT_STRIP_TRAILING_WHITESPACE)
+    if(NOT result EQUAL 0)
+        message(STATUS "The libraries below the toolkit can't be told, so none is loaded ahead: ${error}")
+        set(names "")
     endif()
-endforeach()
-file(CONFIGURE OUTPUT ${HEADER} @ONLY CONTENT [[
+    set(count 0)
+    foreach(name ${names})
+        if(NOT name MATCHES "Qt[56]")
+            string(APPEND lines "    \"${name}\",\n")
+            math(EXPR count "${count} + 1")
+        endif()
+    endforeach()
+    file(CONFIGURE OUTPUT ${folder}/platform/linux/libraries_below_toolkit.h @ONLY CONTENT [[
 #pragma once
 
 #include <array>
@@ -24,3 +30,4 @@ inline constexpr std::array<const char*, @count@> kLibrariesBelowToolkit = {
 
 }  // namespace dunvey
 ]])
+endfunction()

@@ -202,6 +202,18 @@ TEST_F(RoadTest, TenThousandDocumentsGoOutInOneCommand) {
     EXPECT_EQ(records[0].arguments, words);
 }
 
+TEST_F(RoadTest, ABrokenLibraryBelowTheToolkitKeepsNoOtherDocumentBack) {
+    Install("CS6", "8.0.1");
+    ASSERT_EQ(symlink(DUNVEY_EMPTY_LIBRARY, (folder_ / "libXau.so.6").c_str()), 0);
+    EXPECT_EQ(Dunvey({Document("asked.indd", 12), Document("a.indd", 8)},
+                     {"LD_LIBRARY_PATH=" + folder_.Path()}),
+              1);
+    EXPECT_EQ(Starts(1), Lines{"CS6: a.indd|"});
+    const std::string errors = folder_.Read("stderr");
+    EXPECT_NE(errors.find("asked.indd isn't opened"), std::string::npos) << errors;
+    EXPECT_NE(errors.find("can't be loaded"), std::string::npos) << errors;
+}
+
 TEST_F(RoadTest, WithoutDocumentsAndWithoutADisplayItSaysSo) {
     EXPECT_EQ(Dunvey({}), 1);
     EXPECT_NE(folder_.Read("stderr").find("No display can be reached"), std::string::npos);

@@ -3,7 +3,7 @@
 #include <dlfcn.h>
 #include <malloc.h>
 
-#include <system_error>
+#include <exception>
 #include <thread>
 
 #include "platform/linux/libraries_below_toolkit.h"
@@ -13,9 +13,10 @@ namespace {
 
 using ReadSettings = int (*)();
 
-/// One that isn't there is the toolkit's to complain of. All stay loaded, as it stands on them.
+/// One that isn't there, or lacks something, is the toolkit's to complain of, so it is bound as the
+/// toolkit has it. All stay loaded, as it stands on them.
 void* Load(const char* library) {
-    return dlopen(library, RTLD_LAZY | RTLD_LOCAL);
+    return dlopen(library, RTLD_NOW | RTLD_LOCAL);
 }
 
 class Loader {
@@ -30,7 +31,7 @@ class Loader {
         void* const read = fonts == nullptr ? nullptr : dlsym(fonts, "FcInit");
         try {
             loading_ = std::jthread(&Fetch, hasLibraries, reinterpret_cast<ReadSettings>(read));
-        } catch (const std::system_error&) {
+        } catch (const std::exception&) {
             // The toolkit does it then.
         }
     }

@@ -1,0 +1,1 @@
+// A shared library without anything.
