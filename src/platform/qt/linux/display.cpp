@@ -48,14 +48,16 @@ bool HasPlatform(const QString& name) {
     const QStringList files = QDir(plugins + QStringLiteral("/platforms")).entryList(QDir::Files);
     // Not asked for by a pattern: the toolkit would make a regular expression of it.
     return std::any_of(files.begin(), files.end(), [&](const QString& file) {
-        return file.startsWith(QStringLiteral("libq") + name) &&
+        return file.startsWith(QStringLiteral("libq") + name, Qt::CaseInsensitive) &&
                file.endsWith(QStringLiteral(".so"));
     });
 }
 
 /// What a platform by its name, such as "xcb" or "wayland-egl:options", can start on. Those that
 /// need no server always can.
-std::optional<DisplayHold> Reach(const std::string& name) {
+std::optional<DisplayHold> Reach(const std::string& wanted) {
+    // The toolkit takes its names in any case.
+    const std::string name = Lowercase(wanted);
     if (name.starts_with("xcb")) return ReachX11();
     const bool canStart = name.starts_with("wayland")
                               ? ReachesWayland() && HasPlatform(QStringLiteral("wayland"))
