@@ -15,8 +15,8 @@ struct PixelRectangle {
     int64_t Height = 0;
 };
 
-/// A bitmap that is made by the call. What it is made of is settled before; a source that turns out
-/// to be unusable gives way as it does at once.
+/// A bitmap that is made by the call, for as long as the desktop is there. What it is made of is
+/// settled before, but for what stands in for a damaged picture, or for none.
 using CGImage = std::function<Bitmap()>;
 
 /// An image of the operating system, in no particular size.

@@ -18,8 +18,11 @@ void Picture::DrawWhenSeen(std::function<void(Bitmap&)> drawing) {
 }
 
 const Bitmap& Picture::Pixels() const {
-    for (const auto& draw : std::exchange(drawings_, {}))
+    while (!drawings_.empty()) {
+        const auto draw = std::move(drawings_.front());
+        drawings_.erase(drawings_.begin());
         draw(pixels_);
+    }
     return pixels_;
 }
 

@@ -27,7 +27,7 @@ class Picture {
     int64_t Width() const { return width_; }
     int64_t Height() const { return height_; }
     /// Draws on its own pixels when they are first looked at: of a long list few rows are ever
-    /// seen. What had to be drawn before is drawn first.
+    /// seen. What had to be drawn before is drawn first; what fails isn't tried again.
     void DrawWhenSeen(std::function<void(Bitmap&)> drawing);
     /// Its own pixels; none for a picture of several resolutions.
     const Bitmap& Pixels() const;

@@ -92,6 +92,12 @@ TEST(PictureTest, IsDrawnWhenItIsSeenOnceAndInOrder) {
     small->Pixels().Pixels.at(0) = 9;
     EXPECT_EQ(picture.PixelsFor(1).Pixels.at(0), 9u);
     EXPECT_EQ(drawn, (std::vector{1, 2, 3}));
+
+    small->DrawWhenSeen([](Bitmap&) { throw std::bad_alloc(); });
+    small->DrawWhenSeen(draw(4));
+    EXPECT_THROW(picture.PixelsFor(1), std::bad_alloc);
+    EXPECT_EQ(picture.PixelsFor(1).Pixels.at(0), 4u)
+        << "not tried again, and what follows is drawn";
 }
 
 }  // namespace

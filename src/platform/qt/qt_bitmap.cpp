@@ -1,8 +1,27 @@
 #include "platform/qt/qt_bitmap.h"
 
+#include <QPainter>
 #include <algorithm>
 
 namespace dunvey {
+namespace {
+
+bool IsBlank(const Bitmap& bitmap) {
+    return std::all_of(bitmap.Pixels.begin(), bitmap.Pixels.end(),
+                       [](uint32_t pixel) { return pixel == 0; });
+}
+
+QImage Fitted(const QImage& image, const QSize& size) {
+    const QSize inside = image.size().scaled(size, Qt::KeepAspectRatio).expandedTo(QSize(1, 1));
+    const QImage scaled = image.scaled(inside, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+    QImage fitted(size, QImage::Format_ARGB32_Premultiplied);
+    fitted.fill(Qt::transparent);
+    QPainter(&fitted).drawImage((size.width() - inside.width()) / 2,
+                                (size.height() - inside.height()) / 2, scaled);
+    return fitted;
+}
+
+}  // namespace
 
 Bitmap BitmapOf(const QImage& image) {
     const QImage pixels = image.convertToFormat(QImage::Format_ARGB32_Premultiplied);
@@ -13,6 +32,12 @@ Bitmap BitmapOf(const QImage& image) {
         bitmap.Pixels.insert(bitmap.Pixels.end(), line, line + pixels.width());
     }
     return bitmap;
+}
+
+Bitmap FittedBitmapOf(const QImage& image, const QSize& size) {
+    Bitmap bitmap = BitmapOf(image);
+    if (IsBlank(bitmap)) return {};
+    return image.size() == size ? bitmap : BitmapOf(Fitted(image, size));
 }
 
 QImage ImageOf(const Bitmap& bitmap) {

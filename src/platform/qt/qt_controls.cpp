@@ -121,9 +121,11 @@ class CanvasWidget final : public QWidget {
  protected:
     void paintEvent(QPaintEvent*) override {
         QPainter painter(this);
-        if (model_->Backdrop()) DrawPictureAt(painter, *model_->Backdrop(), {0, 0});
         QtGraphics graphics(painter, size());
-        EventLoop::Current().Enter([&] { model_->Event_Paint(graphics); });
+        EventLoop::Current().Enter([&] {
+            if (model_->Backdrop()) DrawPictureAt(painter, *model_->Backdrop(), {0, 0});
+            model_->Event_Paint(graphics);
+        });
     }
     void mousePressEvent(QMouseEvent* event) override {
         const QPoint place = event->pos();

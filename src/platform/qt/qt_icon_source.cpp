@@ -17,7 +17,7 @@ namespace {
 // can't ask for much memory.
 constexpr int kLongestSide = 2048;
 
-/// More isn't kept packed for each picture of a long list.
+/// A larger picture is unpacked at once: fitted into its size it takes less.
 constexpr size_t kKeptPacked = 64 * 1024;
 
 Ref<Bitmap> DecodePng(std::string_view bytes) {
@@ -43,33 +43,38 @@ QImage ImageOf(const QIcon& icon, const QSize& size) {
     return image;
 }
 
-/// With pixels of its own; a null image for nil.
-QImage CopyOf(const Ref<Bitmap>& bitmap) {
-    return bitmap ? ImageOf(*bitmap).copy() : QImage();
+/// Fitted into the size; without pixels for nil.
+Bitmap FittedInto(const QSize& size, const Ref<Bitmap>& bitmap) {
+    return bitmap ? FittedBitmapOf(ImageOf(*bitmap), size) : Bitmap();
 }
 
 }  // namespace
 
 IconSource IconFileSource(const std::string& path) {
-    return [path, family = std::make_shared<IconFamily>(path)](const QSize& size) -> PackedImage {
+    return [path, family = std::make_shared<IconFamily>(path)](const QSize& size) -> CGImage {
         const int pixels = std::max(size.width(), size.height());
         const Ref<PackedIcon> packed = family->Packed(pixels);
-        if (!packed) return [] { return QImage(); };
+        if (!packed) return [] { return Bitmap(); };
         if (packed->Size() > kKeptPacked) {
-            return [image = CopyOf(family->Image(pixels, &DecodePng))] { return image; };
+            return
+                [bitmap = FittedInto(size, family->Image(pixels, &DecodePng))] { return bitmap; };
         }
-        return [path, pixels, packed] {
+        return [path, pixels, size, packed] {
             const Ref<Bitmap> bitmap = packed->Unpack(&DecodePng);
             // Another picture of the file may be sound.
-            return CopyOf(bitmap ? bitmap : IconFamily(path).Image(pixels, &DecodePng));
+            return FittedInto(size, bitmap ? bitmap : IconFamily(path).Image(pixels, &DecodePng));
         };
     };
 }
 
 IconSource ThemeSource(const QString& name) {
-    return [name](const QSize& size) -> PackedImage {
-        return [name, size] { return ImageOf(QIcon::fromTheme(name), size); };
+    return [name](const QSize& size) -> CGImage {
+        return [name, size] { return FittedBitmapOf(ThemeImage(name, size), size); };
     };
+}
+
+QImage ThemeImage(const QString& name, const QSize& size) {
+    return ImageOf(QIcon::fromTheme(name), size);
 }
 
 }  // namespace dunvey

@@ -5,19 +5,22 @@
 #include <functional>
 #include <string>
 
+#include "platform/native_image.h"
+
 namespace dunvey {
 
-/// A picture in its own size, unpacked by the call, or a null image where there is none.
-using PackedImage = std::function<QImage()>;
-
-/// One place where an icon may come from: gives the picture that suits the size best.
-using IconSource = std::function<PackedImage(const QSize&)>;
+/// One place where an icon may come from: gives the picture that suits the size best, fitted into
+/// it. It has no pixels where there is none, or nothing can be seen of it.
+using IconSource = std::function<CGImage(const QSize&)>;
 
 /// The pictures of an icon file. It is opened now, and what it says when it is asked for a size
-/// counts; one that is missing or unusable has none.
+/// counts, but for a substitute of what turns out to be damaged: that comes from what then stands
+/// there. One that is missing or unusable has none.
 IconSource IconFileSource(const std::string& path);
 /// The icon theme's picture of that name.
 IconSource ThemeSource(const QString& name);
+/// The same now, in its own size; a null image if there is none.
+QImage ThemeImage(const QString& name, const QSize& size);
 /// The operating system's picture for a file, a folder or a name with an extension. Where the
 /// system goes by names the file isn't looked at.
 IconSource SystemSource(const QString& path);

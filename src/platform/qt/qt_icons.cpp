@@ -1,6 +1,5 @@
 #include "platform/qt/qt_icons.h"
 
-#include <QPainter>
 #include <utility>
 #include <vector>
 
@@ -14,30 +13,11 @@
 namespace dunvey {
 namespace {
 
-bool IsBlank(const Bitmap& bitmap) {
-    for (const uint32_t pixel : bitmap.Pixels)
-        if (pixel != 0) return false;
-    return true;
-}
-
-/// The image in that size, as large as it fits, in the middle.
-QImage Fitted(const QImage& image, const QSize& size) {
-    const QSize inside = image.size().scaled(size, Qt::KeepAspectRatio).expandedTo(QSize(1, 1));
-    const QImage scaled = image.scaled(inside, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
-    QImage fitted(size, QImage::Format_ARGB32_Premultiplied);
-    fitted.fill(Qt::transparent);
-    QPainter(&fitted).drawImage((size.width() - inside.width()) / 2,
-                                (size.height() - inside.height()) / 2, scaled);
-    return fitted;
-}
-
-/// The first of the pictures that shows anything, else the drawing, in that size.
-Bitmap FirstOf(const std::vector<PackedImage>& images, IconDrawing drawing, const QSize& size) {
-    for (const PackedImage& unpack : images) {
-        const QImage image = unpack();
-        Bitmap bitmap = BitmapOf(image);
-        if (IsBlank(bitmap)) continue;
-        return image.size() == size ? std::move(bitmap) : BitmapOf(Fitted(image, size));
+/// The first of the pictures that has pixels, else the drawing in that size.
+Bitmap FirstOf(const std::vector<CGImage>& images, IconDrawing drawing, const QSize& size) {
+    for (const CGImage& unpack : images) {
+        Bitmap bitmap = unpack();
+        if (!bitmap.Pixels.empty()) return bitmap;
     }
     return BitmapOf(DrawIcon(drawing, size));
 }
@@ -51,7 +31,7 @@ class SourcedImage final : public NSImage {
     CGImage CGImageForProposedRect(const PixelRectangle& rectangle) const override {
         const QSize size(static_cast<int>(rectangle.Width), static_cast<int>(rectangle.Height));
         if (size.isEmpty()) return [] { return Bitmap(); };
-        std::vector<PackedImage> images;
+        std::vector<CGImage> images;
         for (const IconSource& source : sources_)
             images.push_back(source(size));
         return [images = std::move(images), drawing = drawing_, size] {

@@ -1,4 +1,5 @@
 #include <gtest/gtest.h>
+#include <malloc.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -158,6 +159,18 @@ TEST_F(Icons, APictureIsUnpackedLateAndAsItWasWhenItWasAskedFor) {
         EXPECT_EQ(Pixels(path), Drawn(IconDrawing::Application));
     }
 }
+
+#ifndef DUNVEY_SANITIZED
+TEST_F(Icons, NoMoreIsKeptOfALargePictureThanIsShown) {
+    const Ref<NSImage> image = QtIconForFile(App(IconFile({IconPart("ic09", NoisePng(512))})));
+    std::vector<CGImage> kept;
+    const auto used = [] { return mallinfo2().uordblks + mallinfo2().hblkhd; };
+    const size_t before = used();
+    for (int i = 0; i < 10; ++i)
+        kept.push_back(image->CGImageForProposedRect({0, 0, 16, 16}));
+    EXPECT_LT(used(), before + 512 * 512 * 4 * 2) << "the picture itself, and it once more";
+}
+#endif
 
 TEST_F(Icons, ABundleWithoutAUsableIconIsAProgramAllTheSame) {
     const std::string path = App("no icon file");
