@@ -91,7 +91,7 @@ Ref<Bitmap> IconFamily::Image(int64_t pixels, const PackedIcon::PngDecoder& deco
 
 Ref<PackedIcon> IconFamily::Packed(int64_t pixels) const {
     for (const Choice& choice : ChoicesFor(pixels))
-        if (const Ref<PackedIcon> packed = Packed(choice)) return packed;
+        if (Ref<PackedIcon> packed = Packed(choice)) return packed;
     return nullptr;
 }
 
@@ -101,7 +101,7 @@ Ref<PackedIcon> IconFamily::Packed(const Choice& choice) const {
     if (isLarge && PackedIcon::IsUnusable(Read(part, PackedIcon::kLongestMark))) return nullptr;
     std::string bytes = Read(part, part.length);
     if (bytes.empty() || PackedIcon::IsUnusable(bytes)) return nullptr;
-    const Ref<PackedIcon> packed = New<PackedIcon>(*choice.kind, std::move(bytes));
+    Ref<PackedIcon> packed = New<PackedIcon>(*choice.kind, std::move(bytes));
     if (packed->LacksMask()) packed->SetMask(Mask(*choice.kind));
     return packed;
 }

@@ -10,7 +10,7 @@ class PlainPropertyList::Reader {
 
     /// Each step returns whether it found what it names and moves behind that.
     bool List(std::vector<Entry>& entries) {
-        return Heading() && Take("<plist version=\"1.0\">") && Take("<dict>") &&
+        return Heading() && Take(R"(<plist version="1.0">)") && Take("<dict>") &&
                Dictionary(0, &entries) && Take("</plist>") && IsAtEnd();
     }
 
@@ -19,7 +19,7 @@ class PlainPropertyList::Reader {
     static constexpr int kMostLevels = 32;
 
     bool Heading() {
-        Take("<?xml version=\"1.0\" encoding=\"UTF-8\"?>");
+        Take(R"(<?xml version="1.0" encoding="UTF-8"?>)");
         if (!Take("<!DOCTYPE plist ")) return true;
         const size_t end = rest_.find_first_of("<>[");
         if (end == rest_.npos || rest_[end] != '>') return false;

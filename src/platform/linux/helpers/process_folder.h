@@ -24,7 +24,8 @@ class ProcessFolder {
     ProcessFolder();
 
     /// Reads the next ids of processes in the order of the system, and behind the last or a failure
-    /// from the first again. Returns their number, 0 behind the last, -1 if the system doesn't tell.
+    /// from the first again. Returns their number, 0 behind the last, -1 if the system doesn't
+    /// tell.
     ssize_t NextIds(IdsBuffer& ids) const;
 
     /// Where a link of the process leads: "/exe" is its executable, "/cwd" its current folder.
