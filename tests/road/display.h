@@ -60,11 +60,18 @@ class Display {
             execlp("openbox", "openbox", nullptr);
             _exit(127);
         }
-        // It tells the number of desktops before it takes care of new windows; once it changes that
-        // number, it does.
-        const std::string wanted = "7";
-        for (int i = 0; i < 600 && Ask("get_num_desktops") != wanted; ++i) {
-            Do("set_num_desktops " + wanted);
+        AwaitManager("7");
+        // With the first key the keyboard counts as a new one, and the manager takes its own keys
+        // anew; one that comes in between is lost.
+        Do("key Shift_L");
+        AwaitManager("6");
+    }
+
+    /// The manager tells the number of desktops before it takes care of new windows; once it
+    /// changes that number, it does, and has done all that was asked of it before.
+    void AwaitManager(const std::string& desktops) const {
+        for (int i = 0; i < 600 && Ask("get_num_desktops") != desktops; ++i) {
+            Do("set_num_desktops " + desktops);
             usleep(20'000);
         }
     }

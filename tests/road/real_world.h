@@ -84,11 +84,11 @@ class RealWorld : public ::testing::Test {
     }
 
     /// Waits for a started program to end; -1 if it ended otherwise than by an exit code, or has to
-    /// be killed after ten minutes.
+    /// be killed after five minutes.
     static int ExitCodeOf(pid_t process) {
         int status = 0;
         pid_t ended = 0;
-        for (int i = 0; process > 0 && i < 300'000 && ended == 0; ++i) {
+        for (int i = 0; process > 0 && i < 150'000 && ended == 0; ++i) {
             ended = waitpid(process, &status, WNOHANG);
             if (ended == 0) usleep(2'000);
         }
