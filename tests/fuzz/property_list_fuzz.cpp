@@ -67,8 +67,10 @@ std::string Expected(std::string_view bytes) {
     const Ref<CFStringMBS> text = list ? list->Lookup(*NewCFStringMBS(kKey)) : nullptr;
     if (text) CheckOrigin(bytes, text->Text());
     if (!text || text->Text().empty()) return "0.0.0";
+    std::string version = text->Text();
     const std::string third = "CS 3 ";
-    return text->Text().starts_with(third) ? text->Text().substr(third.size()) : text->Text();
+    const size_t place = version.starts_with("CS 3") ? version.find(third) : version.npos;
+    return place == version.npos ? version : version.erase(place, third.size());
 }
 
 /// A binary list with the version and with another text, whose key stands first.
