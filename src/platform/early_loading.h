@@ -10,7 +10,7 @@ namespace dunvey::EarlyLoading {
 void Begin();
 /// The same without the libraries, where the toolkit is loaded at once: it would have to wait.
 void BeginWithoutLibraries();
-/// Returns when that has ended, if it has begun.
+/// Returns when that has ended; it must have begun.
 void Await();
 
 }  // namespace dunvey::EarlyLoading

@@ -53,6 +53,13 @@ class FaultsTest : public test::FaultWorld {
     void Put(const std::string& suffix, const std::string& version) {
         InstallList(suffix, version);
     }
+    /// A desktop that answers, and two versions of which the later one runs.
+    void GiveDesktopBesideRunningVersion() {
+        GiveDesktop();
+        Put("CS6", "8.0.1");
+        Put("CC", "9.2.0");
+        SetRunning("CC");
+    }
     void Open(const std::string& name, int major, int minor, const std::string& suffix) {
         words_.push_back(Document(name, major, minor));
         expected_[name] = suffix;
@@ -301,10 +308,7 @@ TEST_F(FaultsTest, ACommandTooLongForOneArgument) {
 }
 
 TEST_F(FaultsTest, DocumentsThatAreAskedAbout) {
-    GiveDesktop();
-    Put("CS6", "8.0.1");
-    Put("CC", "9.2.0");
-    SetRunning("CC");
+    GiveDesktopBesideRunningVersion();
     before_ = Stored("false", "false", "1", "9.2.0");
     Open("a.indd", 8, 0, "CS6");
     Open("b.indd", 9, 0, "CC");
@@ -314,10 +318,7 @@ TEST_F(FaultsTest, DocumentsThatAreAskedAbout) {
 }
 
 TEST_F(FaultsTest, ARunningVersionIsAskedToQuit) {
-    GiveDesktop();
-    Put("CS6", "8.0.1");
-    Put("CC", "9.2.0");
-    SetRunning("CC");
+    GiveDesktopBesideRunningVersion();
     before_ = Stored("true", "true", "1", "9.2.0");
     Open("a.indd", 8, 0, "CS6");
     SweepRun();

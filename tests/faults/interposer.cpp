@@ -151,8 +151,8 @@ __attribute__((destructor)) void DunveyWriteCounts() {
     fclose(file);
 }
 
-#define OPEN(name)                                                   \
-    int name(const char* path, int flags, ...) {                     \
+#define OPEN(name, parameters, ...)                                  \
+    int name parameters {                                            \
         va_list rest;                                                \
         va_start(rest, flags);                                       \
         const mode_t mode = va_arg(rest, mode_t);                    \
@@ -160,24 +160,12 @@ __attribute__((destructor)) void DunveyWriteCounts() {
         REAL(name);                                                  \
         const int action = ActionForPath(Kind::kOpen, path, CALLER); \
         if (action > 0) return Fail(action);                         \
-        return Opened(real(path, flags, mode), path);                \
+        return Opened(real(__VA_ARGS__, flags, mode), path);         \
     }
-OPEN(open)
-OPEN(open64)
-
-#define OPENAT(name)                                                 \
-    int name(int folder, const char* path, int flags, ...) {         \
-        va_list rest;                                                \
-        va_start(rest, flags);                                       \
-        const mode_t mode = va_arg(rest, mode_t);                    \
-        va_end(rest);                                                \
-        REAL(name);                                                  \
-        const int action = ActionForPath(Kind::kOpen, path, CALLER); \
-        if (action > 0) return Fail(action);                         \
-        return Opened(real(folder, path, flags, mode), path);        \
-    }
-OPENAT(openat)
-OPENAT(openat64)
+OPEN(open, (const char* path, int flags, ...), path)
+OPEN(open64, (const char* path, int flags, ...), path)
+OPEN(openat, (int folder, const char* path, int flags, ...), folder, path)
+OPEN(openat64, (int folder, const char* path, int flags, ...), folder, path)
 
 ssize_t read(int descriptor, void* buffer, size_t count) {
     REAL(read);

@@ -1,4 +1,4 @@
-# musl, a C library whose programs start in a tenth of the time: the usual one asks the processor for
+# musl, a C library whose programs start in an eighth of the time: the usual one asks the processor for
 # its features at each start, which takes half a millisecond in a virtual machine. A program of it is
 # linked by hand, since the compiler knows only its own; and the C++ library is built for that one.
 #
