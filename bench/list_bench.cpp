@@ -14,7 +14,7 @@
 #include "chooser/window1.h"
 #include "chooser_home.h"
 #include "measure.h"
-#include "platform/event_loop.h"
+#include "platform/loop/event_loop.h"
 #include "platform/qt/qt_desktop.h"
 #include "program.h"
 #include "report.h"

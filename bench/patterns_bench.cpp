@@ -8,8 +8,8 @@
 #include <vector>
 
 #include "measure.h"
-#include "platform/reg_ex_xojo.h"
-#include "platform/text.h"
+#include "platform/text/reg_ex_xojo.h"
+#include "platform/text/text.h"
 #include "report.h"
 #include "support/headers.h"
 

@@ -10,7 +10,7 @@
 
 #include "crowd.h"
 #include "measure.h"
-#include "platform/shell.h"
+#include "platform/processes/shell.h"
 #include "program.h"
 #include "report.h"
 #include "version/booting_apps.h"

@@ -11,10 +11,10 @@
 #include <random>
 
 #include "chooser/window1.h"
+#include "desktop/scripted_desktop.h"
 #include "measure.h"
-#include "platform/event_loop.h"
-#include "platform/headless/scripted_desktop.h"
-#include "platform/text.h"
+#include "platform/loop/event_loop.h"
+#include "platform/text/text.h"
 #include "report.h"
 #include "version/application_version.h"
 #include "version/file_class.h"

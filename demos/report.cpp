@@ -11,7 +11,7 @@
 #include <vector>
 
 #include "hand_over_log.h"
-#include "platform/launch_documents.h"
+#include "platform/loop/launch_documents.h"
 #include "text_table.h"
 #include "version/application_version.h"
 #include "version/file_class.h"

@@ -1,10 +1,10 @@
 #include "app/process_start.h"
-#include "platform/desktop.h"
-#include "platform/desktop_plugin.h"
-#include "platform/early_loading.h"
-#include "platform/event_loop.h"
-#include "platform/launch_documents.h"
-#include "platform/process_setup.h"
+#include "platform/loop/desktop.h"
+#include "platform/loop/desktop_plugin.h"
+#include "platform/loop/early_loading.h"
+#include "platform/loop/event_loop.h"
+#include "platform/loop/launch_documents.h"
+#include "platform/processes/process_setup.h"
 
 using namespace dunvey;
 

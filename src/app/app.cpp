@@ -3,7 +3,7 @@
 #include "chooser/about_window.h"
 #include "chooser/window1.h"
 #include "persistence/preferences.h"
-#include "platform/desktop.h"
+#include "platform/loop/desktop.h"
 
 namespace dunvey {
 

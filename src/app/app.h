@@ -6,9 +6,9 @@
 
 #include "app/drop_timer.h"
 #include "app/run_rescue.h"
-#include "platform/application.h"
-#include "platform/folder_item.h"
-#include "platform/reference.h"
+#include "platform/files/folder_item.h"
+#include "platform/loop/application.h"
+#include "platform/values/reference.h"
 #include "version/file_class.h"
 
 namespace dunvey {

@@ -2,8 +2,8 @@
 
 #include "app/app.h"
 #include "app/run_rescue.h"
-#include "platform/array.h"
-#include "platform/event_loop.h"
+#include "platform/loop/event_loop.h"
+#include "platform/values/array.h"
 #include "version/launch_command.h"
 
 namespace dunvey {

@@ -1,7 +1,7 @@
 #include "app/drop_timer.h"
 
 #include "app/app.h"
-#include "platform/event_loop.h"
+#include "platform/loop/event_loop.h"
 
 namespace dunvey {
 

@@ -3,9 +3,9 @@
 #include <cstdio>
 #include <string>
 
-#include "platform/desktop.h"
-#include "platform/exceptions.h"
-#include "platform/message_dialog.h"
+#include "platform/controls/message_dialog.h"
+#include "platform/loop/desktop.h"
+#include "platform/values/exceptions.h"
 
 namespace dunvey {
 namespace {

@@ -4,10 +4,10 @@
 
 #include "app/app.h"
 #include "app/run_rescue.h"
-#include "platform/array.h"
-#include "platform/desktop.h"
-#include "platform/event_loop.h"
-#include "platform/keyboard.h"
+#include "platform/loop/desktop.h"
+#include "platform/loop/event_loop.h"
+#include "platform/loop/keyboard.h"
+#include "platform/values/array.h"
 #include "version/booting_apps.h"
 #include "version/file_order.h"
 

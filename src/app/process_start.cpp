@@ -4,9 +4,9 @@
 #include "app/exception_report.h"
 #include "icons/file_types1.h"
 #include "menus/main_menu_bar.h"
-#include "platform/desktop.h"
-#include "platform/event_loop.h"
-#include "platform/launch_documents.h"
+#include "platform/loop/desktop.h"
+#include "platform/loop/event_loop.h"
+#include "platform/loop/launch_documents.h"
 
 namespace dunvey {
 namespace {

@@ -6,7 +6,7 @@
 
 #include "app/app.h"
 #include "app/exception_report.h"
-#include "platform/desktop.h"
+#include "platform/loop/desktop.h"
 
 namespace dunvey {
 namespace {

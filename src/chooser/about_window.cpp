@@ -3,8 +3,8 @@
 #include <algorithm>
 
 #include "icons/icon.h"
-#include "platform/application.h"
-#include "platform/text.h"
+#include "platform/loop/application.h"
+#include "platform/text/text.h"
 
 namespace dunvey {
 namespace {

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "platform/canvas.h"
-#include "platform/label.h"
-#include "platform/window.h"
+#include "platform/controls/canvas.h"
+#include "platform/controls/label.h"
+#include "platform/controls/window.h"
 
 namespace dunvey {
 

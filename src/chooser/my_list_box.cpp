@@ -1,6 +1,6 @@
 #include "chooser/my_list_box.h"
 
-#include "platform/desktop.h"
+#include "platform/loop/desktop.h"
 
 namespace dunvey {
 namespace {

@@ -3,7 +3,7 @@
 #include <functional>
 #include <string>
 
-#include "platform/listbox.h"
+#include "platform/controls/listbox.h"
 
 namespace dunvey {
 

@@ -4,7 +4,7 @@
 #include "app/open_decision.h"
 #include "menus/localized.h"
 #include "menus/main_menu_bar.h"
-#include "platform/array.h"
+#include "platform/values/array.h"
 #include "version/booting_apps.h"
 
 namespace dunvey {

@@ -4,13 +4,13 @@
 
 #include "chooser/my_list_box.h"
 #include "menus/cocoa_menu.h"
-#include "platform/canvas.h"
-#include "platform/check_box.h"
-#include "platform/folder_item.h"
-#include "platform/label.h"
-#include "platform/push_button.h"
-#include "platform/separator.h"
-#include "platform/window.h"
+#include "platform/controls/canvas.h"
+#include "platform/controls/check_box.h"
+#include "platform/controls/label.h"
+#include "platform/controls/push_button.h"
+#include "platform/controls/separator.h"
+#include "platform/controls/window.h"
+#include "platform/files/folder_item.h"
 #include "version/file_class.h"
 
 namespace dunvey {

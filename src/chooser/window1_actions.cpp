@@ -2,12 +2,12 @@
 #include "chooser/window1.h"
 #include "menus/general.h"
 #include "menus/localized.h"
-#include "platform/array.h"
-#include "platform/event_loop.h"
-#include "platform/keyboard.h"
-#include "platform/message_dialog.h"
-#include "platform/shell.h"
-#include "platform/text.h"
+#include "platform/controls/message_dialog.h"
+#include "platform/loop/event_loop.h"
+#include "platform/loop/keyboard.h"
+#include "platform/processes/shell.h"
+#include "platform/text/text.h"
+#include "platform/values/array.h"
 #include "version/booting_apps.h"
 
 namespace dunvey {

@@ -1,7 +1,7 @@
 #include "chooser/window1.h"
 #include "icons/icon.h"
 #include "menus/localized.h"
-#include "platform/text.h"
+#include "platform/text/text.h"
 
 namespace dunvey {
 namespace {

@@ -2,10 +2,10 @@
 #include "menus/localized.h"
 #include "menus/spoken.h"
 #include "persistence/preferences.h"
-#include "platform/array.h"
-#include "platform/event_loop.h"
-#include "platform/reg_ex_xojo.h"
-#include "platform/text.h"
+#include "platform/loop/event_loop.h"
+#include "platform/text/reg_ex_xojo.h"
+#include "platform/text/text.h"
+#include "platform/values/array.h"
 
 namespace dunvey {
 namespace {

@@ -2,8 +2,8 @@
 
 #include <vector>
 
-#include "platform/file_type.h"
-#include "platform/reference.h"
+#include "platform/bundles/file_type.h"
+#include "platform/values/reference.h"
 
 /// The document kinds that are declared to the system: one for each generation of documents and
 /// books. What a document is at run time is decided from its extension and its header, not here.

@@ -1,6 +1,6 @@
 #include "icons/icon.h"
 
-#include "platform/workspace.h"
+#include "platform/pictures/workspace.h"
 
 namespace dunvey::Icon {
 namespace {

@@ -3,9 +3,9 @@
 #include <cstdint>
 #include <string>
 
-#include "platform/folder_item.h"
-#include "platform/picture.h"
-#include "platform/reference.h"
+#include "platform/files/folder_item.h"
+#include "platform/pictures/picture.h"
+#include "platform/values/reference.h"
 
 /// The operating system's icons as pictures that a control can draw. Each picture has `size` by
 /// `size` points and two resolutions: `size` pixels and twice as many. Nothing is kept: each call

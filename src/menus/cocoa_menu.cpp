@@ -2,8 +2,8 @@
 
 #include <vector>
 
-#include "platform/application.h"
-#include "platform/menu_caption.h"
+#include "platform/loop/application.h"
+#include "platform/menus/menu_caption.h"
 
 namespace dunvey::CocoaMenu {
 namespace {

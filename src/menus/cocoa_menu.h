@@ -3,8 +3,8 @@
 #include <cstdint>
 #include <string>
 
-#include "platform/menu_item.h"
-#include "platform/native_menu.h"
+#include "platform/menus/menu_item.h"
+#include "platform/menus/native_menu.h"
 
 namespace dunvey::CocoaMenu {
 

@@ -1,8 +1,8 @@
 #include "menus/general.h"
 
 #include "menus/localized.h"
-#include "platform/application.h"
-#include "platform/message_dialog.h"
+#include "platform/controls/message_dialog.h"
+#include "platform/loop/application.h"
 
 namespace dunvey::General {
 namespace {

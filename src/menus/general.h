@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "platform/reference.h"
+#include "platform/values/reference.h"
 
 namespace dunvey {
 

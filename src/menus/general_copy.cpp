@@ -1,5 +1,5 @@
 #include "menus/general.h"
-#include "platform/folder_item.h"
+#include "platform/files/folder_item.h"
 
 namespace dunvey::General {
 namespace {

@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "platform/system.h"
+#include "platform/processes/system.h"
 
 namespace dunvey {
 

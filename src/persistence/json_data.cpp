@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "platform/array.h"
-#include "platform/dictionary.h"
+#include "platform/values/array.h"
+#include "platform/values/dictionary.h"
 
 namespace dunvey {
 namespace {

@@ -8,8 +8,8 @@
 #include <variant>
 #include <vector>
 
-#include "platform/ordered_table.h"
-#include "platform/variant.h"
+#include "platform/values/ordered_table.h"
+#include "platform/values/variant.h"
 
 namespace dunvey {
 

@@ -1,7 +1,7 @@
 #include "persistence/json_exception.h"
 
-#include "platform/text.h"
-#include "platform/white_space.h"
+#include "platform/text/text.h"
+#include "platform/text/white_space.h"
 
 namespace dunvey {
 

@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <string>
 
-#include "platform/exceptions.h"
+#include "platform/values/exceptions.h"
 
 namespace dunvey {
 

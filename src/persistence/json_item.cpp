@@ -3,11 +3,11 @@
 #include "persistence/json_exception.h"
 #include "persistence/json_parser.h"
 #include "persistence/json_writer.h"
-#include "platform/array.h"
-#include "platform/exceptions.h"
-#include "platform/hex_text.h"
-#include "platform/text.h"
-#include "platform/white_space.h"
+#include "platform/text/hex_text.h"
+#include "platform/text/text.h"
+#include "platform/text/white_space.h"
+#include "platform/values/array.h"
+#include "platform/values/exceptions.h"
 
 namespace dunvey {
 namespace {

@@ -8,11 +8,11 @@
 #include <vector>
 
 #include "persistence/json_data.h"
-#include "platform/dictionary.h"
-#include "platform/memory_block.h"
-#include "platform/object.h"
-#include "platform/reference.h"
-#include "platform/variant.h"
+#include "platform/values/dictionary.h"
+#include "platform/values/memory_block.h"
+#include "platform/values/object.h"
+#include "platform/values/reference.h"
+#include "platform/values/variant.h"
 
 namespace dunvey {
 

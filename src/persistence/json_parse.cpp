@@ -6,8 +6,8 @@
 
 #include "persistence/json_exception.h"
 #include "persistence/json_parser.h"
-#include "platform/number_text.h"
-#include "platform/text.h"
+#include "platform/text/number_text.h"
+#include "platform/text/text.h"
 
 namespace dunvey {
 namespace {

@@ -2,8 +2,8 @@
 
 #include "persistence/json_exception.h"
 #include "persistence/json_parser.h"
-#include "platform/decimal_digits.h"
-#include "platform/text.h"
+#include "platform/text/decimal_digits.h"
+#include "platform/text/text.h"
 
 namespace dunvey {
 namespace {

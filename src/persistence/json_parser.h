@@ -9,8 +9,8 @@
 
 #include "persistence/json_item.h"
 #include "persistence/json_slab.h"
-#include "platform/reference.h"
-#include "platform/variant.h"
+#include "platform/values/reference.h"
+#include "platform/values/variant.h"
 
 namespace dunvey {
 

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cstring>
 
-#include "platform/text.h"
+#include "platform/text/text.h"
 
 namespace dunvey {
 namespace {

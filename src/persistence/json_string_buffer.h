@@ -4,9 +4,9 @@
 #include <string>
 #include <string_view>
 
-#include "platform/encoding.h"
-#include "platform/memory_block.h"
-#include "platform/reference.h"
+#include "platform/text/encoding.h"
+#include "platform/values/memory_block.h"
+#include "platform/values/reference.h"
 
 namespace dunvey {
 

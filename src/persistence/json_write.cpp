@@ -3,8 +3,8 @@
 #include "persistence/json_escape.h"
 #include "persistence/json_exception.h"
 #include "persistence/json_writer.h"
-#include "platform/collection.h"
-#include "platform/text.h"
+#include "platform/text/text.h"
+#include "platform/values/collection.h"
 
 namespace dunvey {
 namespace {

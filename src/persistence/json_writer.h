@@ -6,7 +6,7 @@
 
 #include "persistence/json_item.h"
 #include "persistence/json_string_buffer.h"
-#include "platform/number_format.h"
+#include "platform/text/number_format.h"
 
 namespace dunvey {
 

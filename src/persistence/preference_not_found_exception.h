@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "platform/exceptions.h"
+#include "platform/values/exceptions.h"
 
 namespace dunvey::Preferences {
 

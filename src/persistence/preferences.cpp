@@ -1,8 +1,8 @@
 #include "persistence/preferences.h"
 
-#include "platform/application.h"
-#include "platform/exceptions.h"
-#include "platform/keyboard.h"
+#include "platform/loop/application.h"
+#include "platform/loop/keyboard.h"
+#include "platform/values/exceptions.h"
 
 namespace dunvey::Preferences {
 namespace {

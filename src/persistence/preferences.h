@@ -4,7 +4,7 @@
 #include <string>
 
 #include "persistence/prefs_class.h"
-#include "platform/reference.h"
+#include "platform/values/reference.h"
 
 /// The values that survive from run to run. The program reads and writes them here; the file is
 /// read once at the start and written once at the end. Main thread only.

@@ -6,10 +6,10 @@
 
 #include "persistence/json_exception.h"
 #include "persistence/preference_not_found_exception.h"
-#include "platform/exceptions.h"
-#include "platform/special_folder.h"
-#include "platform/streams.h"
-#include "platform/text.h"
+#include "platform/files/special_folder.h"
+#include "platform/files/streams.h"
+#include "platform/text/text.h"
+#include "platform/values/exceptions.h"
 
 namespace dunvey {
 namespace {

@@ -3,9 +3,9 @@
 #include <string>
 
 #include "persistence/json_item.h"
-#include "platform/folder_item.h"
-#include "platform/reference.h"
-#include "platform/variant.h"
+#include "platform/files/folder_item.h"
+#include "platform/values/reference.h"
+#include "platform/values/variant.h"
 
 namespace dunvey {
 

@@ -9,7 +9,7 @@
 #include <cstring>
 #include <string_view>
 
-#include "platform/file_descriptor.h"
+#include "platform/files/file_descriptor.h"
 #include "register/application_text.h"
 #include "register/message.h"
 #include "register/request.h"

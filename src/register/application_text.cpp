@@ -1,8 +1,8 @@
 #include "register/application_text.h"
 
-#include "platform/encoding.h"
-#include "platform/folder_item.h"
-#include "platform/shown_text.h"
+#include "platform/files/folder_item.h"
+#include "platform/text/encoding.h"
+#include "platform/text/shown_text.h"
 
 namespace dunvey {
 namespace {

@@ -5,8 +5,8 @@
 
 #include <cstdlib>
 
-#include "platform/folder_item.h"
-#include "platform/text.h"
+#include "platform/files/folder_item.h"
+#include "platform/text/text.h"
 #include "register/message.h"
 #include "register/request.h"
 

@@ -5,8 +5,8 @@
 #include <cstdint>
 #include <string_view>
 
-#include "platform/exceptions.h"
-#include "platform/streams.h"
+#include "platform/files/streams.h"
+#include "platform/values/exceptions.h"
 #include "register/message.h"
 #include "register/request.h"
 

@@ -2,8 +2,8 @@
 
 #include <unistd.h>
 
-#include "platform/file_descriptor.h"
-#include "platform/shown_text.h"
+#include "platform/files/file_descriptor.h"
+#include "platform/text/shown_text.h"
 
 namespace dunvey {
 

@@ -6,8 +6,8 @@
 #include <string>
 #include <vector>
 
-#include "platform/file_descriptor.h"
-#include "platform/shown_text.h"
+#include "platform/files/file_descriptor.h"
+#include "platform/text/shown_text.h"
 #include "register/message.h"
 #include "register/registration.h"
 #include "register/request.h"

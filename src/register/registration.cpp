@@ -9,10 +9,10 @@
 #include <cstring>
 #include <optional>
 
-#include "platform/exceptions.h"
-#include "platform/property_list.h"
-#include "platform/special_folder.h"
-#include "platform/streams.h"
+#include "platform/bundles/property_list.h"
+#include "platform/files/special_folder.h"
+#include "platform/files/streams.h"
+#include "platform/values/exceptions.h"
 #include "register/application_files.h"
 #include "register/application_text.h"
 #include "register/command_path.h"

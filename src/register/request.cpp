@@ -4,8 +4,8 @@
 #include <map>
 #include <string_view>
 
-#include "platform/encoding.h"
-#include "platform/shown_text.h"
+#include "platform/text/encoding.h"
+#include "platform/text/shown_text.h"
 #include "register/message.h"
 
 namespace dunvey {

@@ -1,6 +1,6 @@
 #include "version/application_match.h"
 
-#include "platform/text.h"
+#include "platform/text/text.h"
 #include "version/application_version.h"
 #include "version/installed_apps.h"
 #include "version/version_name.h"

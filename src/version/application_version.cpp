@@ -1,7 +1,7 @@
 #include "version/application_version.h"
 
-#include "platform/bundle_properties.h"
-#include "platform/text.h"
+#include "platform/bundles/bundle_properties.h"
+#include "platform/text/text.h"
 
 namespace dunvey::InDesign {
 namespace {

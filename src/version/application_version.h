@@ -2,8 +2,8 @@
 
 #include <string>
 
-#include "platform/folder_item.h"
-#include "platform/reference.h"
+#include "platform/files/folder_item.h"
+#include "platform/values/reference.h"
 
 namespace dunvey::InDesign {
 

@@ -1,10 +1,10 @@
 #include "version/booting_apps.h"
 
-#include "platform/array.h"
-#include "platform/reg_ex_xojo.h"
-#include "platform/shell.h"
-#include "platform/special_folder.h"
-#include "platform/text.h"
+#include "platform/files/special_folder.h"
+#include "platform/processes/shell.h"
+#include "platform/text/reg_ex_xojo.h"
+#include "platform/text/text.h"
+#include "platform/values/array.h"
 
 namespace dunvey::InDesign {
 namespace {

@@ -4,7 +4,7 @@
 #include <array>
 #include <string_view>
 
-#include "platform/text.h"
+#include "platform/text/text.h"
 #include "version/application_match.h"
 #include "version/header_version.h"
 

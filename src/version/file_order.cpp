@@ -1,6 +1,6 @@
 #include "version/file_order.h"
 
-#include "platform/text.h"
+#include "platform/text/text.h"
 #include "version/stable_sort_by.h"
 
 namespace dunvey::InDesign {

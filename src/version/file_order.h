@@ -2,7 +2,7 @@
 
 #include <vector>
 
-#include "platform/reference.h"
+#include "platform/values/reference.h"
 #include "version/file_class.h"
 
 namespace dunvey::InDesign {

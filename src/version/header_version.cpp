@@ -3,10 +3,10 @@
 #include <array>
 #include <string_view>
 
-#include "platform/exceptions.h"
-#include "platform/reg_ex_xojo.h"
-#include "platform/streams.h"
-#include "platform/text.h"
+#include "platform/files/streams.h"
+#include "platform/text/reg_ex_xojo.h"
+#include "platform/text/text.h"
+#include "platform/values/exceptions.h"
 
 namespace dunvey::InDesign {
 namespace {

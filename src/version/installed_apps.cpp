@@ -1,7 +1,7 @@
 #include "version/installed_apps.h"
 
-#include "platform/special_folder.h"
-#include "platform/text.h"
+#include "platform/files/special_folder.h"
+#include "platform/text/text.h"
 #include "version/application_version.h"
 #include "version/stable_sort_by.h"
 

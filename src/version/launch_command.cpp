@@ -2,7 +2,7 @@
 
 #include <cstdio>
 
-#include "platform/shell.h"
+#include "platform/processes/shell.h"
 
 namespace dunvey::InDesign {
 

@@ -1,6 +1,6 @@
 #include "version/version_name.h"
 
-#include "platform/text.h"
+#include "platform/text/text.h"
 
 namespace dunvey::InDesign {
 

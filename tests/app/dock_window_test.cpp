@@ -1,4 +1,4 @@
-#include "platform/dock_window.h"
+#include "platform/controls/dock_window.h"
 
 #include <sys/stat.h>
 

@@ -2,8 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/exceptions.h"
-#include "platform/streams.h"
+#include "platform/files/streams.h"
+#include "platform/values/exceptions.h"
 #include "support/world.h"
 
 namespace dunvey {
@@ -31,7 +31,7 @@ TEST_F(ExceptionReport, NamesTheExceptionItsMessageAndItsOrigin) {
         Report([this] { BinaryStream::Open(New<FolderItem>(folder_ / "none.indd")); });
     EXPECT_NE(report.find("unhandled IOException"), std::string::npos) << report;
     EXPECT_NE(report.find("none.indd\" can't be opened"), std::string::npos) << report;
-    EXPECT_NE(report.find("(src/platform/streams.cpp:"), std::string::npos) << report;
+    EXPECT_NE(report.find("(src/platform/files/streams.cpp:"), std::string::npos) << report;
 }
 
 TEST_F(ExceptionReport, StandardErrorHasItWithoutAScreenToo) {

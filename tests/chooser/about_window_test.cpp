@@ -2,7 +2,7 @@
 
 #include "chooser/chooser.h"
 #include "menus/main_menu_bar.h"
-#include "platform/native_image.h"
+#include "platform/pictures/native_image.h"
 #include "support/user.h"
 
 namespace dunvey {

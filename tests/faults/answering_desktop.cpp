@@ -11,16 +11,16 @@
 #include <variant>
 #include <vector>
 
-#include "platform/check_box.h"
-#include "platform/clock.h"
-#include "platform/desktop.h"
-#include "platform/event_loop.h"
-#include "platform/label.h"
-#include "platform/listbox.h"
-#include "platform/message_dialog.h"
-#include "platform/native_image.h"
-#include "platform/push_button.h"
-#include "platform/window.h"
+#include "platform/controls/check_box.h"
+#include "platform/controls/label.h"
+#include "platform/controls/listbox.h"
+#include "platform/controls/message_dialog.h"
+#include "platform/controls/push_button.h"
+#include "platform/controls/window.h"
+#include "platform/loop/clock.h"
+#include "platform/loop/desktop.h"
+#include "platform/loop/event_loop.h"
+#include "platform/pictures/native_image.h"
 
 namespace dunvey {
 namespace {

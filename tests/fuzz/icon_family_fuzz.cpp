@@ -5,7 +5,7 @@
 
 #include "fuzz/fuzz.h"
 #include "fuzz/memory_file.h"
-#include "platform/icon_family.h"
+#include "platform/pictures/icon_family.h"
 #include "support/icon_file.h"
 
 namespace dunvey::fuzz {

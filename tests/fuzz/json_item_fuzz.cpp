@@ -8,7 +8,7 @@
 #include "fuzz/json_item_model.h"
 #include "persistence/json_exception.h"
 #include "persistence/json_item.h"
-#include "platform/text.h"
+#include "platform/text/text.h"
 
 namespace dunvey::fuzz {
 namespace {

@@ -4,9 +4,9 @@
 #include <cctype>
 
 #include "fuzz/fuzz.h"
-#include "platform/application.h"
-#include "platform/exceptions.h"
-#include "platform/launch_documents.h"
+#include "platform/loop/application.h"
+#include "platform/loop/launch_documents.h"
+#include "platform/values/exceptions.h"
 
 namespace dunvey::fuzz {
 namespace {

@@ -7,7 +7,7 @@
 #include <string>
 #include <string_view>
 
-#include "platform/file_descriptor.h"
+#include "platform/files/file_descriptor.h"
 
 namespace dunvey::fuzz {
 

@@ -5,7 +5,7 @@
 #include "fuzz/fuzz.h"
 #include "persistence/json_exception.h"
 #include "persistence/preferences.h"
-#include "platform/application.h"
+#include "platform/loop/application.h"
 #include "support/temporary_folder.h"
 
 namespace dunvey::fuzz {

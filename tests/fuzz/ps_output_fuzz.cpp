@@ -2,8 +2,8 @@
 #include <optional>
 
 #include "fuzz/fuzz.h"
-#include "platform/shell.h"
-#include "platform/special_folder.h"
+#include "platform/files/special_folder.h"
+#include "platform/processes/shell.h"
 #include "version/booting_apps.h"
 
 namespace dunvey {

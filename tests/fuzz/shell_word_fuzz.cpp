@@ -5,8 +5,8 @@
 #include <cerrno>
 
 #include "fuzz/fuzz.h"
-#include "platform/file_descriptor.h"
-#include "platform/folder_item.h"
+#include "platform/files/file_descriptor.h"
+#include "platform/files/folder_item.h"
 
 namespace dunvey::fuzz {
 namespace {

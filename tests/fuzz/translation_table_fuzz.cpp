@@ -2,7 +2,7 @@
 #include <map>
 
 #include "fuzz/fuzz.h"
-#include "platform/translation_table.h"
+#include "platform/text/translation_table.h"
 
 namespace dunvey::fuzz {
 namespace {

@@ -2,8 +2,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include "platform/apple_script.h"
-#include "platform/folder_listing.h"
+#include "platform/files/folder_listing.h"
+#include "platform/processes/apple_script.h"
 #include "support/hostile_names.h"
 #include "support/own_resources.h"
 #include "support/stand_in_pkexec.h"

@@ -2,8 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/headless/scripted_desktop.h"
-#include "platform/native_image.h"
+#include "desktop/scripted_desktop.h"
+#include "platform/pictures/native_image.h"
 #include "support/temporary_folder.h"
 
 namespace dunvey {

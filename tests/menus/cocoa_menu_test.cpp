@@ -1,7 +1,7 @@
 #include "menus/cocoa_menu.h"
 
 #include "menus/main_menu_bar.h"
-#include "platform/responder_chain.h"
+#include "platform/controls/responder_chain.h"
 #include "support/menu_world.h"
 
 namespace dunvey {

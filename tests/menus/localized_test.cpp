@@ -6,9 +6,9 @@
 
 #include "menus/general.h"
 #include "menus/spoken.h"
-#include "platform/dock_texts.h"
-#include "platform/reg_ex_xojo.h"
-#include "platform/translation_table.h"
+#include "platform/controls/dock_texts.h"
+#include "platform/text/reg_ex_xojo.h"
+#include "platform/text/translation_table.h"
 #include "support/world.h"
 
 namespace dunvey {

@@ -4,7 +4,7 @@
 #include <typeindex>
 
 #include "menus/cocoa_menu.h"
-#include "platform/menu_caption.h"
+#include "platform/menus/menu_caption.h"
 #include "support/menu_world.h"
 
 namespace dunvey {

@@ -1,4 +1,4 @@
-#include "platform/menu_layout.h"
+#include "platform/menus/menu_layout.h"
 
 #include "menus/main_menu_bar.h"
 #include "support/menu_world.h"

@@ -1,6 +1,6 @@
 #include "menus/main_menu_bar.h"
-#include "platform/message_dialog.h"
-#include "platform/window.h"
+#include "platform/controls/message_dialog.h"
+#include "platform/controls/window.h"
 #include "support/menu_world.h"
 
 namespace dunvey {

@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "persistence/raised.h"
-#include "platform/exceptions.h"
+#include "platform/values/exceptions.h"
 
 namespace dunvey {
 namespace {

@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "persistence/json_item.h"
-#include "platform/number_format.h"
+#include "platform/text/number_format.h"
 
 namespace dunvey {
 namespace {

@@ -7,7 +7,7 @@
 #include <string>
 
 #include "persistence/json_item.h"
-#include "platform/text.h"
+#include "platform/text/text.h"
 
 namespace dunvey {
 namespace {

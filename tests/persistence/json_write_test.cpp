@@ -7,8 +7,8 @@
 
 #include "persistence/json_item.h"
 #include "persistence/raised.h"
-#include "platform/collection.h"
-#include "platform/text.h"
+#include "platform/text/text.h"
+#include "platform/values/collection.h"
 
 namespace dunvey {
 namespace {

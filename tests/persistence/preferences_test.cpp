@@ -10,10 +10,10 @@
 #include <utility>
 #include <vector>
 
+#include "desktop/machine.h"
 #include "persistence/preference_not_found_exception.h"
-#include "platform/application.h"
-#include "platform/headless/machine.h"
-#include "platform/text.h"
+#include "platform/loop/application.h"
+#include "platform/text/text.h"
 #include "support/temporary_folder.h"
 
 namespace dunvey {

@@ -7,15 +7,15 @@
 #include <string>
 #include <vector>
 
-#include "platform/application.h"
-#include "platform/check_box.h"
-#include "platform/event_loop.h"
-#include "platform/exceptions.h"
-#include "platform/label.h"
-#include "platform/listbox.h"
-#include "platform/message_dialog.h"
-#include "platform/push_button.h"
-#include "platform/window.h"
+#include "platform/controls/check_box.h"
+#include "platform/controls/label.h"
+#include "platform/controls/listbox.h"
+#include "platform/controls/message_dialog.h"
+#include "platform/controls/push_button.h"
+#include "platform/controls/window.h"
+#include "platform/loop/application.h"
+#include "platform/loop/event_loop.h"
+#include "platform/values/exceptions.h"
 
 /// One script of what a user does and what a program sees of it. Each desktop runs it with hands of
 /// its own; a test program includes this file once and names its hands.

@@ -3,8 +3,8 @@
 #include <set>
 #include <string>
 
-#include "platform/application.h"
-#include "platform/native_menu.h"
+#include "platform/loop/application.h"
+#include "platform/menus/native_menu.h"
 #include "support/user.h"
 #include "support/world.h"
 

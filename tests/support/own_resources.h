@@ -10,8 +10,8 @@
 #include <stdexcept>
 #include <string>
 
-#include "platform/application.h"
-#include "platform/file_descriptor.h"
+#include "platform/files/file_descriptor.h"
+#include "platform/loop/application.h"
 
 namespace dunvey::test {
 

@@ -5,7 +5,7 @@
 #include <cstdlib>
 #include <string>
 
-#include "platform/plain_property_list.h"
+#include "platform/bundles/plain_property_list.h"
 
 namespace dunvey::test {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/desktop.h"
+#include "platform/loop/desktop.h"
 
 namespace dunvey::test {
 

@@ -7,10 +7,10 @@
 #include <string>
 #include <vector>
 
-#include "platform/event_loop.h"
-#include "platform/folder_item.h"
-#include "platform/headless/machine.h"
-#include "platform/headless/scripted_desktop.h"
+#include "desktop/machine.h"
+#include "desktop/scripted_desktop.h"
+#include "platform/files/folder_item.h"
+#include "platform/loop/event_loop.h"
 #include "support/headers.h"
 #include "support/temporary_folder.h"
 

@@ -1,4 +1,4 @@
-#include "platform/anonymous_file.h"
+#include "platform/files/anonymous_file.h"
 
 #include <sys/mman.h>
 #include <unistd.h>

@@ -1,4 +1,4 @@
-#include "platform/clock.h"
+#include "platform/loop/clock.h"
 
 #include <cerrno>
 #include <ctime>

@@ -1,9 +1,9 @@
-#include "platform/decimal_digits.h"
+#include "platform/text/decimal_digits.h"
 
 #include <charconv>
 #include <system_error>
 
-#include "platform/number_text.h"
+#include "platform/text/number_text.h"
 
 namespace dunvey {
 

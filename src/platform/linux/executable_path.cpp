@@ -1,4 +1,4 @@
-#include "platform/executable_path.h"
+#include "platform/bundles/executable_path.h"
 
 #include <unistd.h>
 
@@ -6,7 +6,7 @@
 #include <climits>
 #include <cstring>
 
-#include "platform/exceptions.h"
+#include "platform/values/exceptions.h"
 
 namespace dunvey {
 namespace {

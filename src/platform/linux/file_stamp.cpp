@@ -1,8 +1,8 @@
-#include "platform/file_stamp.h"
+#include "platform/files/file_stamp.h"
 
 #include <sys/stat.h>
 
-#include "platform/file_descriptor.h"
+#include "platform/files/file_descriptor.h"
 
 namespace dunvey {
 namespace {

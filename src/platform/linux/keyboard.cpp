@@ -1,4 +1,4 @@
-#include "platform/keyboard.h"
+#include "platform/loop/keyboard.h"
 
 #include <dlfcn.h>
 #include <xcb/xcb.h>

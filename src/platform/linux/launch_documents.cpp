@@ -1,4 +1,4 @@
-#include "platform/launch_documents.h"
+#include "platform/loop/launch_documents.h"
 
 namespace dunvey {
 

@@ -1,4 +1,4 @@
-#include "platform/script_runner.h"
+#include "platform/processes/script_runner.h"
 
 namespace dunvey {
 

@@ -1,4 +1,4 @@
-#include "platform/shell_environment.h"
+#include "platform/processes/shell_environment.h"
 
 #include <fcntl.h>
 #include <unistd.h>
@@ -7,8 +7,8 @@
 #include <string_view>
 #include <utility>
 
-#include "platform/application.h"
-#include "platform/exceptions.h"
+#include "platform/loop/application.h"
+#include "platform/values/exceptions.h"
 
 namespace dunvey {
 namespace {

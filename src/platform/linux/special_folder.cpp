@@ -1,4 +1,4 @@
-#include "platform/special_folder.h"
+#include "platform/files/special_folder.h"
 
 #include <pwd.h>
 #include <sys/stat.h>
@@ -8,7 +8,7 @@
 #include <memory>
 #include <string>
 
-#include "platform/file_descriptor.h"
+#include "platform/files/file_descriptor.h"
 
 namespace dunvey::SpecialFolder {
 namespace {

@@ -1,4 +1,4 @@
-#include "platform/system_information.h"
+#include "platform/processes/system_information.h"
 
 namespace dunvey::SystemInformationMBS {
 

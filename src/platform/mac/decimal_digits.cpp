@@ -1,4 +1,4 @@
-#include "platform/decimal_digits.h"
+#include "platform/text/decimal_digits.h"
 
 #include <algorithm>
 #include <cfloat>
@@ -6,7 +6,7 @@
 #include <cstdio>
 #include <cstring>
 
-#include "platform/number_text.h"
+#include "platform/text/number_text.h"
 
 // The C++ runtime up to 10.14 has no number conversions for floating point of its own.
 namespace dunvey {

@@ -1,4 +1,4 @@
-#include "platform/early_loading.h"
+#include "platform/loop/early_loading.h"
 
 namespace dunvey::EarlyLoading {
 

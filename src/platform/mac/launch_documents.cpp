@@ -1,6 +1,6 @@
-#include "platform/launch_documents.h"
+#include "platform/loop/launch_documents.h"
 
-#include "platform/desktop.h"
+#include "platform/loop/desktop.h"
 
 namespace dunvey {
 

@@ -2,7 +2,7 @@
 
 #include <memory>
 
-#include "platform/user_action.h"
+#include "platform/loop/user_action.h"
 
 namespace dunvey {
 

@@ -2,7 +2,7 @@
 
 #include <QImage>
 
-#include "platform/picture.h"
+#include "platform/pictures/picture.h"
 
 namespace dunvey {
 

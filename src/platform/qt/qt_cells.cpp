@@ -4,7 +4,7 @@
 #include <QHelpEvent>
 #include <QToolTip>
 
-#include "platform/event_loop.h"
+#include "platform/loop/event_loop.h"
 #include "platform/qt/qt_graphics.h"
 #include "platform/qt/qt_text.h"
 

@@ -2,7 +2,7 @@
 
 #include <QStyledItemDelegate>
 
-#include "platform/listbox.h"
+#include "platform/controls/listbox.h"
 
 namespace dunvey {
 

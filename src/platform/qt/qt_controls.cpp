@@ -8,16 +8,16 @@
 #include <QPushButton>
 #include <QStyleOptionButton>
 
-#include "platform/canvas.h"
-#include "platform/check_box.h"
-#include "platform/event_loop.h"
-#include "platform/label.h"
-#include "platform/push_button.h"
+#include "platform/controls/canvas.h"
+#include "platform/controls/check_box.h"
+#include "platform/controls/label.h"
+#include "platform/controls/push_button.h"
+#include "platform/controls/separator.h"
+#include "platform/loop/event_loop.h"
 #include "platform/qt/qt_graphics.h"
 #include "platform/qt/qt_list.h"
 #include "platform/qt/qt_style.h"
 #include "platform/qt/qt_text.h"
-#include "platform/separator.h"
 
 namespace dunvey {
 namespace {

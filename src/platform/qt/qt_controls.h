@@ -3,8 +3,8 @@
 #include <QWidget>
 #include <functional>
 
-#include "platform/rect_control.h"
-#include "platform/user_action.h"
+#include "platform/controls/rect_control.h"
+#include "platform/loop/user_action.h"
 
 namespace dunvey {
 

@@ -6,8 +6,8 @@
 #include <chrono>
 #include <functional>
 
-#include "platform/application.h"
-#include "platform/event_loop.h"
+#include "platform/loop/application.h"
+#include "platform/loop/event_loop.h"
 #include "platform/qt/dock.h"
 #include "platform/qt/qt_icons.h"
 #include "platform/qt/qt_message_dialog.h"

@@ -6,7 +6,7 @@
 #include <chrono>
 #include <vector>
 
-#include "platform/desktop.h"
+#include "platform/loop/desktop.h"
 #include "platform/qt/qt_fresh_window.h"
 
 namespace dunvey {

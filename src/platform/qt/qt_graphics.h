@@ -2,8 +2,8 @@
 
 #include <QPainter>
 
-#include "platform/graphics.h"
-#include "platform/picture.h"
+#include "platform/pictures/graphics.h"
+#include "platform/pictures/picture.h"
 
 namespace dunvey {
 

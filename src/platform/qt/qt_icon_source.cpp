@@ -7,7 +7,7 @@
 #include <algorithm>
 #include <memory>
 
-#include "platform/icon_family.h"
+#include "platform/pictures/icon_family.h"
 #include "platform/qt/qt_bitmap.h"
 
 namespace dunvey {

@@ -5,7 +5,7 @@
 #include <functional>
 #include <string>
 
-#include "platform/native_image.h"
+#include "platform/pictures/native_image.h"
 
 namespace dunvey {
 

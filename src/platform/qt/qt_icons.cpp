@@ -3,12 +3,12 @@
 #include <utility>
 #include <vector>
 
-#include "platform/application.h"
-#include "platform/bundle_icon.h"
+#include "platform/bundles/bundle_icon.h"
+#include "platform/loop/application.h"
 #include "platform/qt/qt_bitmap.h"
 #include "platform/qt/qt_icon_drawing.h"
 #include "platform/qt/qt_icon_source.h"
-#include "platform/text.h"
+#include "platform/text/text.h"
 
 namespace dunvey {
 namespace {

@@ -2,8 +2,8 @@
 
 #include <string>
 
-#include "platform/native_image.h"
-#include "platform/reference.h"
+#include "platform/pictures/native_image.h"
+#include "platform/values/reference.h"
 
 namespace dunvey {
 

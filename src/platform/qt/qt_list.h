@@ -4,7 +4,7 @@
 #include <QElapsedTimer>
 #include <QTableView>
 
-#include "platform/listbox.h"
+#include "platform/controls/listbox.h"
 #include "platform/qt/qt_controls.h"
 
 namespace dunvey {

@@ -1,6 +1,6 @@
 #include "platform/qt/qt_menu_bar.h"
 
-#include "platform/menu_caption.h"
+#include "platform/menus/menu_caption.h"
 #include "platform/qt/dock.h"
 
 namespace dunvey {

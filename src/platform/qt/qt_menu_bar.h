@@ -3,7 +3,7 @@
 #include <QMenuBar>
 #include <vector>
 
-#include "platform/menu_layout.h"
+#include "platform/menus/menu_layout.h"
 #include "platform/qt/qt_controls.h"
 
 namespace dunvey {

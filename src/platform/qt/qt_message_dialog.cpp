@@ -3,7 +3,7 @@
 #include <QLabel>
 #include <QPushButton>
 
-#include "platform/event_loop.h"
+#include "platform/loop/event_loop.h"
 
 namespace dunvey {
 namespace {

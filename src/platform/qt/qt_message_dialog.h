@@ -2,9 +2,9 @@
 
 #include <QMessageBox>
 
-#include "platform/desktop.h"
-#include "platform/message_dialog.h"
-#include "platform/user_action.h"
+#include "platform/controls/message_dialog.h"
+#include "platform/loop/desktop.h"
+#include "platform/loop/user_action.h"
 
 namespace dunvey {
 

@@ -4,7 +4,7 @@
 #include <QFontInfo>
 #include <QFontMetrics>
 
-#include "platform/shown_text.h"
+#include "platform/text/shown_text.h"
 
 namespace dunvey {
 namespace {

@@ -6,7 +6,7 @@
 #include <QString>
 #include <string>
 
-#include "platform/variant_types.h"
+#include "platform/values/variant_types.h"
 
 namespace dunvey {
 

@@ -3,10 +3,10 @@
 #include <QDialog>
 #include <vector>
 
-#include "platform/desktop.h"
+#include "platform/controls/window.h"
+#include "platform/loop/desktop.h"
 #include "platform/qt/qt_controls.h"
 #include "platform/qt/qt_menu_bar.h"
-#include "platform/window.h"
 
 namespace dunvey {
 

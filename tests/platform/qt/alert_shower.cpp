@@ -5,8 +5,8 @@
 
 #include "menus/general.h"
 #include "menus/localized.h"
-#include "platform/application.h"
-#include "platform/message_dialog.h"
+#include "platform/controls/message_dialog.h"
+#include "platform/loop/application.h"
 #include "platform/qt/qt_desktop.h"
 
 using namespace dunvey;

@@ -9,7 +9,7 @@
 #include <QTest>
 
 #include "menus/main_menu_bar.h"
-#include "platform/application.h"
+#include "platform/loop/application.h"
 #include "platform/qt/qt_window.h"
 #include "steps.h"
 #include "support/temporary_folder.h"

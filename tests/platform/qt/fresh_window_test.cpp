@@ -5,8 +5,8 @@
 #include <QPushButton>
 #include <QTest>
 
-#include "platform/event_loop.h"
-#include "platform/message_dialog.h"
+#include "platform/controls/message_dialog.h"
+#include "platform/loop/event_loop.h"
 #include "steps.h"
 
 namespace dunvey {

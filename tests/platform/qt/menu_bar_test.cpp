@@ -6,8 +6,8 @@
 
 #include "filled_chooser.h"
 #include "menus/main_menu_bar.h"
-#include "platform/application.h"
-#include "platform/message_dialog.h"
+#include "platform/controls/message_dialog.h"
+#include "platform/loop/application.h"
 #include "platform/qt/qt_menu_bar.h"
 #include "platform/qt/qt_window.h"
 #include "steps.h"

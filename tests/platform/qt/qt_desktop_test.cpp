@@ -9,9 +9,9 @@
 #include <QTimer>
 #include <functional>
 
-#include "platform/application.h"
-#include "platform/message_dialog.h"
-#include "platform/timer.h"
+#include "platform/controls/message_dialog.h"
+#include "platform/loop/application.h"
+#include "platform/loop/timer.h"
 
 namespace dunvey {
 namespace {

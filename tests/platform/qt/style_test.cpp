@@ -6,7 +6,7 @@
 
 #include "platform/qt/qt_style.h"
 #include "platform/qt/qt_text.h"
-#include "platform/shown_text.h"
+#include "platform/text/shown_text.h"
 
 namespace dunvey::test {
 namespace {

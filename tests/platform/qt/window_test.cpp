@@ -10,11 +10,11 @@
 #include <QTest>
 
 #include "filled_chooser.h"
-#include "platform/application.h"
+#include "platform/loop/application.h"
 #include "platform/qt/qt_graphics.h"
 #include "platform/qt/qt_text.h"
 #include "platform/qt/qt_window.h"
-#include "platform/shown_text.h"
+#include "platform/text/shown_text.h"
 #include "steps.h"
 #include "support/hostile_names.h"
 

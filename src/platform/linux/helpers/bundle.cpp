@@ -7,7 +7,7 @@
 #include <cstdlib>
 #include <memory>
 
-#include "platform/file_descriptor.h"
+#include "platform/files/file_descriptor.h"
 
 namespace dunvey {
 namespace {

@@ -7,9 +7,9 @@
 #include <cstring>
 #include <string_view>
 
-#include "platform/file_descriptor.h"
+#include "platform/bundles/property_list.h"
+#include "platform/files/file_descriptor.h"
 #include "platform/linux/helpers/message.h"
-#include "platform/property_list.h"
 
 namespace dunvey {
 namespace {

@@ -3,7 +3,7 @@
 #include <sys/uio.h>
 #include <unistd.h>
 
-#include "platform/system_call.h"
+#include "platform/processes/system_call.h"
 
 namespace dunvey {
 

@@ -12,7 +12,7 @@
 #include <ctime>
 #include <utility>
 
-#include "platform/file_descriptor.h"
+#include "platform/files/file_descriptor.h"
 #include "platform/linux/helpers/process_list.h"
 
 namespace dunvey {

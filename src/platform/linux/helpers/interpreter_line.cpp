@@ -2,7 +2,7 @@
 
 #include <sys/stat.h>
 
-#include "platform/system_call.h"
+#include "platform/processes/system_call.h"
 
 namespace dunvey {
 namespace {

@@ -11,7 +11,7 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/file_descriptor.h"
+#include "platform/files/file_descriptor.h"
 #include "platform/linux/helpers/bundle.h"
 #include "platform/linux/helpers/bundle_processes.h"
 #include "platform/linux/helpers/message.h"

@@ -4,7 +4,7 @@
 #include <sys/types.h>
 
 #include "platform/linux/helpers/slice.h"
-#include "platform/system_call.h"
+#include "platform/processes/system_call.h"
 
 namespace dunvey {
 

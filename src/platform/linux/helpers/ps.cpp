@@ -6,7 +6,7 @@
 
 #include "platform/linux/helpers/complaint.h"
 #include "platform/linux/helpers/program_lines.h"
-#include "platform/system_call.h"
+#include "platform/processes/system_call.h"
 
 namespace dunvey {
 namespace {

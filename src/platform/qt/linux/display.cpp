@@ -11,8 +11,8 @@
 #include <cstring>
 #include <string>
 
-#include "platform/file_descriptor.h"
-#include "platform/text.h"
+#include "platform/files/file_descriptor.h"
+#include "platform/text/text.h"
 
 namespace dunvey {
 namespace {

@@ -8,10 +8,10 @@
 #include <QMimeData>
 #include <QTranslator>
 
-#include "platform/application.h"
-#include "platform/dock_texts.h"
-#include "platform/dock_window.h"
-#include "platform/event_loop.h"
+#include "platform/controls/dock_texts.h"
+#include "platform/controls/dock_window.h"
+#include "platform/loop/application.h"
+#include "platform/loop/event_loop.h"
 #include "platform/qt/qt_window.h"
 
 namespace dunvey {

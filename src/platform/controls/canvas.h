@@ -1,0 +1,37 @@
+#pragma once
+
+#include <functional>
+
+#include "platform/controls/rect_control.h"
+#include "platform/loop/user_action.h"
+#include "platform/pictures/graphics.h"
+#include "platform/pictures/picture.h"
+
+namespace dunvey {
+
+/// A free drawing area. It never takes the keyboard focus.
+class Canvas : public RectControl {
+ public:
+    /// What it shows before anything is painted; nil for nothing.
+    const Ref<Picture>& Backdrop() const { return backdrop_; }
+    void SetBackdrop(const Ref<Picture>& picture) { Put(backdrop_, picture); }
+
+    /// The user presses the mouse button over it. True if the press is claimed: then the release is
+    /// reported too.
+    bool MouseDown(UserAction, int64_t x, int64_t y);
+    void MouseUp(UserAction, int64_t x, int64_t y);
+
+    std::function<void(Canvas&, Graphics&)> Paint;
+    std::function<bool(Canvas&, int64_t x, int64_t y)> MouseDownHandler;
+    std::function<void(Canvas&, int64_t x, int64_t y)> MouseUpHandler;
+
+    // The defaults call the joined handlers; without one a press isn't claimed.
+    virtual void Event_Paint(Graphics& graphics);
+    virtual bool Event_MouseDown(int64_t x, int64_t y);
+    virtual void Event_MouseUp(int64_t x, int64_t y);
+
+ private:
+    Ref<Picture> backdrop_;
+};
+
+}  // namespace dunvey

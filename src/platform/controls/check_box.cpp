@@ -1,0 +1,12 @@
+#include "platform/controls/check_box.h"
+
+namespace dunvey {
+
+void CheckBox::Toggle(UserAction) {
+    if (!IsUsable()) return;
+    const auto alive = KeepAlive();
+    SetValue(!value_);
+    Event_Action();
+}
+
+}  // namespace dunvey

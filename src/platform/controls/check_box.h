@@ -1,0 +1,34 @@
+#pragma once
+
+#include <functional>
+#include <string>
+
+#include "platform/controls/rect_control.h"
+#include "platform/loop/user_action.h"
+
+namespace dunvey {
+
+/// A check box. An assignment of Value from code fires no event.
+class CheckBox : public RectControl {
+ public:
+    const std::string& Caption() const { return caption_; }
+    void SetCaption(const std::string& caption) { Put(caption_, caption); }
+    bool Value() const { return value_; }
+    void SetValue(bool value) { Put(value_, value); }
+
+    /// The user changes the value, which is the new one when the event fires. One that is disabled
+    /// or not visible stays as it is.
+    void Toggle(UserAction);
+
+    std::function<void(CheckBox&)> Action;
+    /// The default calls the joined handler.
+    virtual void Event_Action() {
+        if (Action) Action(*this);
+    }
+
+ private:
+    std::string caption_;
+    bool value_ = false;
+};
+
+}  // namespace dunvey

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <array>
+#include <string>
+#include <string_view>
+
+#include "platform/processes/system.h"
+
+namespace dunvey {
+
+/// A text of the dock window: its key in the translation table and its English default.
+struct DockText {
+    std::string_view key;
+    std::string_view text;
+
+    /// In that language; empty means the user's.
+    std::string operator()(const std::string& language) const {
+        return System::_GetLocalizedString(key, text, language);
+    }
+};
+
+/// The texts of the dock window.
+namespace Dock {
+
+inline constexpr DockText kDropDocuments{"Dock.kDropDocuments", "Drop documents here to open them"};
+inline constexpr DockText kNothingToOpen{"Dock.kNothingToOpen", "There is no document among these"};
+inline constexpr DockText kChooseDocuments{"Dock.kChooseDocuments", "Choose documents…"};
+/// The kind of files that the file dialog lists.
+inline constexpr DockText kDocuments{"Dock.kDocuments", "Documents"};
+
+/// All of them, for whoever checks a translation.
+inline constexpr std::array kAll = {kDropDocuments, kNothingToOpen, kChooseDocuments, kDocuments};
+
+}  // namespace Dock
+
+}  // namespace dunvey

@@ -1,0 +1,125 @@
+#include "platform/controls/dock_window.h"
+
+#include <sys/stat.h>
+
+#include <algorithm>
+
+#include "platform/controls/dock_texts.h"
+#include "platform/loop/application.h"
+#include "platform/loop/event_loop.h"
+#include "platform/loop/launch_documents.h"
+#include "platform/pictures/workspace.h"
+#include "platform/text/text.h"
+
+namespace dunvey {
+namespace {
+
+constexpr Size kDesign{340, 292};
+/// Told from a light and from a dark window.
+constexpr Color kFrameColor{0x808080};
+
+/// The file isn't opened: a look into a pipe could wait for ever.
+bool IsFile(const std::string& path) {
+    struct stat status {};
+    return path.starts_with("/") && stat(path.c_str(), &status) == 0 && S_ISREG(status.st_mode);
+}
+
+bool IsDocument(const std::string& path, const std::vector<std::string>& extensions) {
+    if (!IsFile(path)) return false;
+    const std::string extension = Lowercase(SplitB(FolderItem(path).Name(), ".").back());
+    return extensions.empty() ||
+           std::find(extensions.begin(), extensions.end(), extension) != extensions.end();
+}
+
+Ref<Picture> BundleIcon(int64_t size) {
+    const Ref<FolderItem> bundle = Application::ExecutableFile()->Parent()->Parent()->Parent();
+    const Ref<NSImage> image = NSWorkspace::sharedWorkspace().iconForFile(bundle->NativePath());
+    std::vector<Ref<Picture>> resolutions;
+    for (const int64_t side : {size, size * 2}) {
+        resolutions.push_back(New<Picture>(side, side));
+        resolutions.back()->Pixels() = image->CGImageForProposedRect({0, 0, side, side})();
+    }
+    return New<Picture>(size, size, resolutions);
+}
+
+}  // namespace
+
+std::vector<std::string> DocumentsAmong(const std::vector<std::string>& words,
+                                        const std::vector<std::string>& extensions) {
+    std::vector<std::string> documents;
+    for (const std::string& word : words) {
+        std::string path = PathOfWord(word);
+        if (IsDocument(path, extensions)) documents.push_back(std::move(path));
+    }
+    return documents;
+}
+
+DockWindow::DockWindow() : Window(kDesign) {
+    SetTitle(Application::ExecutableFile()->Name());
+    SetMenuBar(Application::Current()->MenuBar());
+    Placement = kMainScreen;
+    frame_->SetDesign({20, 20, 300, 200}, {.Left = true, .Top = true});
+    frame_->Paint = [this](Canvas&, Graphics& graphics) { PaintFrame(graphics); };
+    icon_->SetDesign({122, 44, 96, 96}, {.Left = true, .Top = true});
+    icon_->Paint = [this](Canvas&, Graphics& graphics) { PaintIcon(graphics); };
+    line_->SetName("line");
+    line_->SetDesign({30, 162, 280, 28}, {.Left = true, .Top = true});
+    line_->SetTextAlign(Label::kAlignCentre);
+    line_->SetText(Dock::kDropDocuments(""));
+    choose_->SetName("choose");
+    choose_->SetDesign({80, 240, 180, 28}, {.Left = true, .Top = true});
+    choose_->SetCaption(Dock::kChooseDocuments(""));
+    choose_->SetDefault(true);
+    choose_->Action = [this](PushButton&) {
+        if (Choose) Choose();
+    };
+    Add(frame_);
+    Add(icon_);
+    Add(line_);
+    Add(choose_);
+}
+
+void DockWindow::PaintFrame(Graphics& graphics) const {
+    constexpr int64_t kDash = 6;
+    const int64_t right = graphics.Width() - 2;
+    const int64_t bottom = graphics.Height() - 2;
+    graphics.ForeColor = kFrameColor;
+    for (int64_t x = 0; x < graphics.Width(); x += 2 * kDash) {
+        graphics.FillRect(x, 0, kDash, 2);
+        graphics.FillRect(x, bottom, kDash, 2);
+    }
+    for (int64_t y = 0; y < graphics.Height(); y += 2 * kDash) {
+        graphics.FillRect(0, y, 2, kDash);
+        graphics.FillRect(right, y, 2, kDash);
+    }
+}
+
+void DockWindow::PaintIcon(Graphics& graphics) const {
+    graphics.DrawPicture(*BundleIcon(std::min(graphics.Width(), graphics.Height())), 0, 0);
+}
+
+bool DockWindow::Drag(UserAction, const std::vector<std::string>& words) {
+    const bool has = !DocumentsAmong(words, Application::Current()->DocumentExtensions()).empty();
+    line_->SetText(has ? Dock::kDropDocuments("") : Dock::kNothingToOpen(""));
+    return has;
+}
+
+void DockWindow::Take(UserAction key, const std::vector<std::string>& words) {
+    if (IsClosed() || !Drag(key, words)) return;
+    for (const std::string& path :
+         DocumentsAmong(words, Application::Current()->DocumentExtensions())) {
+        EventLoop::Current().PostOpenDocument(New<FolderItem>(path));
+    }
+    Withdraw();
+}
+
+void DockWindow::Withdraw() {
+    endsProgram_ = false;
+    Close();
+}
+
+void DockWindow::Event_Close() {
+    if (endsProgram_) NSApplication::terminate();
+}
+
+}  // namespace dunvey

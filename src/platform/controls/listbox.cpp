@@ -1,0 +1,191 @@
+#include "platform/controls/listbox.h"
+
+#include <algorithm>
+#include <numeric>
+
+#include "platform/text/number_text.h"
+#include "platform/text/text.h"
+#include "platform/values/array.h"
+
+namespace dunvey {
+
+void Listbox::SetColumnCount(int64_t count) {
+    columns_.resize(static_cast<size_t>(count));
+    for (RowContent& row : rows_)
+        row.cells.resize(columns_.size());
+    Changed();
+}
+
+std::vector<int64_t> Listbox::ColumnWidthsIn(int64_t width) const {
+    std::vector<int64_t> widths(columns_.size(), -1);
+    const std::vector<std::string> texts = SplitB(columnWidths_, ",");
+    int64_t left = width;
+    int64_t flexible = 0;
+    for (size_t column = 0; column < widths.size(); ++column) {
+        if (column < texts.size() && !texts[column].empty() && texts[column] != "*") {
+            widths[column] = static_cast<int64_t>(Val(texts[column]));
+            left -= widths[column];
+        } else {
+            ++flexible;
+        }
+    }
+    for (int64_t& each : widths) {
+        if (each != -1) continue;
+        each = std::max<int64_t>(0, left / flexible);
+        left -= each;
+        --flexible;
+    }
+    return widths;
+}
+
+void Listbox::SetColumnAlignment(int64_t column, int alignment) {
+    Column(column);
+    Put(columns_[static_cast<size_t>(column)].alignment, alignment);
+}
+
+void Listbox::SetColumnSortDirection(int64_t column, int direction) {
+    Column(column);
+    columns_[static_cast<size_t>(column)].sortDirection = direction;
+}
+
+void Listbox::AddRow(const std::vector<std::string>& texts) {
+    RowContent row;
+    row.cells.resize(columns_.size());
+    for (size_t column = 0; column < std::min(texts.size(), row.cells.size()); ++column)
+        row.cells[column].text = texts[column];
+    rows_.push_back(std::move(row));
+    lastIndex_ = ListCount() - 1;
+    Changed();
+}
+
+void Listbox::DeleteAllRows() {
+    rows_.clear();
+    lastIndex_ = -1;
+    ++filling_;
+    const bool wasSelected = std::exchange(listIndex_, -1) != -1;
+    Changed();
+    if (wasSelected) Event_Change();
+}
+
+void Listbox::SetCell(int64_t row, int64_t column, const std::string& text) {
+    Put(At(row, column).text, text);
+}
+
+void Listbox::SetCellTag(int64_t row, int64_t column, Variant tag) {
+    Put(At(row, column).tag, std::move(tag));
+}
+
+void Listbox::SetRowPicture(int64_t row, const Ref<Picture>& picture) {
+    Row(row);
+    Put(rows_[static_cast<size_t>(row)].picture, picture);
+}
+
+void Listbox::SetRowDescription(int64_t row, const std::string& description) {
+    Row(row);
+    Put(rows_[static_cast<size_t>(row)].description, description);
+}
+
+void Listbox::SetListIndex(int64_t row) {
+    Put(listIndex_, row >= 0 && row < ListCount() ? row : -1);
+    Event_Change();
+}
+
+int64_t Listbox::Compare(int64_t row1, int64_t row2) {
+    int64_t result = 0;
+    if (Event_CompareRows(row1, row2, sortedColumn_, result)) return result;
+    return Cell(row1, sortedColumn_).compare(Cell(row2, sortedColumn_));
+}
+
+void Listbox::Sort() {
+    const int direction = Column(sortedColumn_).sortDirection;
+    if (direction == kSortNone) return;
+    // The rows stay where they are while the event compares them by their positions.
+    std::vector<int64_t> order(rows_.size());
+    std::iota(order.begin(), order.end(), 0);
+    std::stable_sort(order.begin(), order.end(), [&](int64_t row1, int64_t row2) {
+        return Compare(row1, row2) * direction < 0;
+    });
+    std::vector<RowContent> sorted;
+    sorted.reserve(rows_.size());
+    for (const int64_t row : order)
+        sorted.push_back(std::move(rows_[static_cast<size_t>(row)]));
+    rows_ = std::move(sorted);
+    if (listIndex_ != -1) listIndex_ = IndexOf(order, listIndex_);
+    Changed();
+}
+
+void Listbox::InvalidateCell(int64_t, int64_t) {
+    Changed();
+}
+
+int64_t Listbox::RowWithWord(std::string_view text, int64_t start) const {
+    const std::string wanted = Lowercase(text);
+    const auto begins = [&wanted](const CellContent& cell) {
+        const std::string words = Lowercase(cell.text);
+        for (size_t found = words.find(wanted); found != std::string::npos;
+             found = words.find(wanted, found + 1)) {
+            if (found == 0 || words[found - 1] == ' ') return true;
+        }
+        return false;
+    };
+    for (int64_t step = 0; step < ListCount(); ++step) {
+        const int64_t row = (std::max<int64_t>(0, start) + step) % ListCount();
+        if (std::any_of(Row(row).cells.begin(), Row(row).cells.end(), begins)) return row;
+    }
+    return -1;
+}
+
+void Listbox::Select(UserAction, int64_t row) {
+    if (!IsUsable() || row >= ListCount() || row == listIndex_) return;
+    const auto alive = KeepAlive();
+    SetListIndex(row);
+}
+
+void Listbox::DoubleClick(UserAction) {
+    if (!IsUsable()) return;
+    const auto alive = KeepAlive();
+    Event_DoubleClick();
+}
+
+void Listbox::Event_Open() {
+    if (Open) Open(*this);
+}
+
+void Listbox::Event_Change() {
+    if (Change) Change(*this);
+}
+
+void Listbox::Event_DoubleClick() {
+    if (DoubleClickHandler) DoubleClickHandler(*this);
+}
+
+bool Listbox::Event_CellTextPaint(Graphics& graphics, int64_t row, int64_t column, int64_t x,
+                                  int64_t y) {
+    return CellTextPaint && CellTextPaint(*this, graphics, row, column, x, y);
+}
+
+bool Listbox::Event_CellBackgroundPaint(Graphics&, int64_t, int64_t) {
+    return false;
+}
+
+bool Listbox::Event_CompareRows(int64_t, int64_t, int64_t, int64_t&) {
+    return false;
+}
+
+const Listbox::RowContent& Listbox::Row(int64_t row) const {
+    return dunvey::At(rows_, row);
+}
+
+const Listbox::CellContent& Listbox::At(int64_t row, int64_t column) const {
+    return dunvey::At(Row(row).cells, column);
+}
+
+Listbox::CellContent& Listbox::At(int64_t row, int64_t column) {
+    return const_cast<CellContent&>(std::as_const(*this).At(row, column));
+}
+
+const Listbox::ColumnSettings& Listbox::Column(int64_t column) const {
+    return dunvey::At(columns_, column);
+}
+
+}  // namespace dunvey

@@ -1,0 +1,60 @@
+#pragma once
+
+#include <array>
+#include <string>
+
+#include "platform/loop/event_loop.h"
+#include "platform/loop/user_action.h"
+#include "platform/values/reference.h"
+
+namespace dunvey {
+
+class Window;
+
+/// A button of a message dialog.
+class MessageDialogButton {
+ public:
+    MessageDialogButton(std::string caption, bool visible)
+        : Caption(std::move(caption)), Visible(visible) {}
+
+    std::string Caption;
+    bool Visible;
+};
+
+/// A modal alert: a graphic, a message, an explanation and up to three buttons.
+class MessageDialog {
+ public:
+    enum : int { kNoGraphic = -1, kNote = 0, kCaution = 1, kStop = 2, kQuestion = 3 };
+
+    int Icon = kNoGraphic;
+    std::string Message;
+    std::string Explanation;
+    /// The default button, which Return presses.
+    const Ref<MessageDialogButton> ActionButton = New<MessageDialogButton>("OK", true);
+    const Ref<MessageDialogButton> AlternateActionButton = New<MessageDialogButton>("", false);
+    /// The button that Escape presses.
+    const Ref<MessageDialogButton> CancelButton = New<MessageDialogButton>("Cancel", false);
+
+    /// Shows the dialog in a window of its own, or as a sheet of the parent, and blocks until a
+    /// button is pressed, which it returns. Raises DesktopUnavailableException without a screen.
+    Ref<MessageDialogButton> ShowModal() { return ShowModalWithin(nullptr); }
+    Ref<MessageDialogButton> ShowModalWithin(Window* parent);
+
+    /// The three buttons: action, alternate action, cancel.
+    std::array<Ref<MessageDialogButton>, 3> Buttons() const;
+
+    /// The user presses a button; one that isn't visible can't be pressed.
+    void Press(UserAction, const Ref<MessageDialogButton>& button);
+    /// The user presses Escape or closes the window: the cancel button, or the only button there
+    /// is; nothing where several could be meant.
+    void Dismiss(UserAction key);
+
+ private:
+    Ref<MessageDialogButton> pressed_;
+    ModalLoop loop_;
+};
+
+/// A message box with one button "OK".
+void MsgBox(const std::string& message);
+
+}  // namespace dunvey

@@ -1,0 +1,54 @@
+#pragma once
+
+#include <string>
+#include <utility>
+
+#include "platform/values/reference.h"
+
+namespace dunvey {
+
+class NSMenuItem;
+
+/// The name of a command or a question, such as "undo:". An empty one is answered by nobody.
+class Selector {
+ public:
+    Selector() = default;
+    explicit Selector(std::string name) : name_(std::move(name)) {}
+    const std::string& Name() const { return name_; }
+    friend bool operator==(const Selector&, const Selector&) = default;
+
+ private:
+    std::string name_;
+};
+
+inline Selector NSSelectorFromString(const std::string& name) {
+    return Selector(name);
+}
+
+/// What a text control remembers of its changes.
+class NSUndoManager {
+ public:
+    virtual ~NSUndoManager() = default;
+    virtual bool canRedo() const = 0;
+};
+
+/// Something that may answer a command: a control, a window, the application.
+class Responder {
+ public:
+    virtual ~Responder() = default;
+
+    /// Whether it takes this command, or knows this question: "validateMenuItem:",
+    /// "validateUserInterfaceItem:" or "undoManager". A question that it doesn't know isn't asked.
+    /// "cut:", "copy:", "paste:" and "delete:" are not validated: they are to be taken only while
+    /// they can be carried out.
+    virtual bool respondsToSelector(const Selector& selector) const = 0;
+    /// Carries the command out. The sender may be nil.
+    virtual void perform(const Selector& action, const Ref<NSMenuItem>& sender) = 0;
+    /// Whether the command of the item, its action, can be carried out now.
+    virtual bool validateMenuItem(const Ref<NSMenuItem>&) { return false; }
+    virtual bool validateUserInterfaceItem(const Ref<NSMenuItem>&) { return false; }
+    /// Nil for none.
+    virtual Ref<NSUndoManager> undoManager() { return nullptr; }
+};
+
+}  // namespace dunvey

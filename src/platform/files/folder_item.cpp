@@ -1,0 +1,147 @@
+#include "platform/files/folder_item.h"
+
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+
+#include "platform/files/file_copy.h"
+#include "platform/files/file_descriptor.h"
+
+namespace dunvey {
+namespace {
+
+std::string CurrentDirectory() {
+    std::string buffer(256, '\0');
+    while (getcwd(buffer.data(), buffer.size()) == nullptr) {
+        // The folder is gone. Below what is no folder nothing can exist, whereas another folder
+        // might well hold a file of the name.
+        if (errno != ERANGE) return "/dev/null";
+        buffer.resize(buffer.size() * 2);
+    }
+    buffer.resize(buffer.find('\0'));
+    return buffer;
+}
+
+/// The path without doubled slashes, "." components and a slash at the end. ".." stays: behind a
+/// link it doesn't lead back.
+std::string Tidied(const std::string& path) {
+    std::string tidy;
+    for (size_t begin = 0; begin < path.size();) {
+        const size_t end = std::min(path.find('/', begin), path.size());
+        const bool nothing = end == begin || (end == begin + 1 && path[begin] == '.');
+        if (!nothing) tidy.append("/").append(path, begin, end - begin);
+        begin = end + 1;
+    }
+    return tidy.empty() ? "/" : tidy;
+}
+
+/// Returns 0 or the errno.
+int Look(const std::string& path, bool followsLinks, struct stat& status) {
+    const auto look = followsLinks ? &stat : &lstat;
+    return Uninterrupted([&] { return look(path.c_str(), &status); }) == 0 ? 0 : errno;
+}
+
+}  // namespace
+
+FolderItem::FolderItem(std::string path)
+    : path_(Tidied(!path.empty() && path[0] == '/' ? path : CurrentDirectory() + "/" + path)) {}
+
+std::string FolderItem::Name() const {
+    return path_ == "/" ? path_ : path_.substr(path_.rfind('/') + 1);
+}
+
+bool FolderItem::Exists() const {
+    constexpr std::array kNowhere = {ENOENT, ENOTDIR, ELOOP, ENAMETOOLONG};
+    struct stat status;
+    const int error = Look(path_, followsLinks_, status);
+    return std::find(kNowhere.begin(), kNowhere.end(), error) == kNowhere.end();
+}
+
+bool FolderItem::Directory() const {
+    struct stat status;
+    return Look(path_, followsLinks_, status) == 0 && S_ISDIR(status.st_mode);
+}
+
+int64_t FolderItem::Count() const {
+    return static_cast<int64_t>(listing_.Names(path_).size());
+}
+
+Ref<FolderItem> FolderItem::Parent() const {
+    if (path_ == "/") return nullptr;
+    return New<FolderItem>(path_.substr(0, path_.rfind('/')) + "/");
+}
+
+Ref<FolderItem> FolderItem::Child(const std::string& name) const {
+    return New<FolderItem>(path_ + "/" + name);
+}
+
+Ref<FolderItem> FolderItem::TrueItem(int64_t position) const {
+    const std::vector<std::string>& names = listing_.Names(path_);
+    if (position < 1 || position > static_cast<int64_t>(names.size())) return nullptr;
+    Ref<FolderItem> item = Child(names[static_cast<size_t>(position - 1)]);
+    item->followsLinks_ = false;
+    return item;
+}
+
+void FolderItem::CopyFileTo(const FolderItem& destination) const {
+    const std::string target =
+        destination.Directory() ? destination.Child(Name())->path_ : destination.path_;
+    lastErrorCode_ = CopyFile(path_, target);
+}
+
+void FolderItem::CreateAsFolder() const {
+    const int result = Uninterrupted([this] { return mkdir(path_.c_str(), 0777); });
+    lastErrorCode_ = result == 0 ? 0 : errno;
+}
+
+void FolderItem::Delete() const {
+    int result = Uninterrupted([this] { return unlink(path_.c_str()); });
+    // What the two homes say of a folder.
+    if (result != 0 && (errno == EISDIR || errno == EPERM)) {
+        result = Uninterrupted([this] { return rmdir(path_.c_str()); });
+    }
+    lastErrorCode_ = result == 0 ? 0 : errno;
+}
+
+std::string FolderItem::ShellPath() const {
+    return ShellWord(path_);
+}
+
+std::string UnixpathMBS(const FolderItem& item) {
+    return item.NativePath();
+}
+
+std::string ShellWord(const std::string& text) {
+    if (text.empty()) return "''";
+    constexpr std::string_view kPlain =
+        "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789/._-+:,@%";
+    std::string word;
+    word.reserve(text.size() + text.size() / 4);
+    for (const char c : text) {
+        if (c == '\n') {
+            word += "'\n'";  // a backslash in front of it would make both vanish
+        } else {
+            const bool plain = static_cast<signed char>(c) < 0 || kPlain.find(c) != kPlain.npos;
+            if (!plain) word += '\\';
+            word += c;
+        }
+    }
+    return word;
+}
+
+std::string QuotedShellWord(const std::string& text) {
+    std::string word = "'";
+    for (const char c : text) {
+        if (c == '\'') {
+            word += "'\\''";
+        } else {
+            word += c;
+        }
+    }
+    return word + "'";
+}
+
+}  // namespace dunvey

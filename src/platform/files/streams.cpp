@@ -1,0 +1,138 @@
+#include "platform/files/streams.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <cstdlib>
+#include <cstring>
+#include <memory>
+
+#include "platform/values/exceptions.h"
+
+namespace dunvey {
+namespace {
+
+[[noreturn]] void Raise(const char* action, const std::string& path, int error) {
+    throw IOException(std::string("The file \"") + path + "\" can't be " + action + ": " +
+                          std::strerror(error) + ".",
+                      error);
+}
+
+FileDescriptor OpenForWriting(const std::string& path, int flags, int& error) {
+    FileDescriptor file = OpenFile(path, flags | O_NONBLOCK | O_NOCTTY, 0666);
+    struct stat status;
+    if (!file || fstat(file.Get(), &status) != 0) {
+        error = errno;
+        return FileDescriptor();
+    }
+    error = S_ISREG(status.st_mode) ? 0 : EINVAL;
+    return error == 0 ? std::move(file) : FileDescriptor();
+}
+
+std::string Resolved(const std::string& path) {
+    const std::unique_ptr<char, decltype(&std::free)> resolved(realpath(path.c_str(), nullptr),
+                                                               &std::free);
+    return resolved ? resolved.get() : path;
+}
+
+}  // namespace
+
+Ref<BinaryStream> BinaryStream::Open(const Ref<FolderItem>& item, bool readWrite) {
+    const std::string& path = item->NativePath();
+    int error = 0;
+    FileDescriptor file =
+        readWrite ? OpenForWriting(path, O_RDWR, error) : OpenRegularFile(path, error);
+    if (!file) Raise("opened", path, error);
+    return New<BinaryStream>(std::move(file), path);
+}
+
+int64_t BinaryStream::Length() const {
+    struct stat status;
+    if (fstat(file_.Get(), &status) != 0) Raise("read", path_, errno);
+    return status.st_size;
+}
+
+std::string BinaryStream::Read(int64_t count) {
+    std::string bytes(count > 0 ? static_cast<size_t>(count) : 0, '\0');
+    const ssize_t got = ReadFully(file_.Get(), bytes.data(), bytes.size());
+    if (got < 0) Raise("read", path_, errno);
+    bytes.resize(static_cast<size_t>(got));
+    return bytes;
+}
+
+Ref<TextInputStream> TextInputStream::Open(const Ref<FolderItem>& file) {
+    return New<TextInputStream>(BinaryStream::Open(file));
+}
+
+std::string TextInputStream::ReadAll() {
+    constexpr int64_t kBlock = 1 << 16;
+    std::string text;
+    for (;;) {
+        const std::string block = stream_->Read(std::max(kBlock, stream_->Length()));
+        if (block.empty()) return text;
+        text += block;
+    }
+}
+
+Ref<TextOutputStream> TextOutputStream::Create(const Ref<FolderItem>& item) {
+    const std::string& path = item->NativePath();
+    int error = 0;
+    FileDescriptor file = OpenForWriting(path, O_WRONLY | O_CREAT | O_EXCL, error);
+    const bool created = static_cast<bool>(file);
+    if (error == EEXIST) file = OpenForWriting(path, O_WRONLY, error);
+    if (file) return New<TextOutputStream>(std::move(file), path, created);
+    if (error != ENOENT) Raise("written", path, error);
+    // A link to nowhere: what it leads to is made.
+    file = OpenForWriting(path, O_WRONLY | O_CREAT, error);
+    if (!file) Raise("written", path, error);
+    return New<TextOutputStream>(std::move(file), Resolved(path), true);
+}
+
+int TextOutputStream::WriteAt(off_t place, std::string_view text) {
+    if (lseek(file_.Get(), place, SEEK_SET) < 0) return errno;
+    return WriteFully(file_.Get(), text);
+}
+
+int TextOutputStream::Cut(off_t size) {
+    return Uninterrupted([&] { return ftruncate(file_.Get(), size); }) == 0 ? 0 : errno;
+}
+
+int TextOutputStream::PutInPlace() {
+    const std::string_view text = text_;
+    const off_t end = lseek(file_.Get(), 0, SEEK_END);
+    if (end < 0) return errno;
+    const auto oldSize = static_cast<size_t>(end);
+    if (text.size() > oldSize) {
+        const int error = WriteAt(end, text.substr(oldSize));
+        // The error to tell is the first one.
+        if (error != 0) return Cut(end), error;
+    }
+    // Half of the new text over the old one is worse than either, so a failure isn't taken at once.
+    int error = WriteAt(0, text.substr(0, oldSize));
+    if (error != 0) error = WriteAt(0, text.substr(0, oldSize));
+    if (error != 0) return Cut(end), error;
+    return text.size() < oldSize ? Cut(static_cast<off_t>(text.size())) : 0;
+}
+
+int TextOutputStream::Finish() {
+    if (!file_) return 0;
+    const int placing = PutInPlace();
+    const int closing = file_.Close();
+    const int error = placing != 0 ? placing : closing;
+    if (error != 0 && created_) Uninterrupted([this] { return unlink(path_.c_str()); });
+    return error;
+}
+
+void TextOutputStream::Close() {
+    const int error = Finish();
+    if (error != 0) Raise("written", path_, error);
+}
+
+TextOutputStream::~TextOutputStream() {
+    Finish();
+}
+
+}  // namespace dunvey

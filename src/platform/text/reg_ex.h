@@ -1,0 +1,50 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "platform/values/reference.h"
+
+namespace dunvey {
+
+/// What a search found. Positions are bytes.
+class RegExMatch {
+ public:
+    RegExMatch(int64_t start, std::string text) : start_(start), text_(std::move(text)) {}
+
+    int64_t Start() const { return start_; }
+    const std::string& Text() const { return text_; }
+
+ private:
+    int64_t start_;
+    std::string text_;
+};
+
+/// A Perl-compatible regular expression over bytes: "." takes any byte but a line feed. A search
+/// that comes to the engine's limits of time and depth counts as no match, so that a hostile text
+/// can't hold the program up.
+class RegEx {
+ public:
+    struct OptionSet {
+        bool CaseSensitive = false;
+        bool ReplaceAllMatches = false;
+    };
+
+    OptionSet Options;
+    std::string SearchPattern;
+    /// "\1" to "\9" stand for the groups, "\0" for the whole match, "\\" for a backslash.
+    std::string ReplacementPattern;
+    /// Where a search begins, in bytes.
+    int64_t SearchStartPosition = 0;
+
+    /// The first match, nil if there is none. Raises RegExException for a pattern that can't be
+    /// compiled.
+    Ref<RegExMatch> Search(std::string_view text) const;
+
+    /// The text with the first match, or all of them, replaced; unchanged without a match. Raises
+    /// RegExException as Search does.
+    std::string Replace(std::string_view text) const;
+};
+
+}  // namespace dunvey

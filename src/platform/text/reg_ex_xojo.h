@@ -1,0 +1,34 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "platform/text/reg_ex.h"
+#include "platform/values/reference.h"
+
+/// Regular expressions in one call. A pattern that can't be compiled is shown to the user here, so
+/// that no caller has to deal with one. `start` counts characters; groups stand as "\1" and "\2".
+namespace dunvey::RegExXojo {
+
+/// The object of the last call; each call that gets past its first checks makes a fresh one, so
+/// nothing carries over.
+extern Ref<RegEx> reg;
+
+/// The message for a pattern that is one metacharacter alone, in the given language.
+std::string kAlert_Metacharacters(const std::string& language);
+
+/// Whether the pattern matches at or after `start`. False for an empty source or pattern, and after
+/// a pattern error has been shown.
+bool Mach(std::string_view source, const std::string& pattern, int64_t start, bool caseSensitive);
+
+/// The source with the first match at or after `start` replaced; unchanged without a match, for an
+/// empty source or pattern, and for the patterns "^", "$" and "\b", which the user is told of.
+/// Empty after a pattern error has been shown.
+std::string Replace(std::string_view source, const std::string& pattern,
+                    const std::string& replacement, int64_t start, bool caseSensitive);
+
+/// Puts a new object into `reg`.
+void MakeRegEx();
+
+}  // namespace dunvey::RegExXojo

@@ -1,0 +1,149 @@
+#include "platform/files/folder_item.h"
+
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdio>
+#include <set>
+
+#include "platform/files/special_folder.h"
+#include "support/hostile_names.h"
+#include "support/temporary_folder.h"
+
+namespace dunvey {
+namespace {
+
+using test::TemporaryFolder;
+
+/// What a shell makes of the words, one a line feed apart is no use: each ends in a zero byte.
+std::vector<std::string> WordsThroughShell(const std::string& shell, const std::string& words) {
+    const TemporaryFolder folder;
+    const std::string script = folder.Write("script", "printf '%s\\0' " + words + "\n");
+    FILE* pipe = popen((shell + " " + script).c_str(), "r");
+    std::vector<std::string> read(1);
+    for (int c = fgetc(pipe); c != EOF; c = fgetc(pipe)) {
+        if (c == 0) {
+            read.emplace_back();
+        } else {
+            read.back() += static_cast<char>(c);
+        }
+    }
+    pclose(pipe);
+    read.pop_back();
+    return read;
+}
+
+TEST(FolderItem, ShellPathIsOneWordForEveryName) {
+    std::vector<std::string> paths;
+    std::string words;
+    for (const std::string& name : test::HostileNames()) {
+        const FolderItem item("/folder of mine/" + name);
+        paths.push_back(item.NativePath());
+        words += item.ShellPath() + " ";
+    }
+    for (const char* shell : {"/bin/sh", "/bin/bash", "LC_ALL=C /bin/bash", "/bin/bash --posix"}) {
+        EXPECT_EQ(WordsThroughShell(shell, words), paths) << shell;
+    }
+}
+
+TEST(FolderItem, ShellPathKeepsTheDocumentedLook) {
+    EXPECT_EQ(FolderItem("/Applications/Adobe InDesign CS6").ShellPath(),
+              "/Applications/Adobe\\ InDesign\\ CS6");
+    EXPECT_EQ(ShellWord(""), "''");
+}
+
+TEST(FolderItem, PathsAreAbsoluteAndTidy) {
+    EXPECT_EQ(FolderItem("/a//b/./c/").NativePath(), "/a/b/c");
+    EXPECT_EQ(FolderItem("/a/../b").NativePath(), "/a/../b");
+    EXPECT_EQ(FolderItem("/").NativePath(), "/");
+    EXPECT_FALSE(FolderItem("/").Parent());
+    EXPECT_EQ(FolderItem("/a").Parent()->NativePath(), "/");
+    EXPECT_EQ(FolderItem("/a").Child("b c")->NativePath(), "/a/b c");
+    EXPECT_EQ(FolderItem("/a/Layout.indd").Name(), "Layout.indd");
+    char here[4096];
+    ASSERT_NE(getcwd(here, sizeof here), nullptr);
+    EXPECT_EQ(FolderItem("-x.indd").NativePath(), std::string(here) + "/-x.indd");
+}
+
+TEST(FolderItem, EntriesComeInNameOrderAndLinksAreNotFollowed) {
+    const TemporaryFolder folder;
+    folder.MakeFolder("b");
+    folder.Write("a", "");
+    folder.Write("C", "");
+    ASSERT_EQ(symlink("b", (folder / "d").c_str()), 0);
+    ASSERT_EQ(symlink("nowhere", (folder / "e").c_str()), 0);
+    const FolderItem item(folder.Path());
+    ASSERT_EQ(item.Count(), 5);
+    std::string names;
+    for (int64_t i = 1; i <= 5; ++i)
+        names += item.TrueItem(i)->Name();
+    EXPECT_EQ(names, "Cabde");
+    EXPECT_FALSE(item.TrueItem(0));
+    EXPECT_FALSE(item.TrueItem(6));
+    EXPECT_TRUE(item.TrueItem(3)->Directory());
+    EXPECT_FALSE(item.TrueItem(4)->Directory()) << "a link to a folder is no folder here";
+    EXPECT_TRUE(item.Child("d")->Directory()) << "a child by name is followed";
+    EXPECT_TRUE(item.TrueItem(5)->Exists());
+    EXPECT_FALSE(item.Child("e")->Exists());
+}
+
+TEST(FolderItem, CountSeesWhatChangesInBetween) {
+    const TemporaryFolder folder;
+    const FolderItem item(folder.Path());
+    EXPECT_EQ(item.Count(), 0);
+    for (int64_t count = 1; count <= 50; ++count) {
+        folder.Write("file" + std::to_string(count), "");
+        EXPECT_EQ(item.Count(), count);
+    }
+    EXPECT_EQ(FolderItem(folder / "none").Count(), 0);
+    EXPECT_EQ(FolderItem(folder / "file1").Count(), 0);
+}
+
+TEST(FolderItem, CopiesMakesAndDeletesWithAnErrorCode) {
+    const TemporaryFolder folder;
+    const FolderItem source(folder.Write("source", std::string(200'000, 'x')));
+    source.CopyFileTo(FolderItem(folder / "copy"));
+    EXPECT_EQ(source.LastErrorCode(), 0);
+    EXPECT_EQ(folder.Read("copy"), folder.Read("source"));
+    source.CopyFileTo(FolderItem(folder / "copy"));
+    EXPECT_EQ(source.LastErrorCode(), EEXIST);
+    const FolderItem inner(folder / "inner");
+    inner.CreateAsFolder();
+    EXPECT_EQ(inner.LastErrorCode(), 0);
+    source.CopyFileTo(inner);
+    EXPECT_EQ(folder.Read("inner/source"), folder.Read("source"));
+    inner.Delete();
+    EXPECT_EQ(inner.LastErrorCode(), ENOTEMPTY);
+    inner.Child("source")->Delete();
+    inner.Delete();
+    EXPECT_EQ(inner.LastErrorCode(), 0);
+    EXPECT_FALSE(inner.Exists());
+    ASSERT_EQ(mkfifo((folder / "fifo").c_str(), 0600), 0);
+    const FolderItem fifo(folder / "fifo");
+    fifo.CopyFileTo(FolderItem(folder / "from fifo"));
+    EXPECT_EQ(fifo.LastErrorCode(), EINVAL);
+    FolderItem(folder / "none").CopyFileTo(FolderItem(folder / "from none"));
+    EXPECT_FALSE(FolderItem(folder / "from none").Exists());
+}
+
+TEST(SpecialFolder, FollowsTheUsersSettings) {
+    const TemporaryFolder home;
+    setenv("HOME", home.Path().c_str(), 1);
+    setenv("XDG_CONFIG_HOME", (home / "some/where/config").c_str(), 1);
+    EXPECT_EQ(SpecialFolder::ApplicationData()->NativePath(), home / "some/where/config");
+    EXPECT_TRUE(SpecialFolder::ApplicationData()->Directory()) << "made with all above it";
+    setenv("XDG_CONFIG_HOME", "relative", 1);
+    EXPECT_EQ(SpecialFolder::ApplicationData()->NativePath(), home / ".config");
+    unsetenv("XDG_CONFIG_HOME");
+    EXPECT_EQ(SpecialFolder::ApplicationData()->NativePath(), home / ".config");
+    if (access("/Applications", F_OK) != 0) {
+        EXPECT_EQ(SpecialFolder::Applications()->NativePath(), home / "Applications");
+    }
+    setenv("HOME", "not absolute", 1);
+    EXPECT_EQ(SpecialFolder::ApplicationData()->NativePath()[0], '/');
+}
+
+}  // namespace
+}  // namespace dunvey

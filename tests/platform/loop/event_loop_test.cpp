@@ -1,0 +1,191 @@
+#include "platform/loop/event_loop.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+
+#include "platform/controls/message_dialog.h"
+#include "platform/loop/application.h"
+#include "platform/loop/timer.h"
+#include "platform/values/exceptions.h"
+#include "support/world.h"
+
+namespace dunvey {
+namespace {
+
+using Answer = headless::ScriptedDesktop::Answer;
+
+class TestTimer final : public Timer {
+ public:
+    explicit TestTimer(std::function<void()> action, int period = 1) : action_(std::move(action)) {
+        SetPeriod(period);
+    }
+    void Event_Action() override { action_(); }
+
+ private:
+    std::function<void()> action_;
+};
+
+class TestApplication final : public Application {
+ public:
+    void Event_Open() override { open(); }
+    void Event_Close() override { close(); }
+    void Event_OpenDocument(const Ref<FolderItem>& item) override { document(item->Name()); }
+
+    std::function<void()> open = [] {};
+    std::function<void()> close = [] {};
+    std::function<void(std::string)> document = [](const std::string&) {};
+};
+
+class EventLoopTest : public test::World {
+ protected:
+    EventLoopTest() { Application::Register(app_); }
+    ~EventLoopTest() override { Application::Register(nullptr); }
+
+    int Run() { return loop_.Run(*app_); }
+
+    Ref<TestApplication> app_ = New<TestApplication>();
+    std::string log_;
+};
+
+TEST_F(EventLoopTest, DocumentsComeAfterOpenInOrderAndAheadOfADueTimer) {
+    loop_.PostOpenDocument(New<FolderItem>("/1"));
+    loop_.PostOpenDocument(New<FolderItem>("/2"));
+    TestTimer timer([this] {
+        log_ += "timer ";
+        Quit(3);
+    });
+    app_->open = [&] {
+        log_ += "open ";
+        timer.SetMode(Timer::kOnce);
+        headless::TheMachine().now += std::chrono::hours(1);
+    };
+    app_->document = [&](const std::string& name) {
+        log_ += name + " ";
+        if (name == "1") loop_.PostOpenDocument(New<FolderItem>("/3"));
+    };
+    app_->close = [this] { log_ += "close"; };
+    EXPECT_EQ(Run(), 3);
+    EXPECT_EQ(log_, "open 1 2 3 timer close");
+}
+
+TEST_F(EventLoopTest, ATimerFiresOnceAndStartsAfresh) {
+    TestTimer slow([this] { log_ += "slow "; }, 10);
+    TestTimer quick([&] {
+        log_ += "quick ";
+        EXPECT_EQ(quick.Mode(), Timer::kOff) << "it is off when it has fired";
+    });
+    TestTimer stopped([this] { log_ += "stopped "; }, 2);
+    TestTimer end([] { Quit(0); }, 50);
+    app_->open = [&] {
+        for (Timer* timer : {static_cast<Timer*>(&slow), static_cast<Timer*>(&quick),
+                             static_cast<Timer*>(&stopped), static_cast<Timer*>(&end)}) {
+            timer->SetMode(Timer::kOnce);
+        }
+        stopped.SetMode(Timer::kOff);
+    };
+    EXPECT_EQ(Run(), 0);
+    EXPECT_EQ(log_, "quick slow ");
+    EXPECT_EQ(TestTimer([] {}).Mode(), Timer::kOff) << "a new timer is off";
+}
+
+TEST_F(EventLoopTest, QuitClosesOnceAndUnwindsThroughNestedDialogs) {
+    struct Witness {
+        std::string& log;
+        ~Witness() { log += "unwound "; }
+    };
+    app_->close = [this] {
+        log_ += "close ";
+        NSApplication::terminate();
+        log_ += "still here ";
+    };
+    app_->open = [&] {
+        user_->Later([&] {
+            const Witness inner{log_};
+            user_->Later([] { Quit(5); });
+            MsgBox("inner");
+            log_ += "never";
+        });
+        const Witness outer{log_};
+        MsgBox("outer");
+        log_ += "never";
+    };
+    EXPECT_EQ(Run(), 5);
+    EXPECT_EQ(log_, "close still here unwound unwound ");
+}
+
+TEST_F(EventLoopTest, AfterAFailureNothingIsServedAnyMore) {
+    TestTimer timer([this] { log_ += "timer "; });
+    app_->open = [&] { timer.SetMode(Timer::kOnce); };
+    app_->document = [this](const std::string& name) {
+        log_ += name + " ";
+        throw IOException("lost");
+    };
+    loop_.PostOpenDocument(New<FolderItem>("/1"));
+    loop_.PostOpenDocument(New<FolderItem>("/2"));
+    EXPECT_THROW(Run(), IOException);
+    user_->ExpectMessage("report");
+    MsgBox("report");
+    EXPECT_EQ(log_, "1 ") << "the report of it stays until it is answered";
+}
+
+TEST_F(EventLoopTest, DocumentsAreDeliveredInsideADialogButNotBeforeOpen) {
+    loop_.PostOpenDocument(New<FolderItem>("/1"));
+    app_->document = [&](const std::string& name) {
+        log_ += name + " ";
+        if (name != "1") return;
+        user_->ExpectMessage("question", Answer::Action);
+        user_->Later([&] { loop_.PostOpenDocument(New<FolderItem>("/late")); });
+        MsgBox("question");
+        log_ += "answered ";
+        Quit(0);
+    };
+    app_->open = [&] {
+        user_->ExpectMessage("while opening");
+        MsgBox("while opening");
+        log_ += "opened ";
+    };
+    EXPECT_EQ(Run(), 0);
+    EXPECT_EQ(log_, "opened 1 late answered ");
+}
+
+TEST_F(EventLoopTest, LoopsEndFromTheInsideOut) {
+    ModalLoop outer;
+    ModalLoop inner;
+    user_->Later([&] {
+        user_->Later([&] {
+            outer.Leave();
+            log_ += "outer left ";
+        });
+        user_->Later([&] { inner.Leave(); });
+        inner.Run();
+        log_ += "inner ended ";
+    });
+    outer.Run();
+    EXPECT_EQ(log_, "outer left inner ended ");
+}
+
+TEST_F(EventLoopTest, TheScriptIsStrict) {
+    EXPECT_THROW(MsgBox("surprise"), headless::ScriptFault);
+    user_->ExpectMessage("other");
+    EXPECT_THROW(MsgBox("surprise"), headless::ScriptFault);
+    user_->ExpectMessage("no cancel", Answer::Cancel);
+    EXPECT_THROW(MsgBox("no cancel"), headless::ScriptFault);
+    user_->ExpectMessage("left over");
+    EXPECT_THROW(user_->Finish(), headless::ScriptFault);
+    user_->ExpectMessage("more");
+    MsgBox("left over");
+    MsgBox("more");
+    EXPECT_THROW(ModalLoop().Run(), headless::ScriptFault) << "nothing can happen any more";
+}
+
+TEST_F(EventLoopTest, WithoutADesktopTheReasonIsTold) {
+    Desktop::Install(nullptr);
+    user_ = nullptr;
+    EXPECT_THROW(MsgBox("text"), DesktopUnavailableException);
+    EXPECT_THROW(Run(), DesktopUnavailableException) << "nothing to do but wait for the user";
+    InstallDesktop();
+}
+
+}  // namespace
+}  // namespace dunvey

@@ -1,0 +1,211 @@
+#include "platform/menus/menu_item.h"
+
+#include "platform/controls/responder_chain.h"
+#include "platform/menus/menu_caption.h"
+#include "platform/values/exceptions.h"
+#include "support/menu_world.h"
+
+namespace dunvey {
+namespace {
+
+class MenuItems : public test::MenuWorld {
+ protected:
+    Ref<MenuItem> Add(const std::string& name, const std::string& text = "x") {
+        menu_->Append(New<MenuItem>(name, text));
+        return menu_->Items().back();
+    }
+
+    const Ref<MenuItem> menu_ = New<MenuItem>("Menu");
+};
+
+TEST(MenuCaption, TheFirstAmpersandMarksTheCharacterBehindIt) {
+    struct Row {
+        std::string text;
+        std::string title;
+        std::optional<size_t> mnemonic;
+    };
+    const Row kRows[] = {
+        {"&Undo", "Undo", 0},    {"Save &As", "Save As", 5},
+        {"&A&B", "A&B", 0},      {"編集(&E)", "編集(E)", 7},
+        {"Plain", "Plain", {}},  {"End&", "End", {}},
+        {"A && B", "A & B", {}}, {"A & B", "A  B", {}},
+        {"&", "", {}},           {"", "", {}},
+    };
+    for (const Row& row : kRows) {
+        EXPECT_EQ(MenuCaption(row.text).title, row.title) << row.text;
+        EXPECT_EQ(MenuCaption(row.text).mnemonic, row.mnemonic) << row.text;
+    }
+}
+
+TEST(KeyboardShortcut, IsModifiersAndAKey) {
+    const std::pair<const char*, KeyCombination> kRows[] = {
+        {"Cmd+W", {true, false, false, false, "W"}},
+        {"Cmd+Shift+Z", {true, true, false, false, "Z"}},
+        {"Control+Option+F1", {false, false, true, true, "F1"}},
+        {"Cmd++", {true, false, false, false, "+"}},
+        {"+", {false, false, false, false, "+"}},
+        {"Cmd", {false, false, false, false, "Cmd"}},
+    };
+    for (const auto& [text, keys] : kRows)
+        EXPECT_EQ(ParseKeyboardShortcut(text), keys) << text;
+    for (const char* text : {"", "Cmd+", "Hyper+X", "+X", "cmd+X", "++X", "Cmd++X"})
+        EXPECT_FALSE(ParseKeyboardShortcut(text)) << text;
+}
+
+TEST_F(MenuItems, AreFoundByNameInTheOrderOfTheTree) {
+    menu_->Append(nullptr);
+    const Ref<MenuItem> below = New<MenuItem>("Twice", "below");
+    Add("Inner")->Append(below);
+    Add("Twice", "behind");
+    EXPECT_EQ(menu_->Find("Twice"), below);
+    EXPECT_FALSE(menu_->Find("Menu")) << "it doesn't find itself";
+    EXPECT_FALSE(menu_->Item(0));
+    EXPECT_EQ(menu_->Count(), 3);
+    EXPECT_THROW(menu_->Item(3), OutOfBoundsException);
+    EXPECT_THROW(menu_->Item(-1), OutOfBoundsException);
+}
+
+TEST_F(MenuItems, StraySeparatorsDontShow) {
+    // One letter an item; a capital one is hidden, "." is a nil.
+    const std::pair<std::string, std::string> kRows[] = {
+        {"", ""},     {"-", ""},    {"--a-b--", "a-b"}, {"a--b", "a-b"},   {"a-B-c", "a-c"},
+        {"A-b", "b"}, {"a-B", "a"}, {"a-.-b", "a-b"},   {"a-b-c", "a-b-c"}};
+    for (const auto& [items, shown] : kRows) {
+        MenuItem menu;
+        for (const char c : items) {
+            menu.Append(c == '.' ? nullptr : New<MenuItem>("", std::string(1, c)));
+            if (c >= 'A') menu.Items().back()->Visible = c >= 'a';
+        }
+        std::string texts;
+        for (const Ref<MenuItem>& item : menu.ItemsShown())
+            texts += item->Text;
+        EXPECT_EQ(texts, shown) << items;
+    }
+    const Ref<MenuItem> separator = Add("hidden", "-");
+    separator->Visible = false;
+    Add("a");
+    menu_->Append(separator);
+    Add("b");
+    EXPECT_EQ(menu_->ItemsShown().size(), 2U) << "a hidden separator separates nothing";
+}
+
+TEST_F(MenuItems, AValidationEnablesWhatSomebodyServes) {
+    menu_->Append(nullptr);
+    const Ref<MenuItem> plain = Add("Plain");
+    const Ref<MenuItem> served = Add("Served");
+    served->Action = [] { return true; };
+    const Ref<MenuItem> parent = Add("Parent");
+    parent->Append(New<MenuItem>("Child"));
+    EXPECT_FALSE(Choose(parent));
+    EXPECT_TRUE(parent->Enabled);
+    parent->Action = served->Action;
+    const Ref<MenuItem> manual = Add("Manual");
+    manual->AutoEnable = false;
+    const Ref<MenuItem> quit = New<QuitMenuItem>("Quit");
+    quit->AutoEnable = quit->Enabled = false;
+    menu_->Append(quit);
+    served->Enabled = parent->Enabled = false;
+    menu_->Validate();
+    EXPECT_FALSE(plain->Enabled);
+    EXPECT_TRUE(served->Enabled);
+    EXPECT_TRUE(parent->Enabled);
+    EXPECT_TRUE(manual->Enabled) << "as the program set it";
+    EXPECT_TRUE(quit->Enabled);
+    EXPECT_FALSE(Choose(plain));
+    EXPECT_FALSE(Choose(parent));
+}
+
+TEST_F(MenuItems, OnlyWhatIsEnabledAndVisibleCanBeChosen) {
+    int chosen = 0;
+    const Ref<MenuItem> item = Add("Item");
+    item->Action = [&] { return ++chosen < 3; };
+    item->Enabled = false;
+    EXPECT_TRUE(Choose(item)) << "validated afresh";
+    item->Visible = false;
+    EXPECT_FALSE(Choose(item));
+    item->Visible = true;
+    item->AutoEnable = item->Enabled = false;
+    EXPECT_FALSE(Choose(item));
+    item->Enabled = true;
+    EXPECT_TRUE(Choose(item));
+    EXPECT_FALSE(Choose(item)) << "the handler's own answer";
+    item->Text = "-";
+    EXPECT_FALSE(Choose(item));
+    EXPECT_EQ(chosen, 3);
+}
+
+TEST_F(MenuItems, AnItemLivesWhileItIsCarriedOut) {
+    Ref<MenuItem> item = New<MenuItem>("Item");
+    const std::weak_ptr<MenuItem> watched = item.Shared();
+    item->Action = [&] {
+        item = nullptr;
+        return !watched.expired();
+    };
+    MenuItem* const only = item.Get();
+    EXPECT_TRUE(Choose(Ref<MenuItem>(std::shared_ptr<MenuItem>(std::shared_ptr<void>(), only))));
+    EXPECT_TRUE(watched.expired());
+}
+
+TEST_F(MenuItems, QuitEndsTheProgramOnce) {
+    const Ref<MenuItem> quit = New<QuitMenuItem>("FileQuit", "Quit");
+    EXPECT_THROW(Choose(quit), EndException);
+    EXPECT_TRUE(application_->closed);
+    EXPECT_TRUE(Choose(quit)) << "it is under way already";
+}
+
+TEST_F(MenuItems, EditingCommandsGoToAFocusedControlThatTakesThem) {
+    test::RecordingResponder field({"cut:", "paste:", "delete:"});
+    const Ref<MenuItem> cut = Add("EditCut");
+    const Ref<MenuItem> copy = Add("EditCopy");
+    const Ref<MenuItem> paste = Add("EditPaste");
+    const Ref<MenuItem> clear = Add("EditClear");
+    {
+        const ResponderChain::Place focus = ResponderChain::AddFocus(field);
+        menu_->Validate();
+        EXPECT_TRUE(cut->Enabled);
+        EXPECT_FALSE(copy->Enabled);
+        EXPECT_TRUE(Choose(paste));
+        EXPECT_TRUE(Choose(clear));
+    }
+    EXPECT_FALSE(Choose(cut)) << "the focus is gone";
+    EXPECT_EQ(field.log, "paste:(nil) delete:(nil) ");
+}
+
+TEST(ResponderChain, AsksTheFocusThenTheWindowInFrontThenTheApplication) {
+    const auto first = [](const char* action) {
+        return ResponderChain::FirstThatTakes(NSSelectorFromString(action));
+    };
+    Responder* const application = NSApplication::sharedApplication();
+    test::RecordingResponder back({"a", "b"});
+    test::RecordingResponder field({"a"});
+    test::RecordingResponder front({"b", "arrangeInFront:"});
+    EXPECT_EQ(first("a"), nullptr);
+    EXPECT_EQ(first(""), nullptr);
+    ResponderChain::Place backPlace = ResponderChain::AddWindow(back);
+    EXPECT_EQ(first("a"), &back);
+    ResponderChain::Place fieldPlace = ResponderChain::AddFocus(field);
+    EXPECT_EQ(first("a"), &field);
+    EXPECT_EQ(first("b"), &back) << "what the focus doesn't take goes to its window";
+    {
+        const ResponderChain::Place frontPlace = ResponderChain::AddWindow(front);
+        EXPECT_EQ(first("a"), nullptr) << "windows behind are never asked, nor their controls";
+        EXPECT_EQ(first("b"), &front);
+        EXPECT_EQ(first("arrangeInFront:"), &front);
+        backPlace.BringToFront();
+        EXPECT_EQ(first("a"), &field);
+        EXPECT_EQ(first("b"), &back);
+        EXPECT_EQ(first("arrangeInFront:"), application);
+    }
+    ResponderChain::Place moved = std::move(fieldPlace);
+    fieldPlace = ResponderChain::Place();
+    EXPECT_EQ(first("a"), &field);
+    fieldPlace = std::move(moved);
+    moved = ResponderChain::Place();
+    EXPECT_EQ(first("a"), &field) << "the place has moved on";
+    backPlace = ResponderChain::Place();
+    EXPECT_EQ(first("a"), nullptr) << "a window takes its controls with it";
+    EXPECT_EQ(first("b"), nullptr);
+}
+
+}  // namespace
+}  // namespace dunvey

@@ -1,0 +1,186 @@
+#include "platform/values/variant.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "platform/values/exceptions.h"
+
+namespace dunvey {
+namespace {
+
+class Thing : public Object {
+ public:
+    explicit Thing(int* alive) : alive_(alive) { ++*alive_; }
+    ~Thing() override { --*alive_; }
+
+    Variant next;
+
+ private:
+    int* alive_;
+};
+
+struct ConversionCase {
+    Variant value;
+    int type;
+    bool boolean;
+    int64_t whole;
+    double number;
+    std::string text;
+};
+
+TEST(Variant, ConvertsBetweenTheTypes) {
+    const ConversionCase cases[] = {
+        {Variant(), 0, false, 0, 0, ""},
+        {true, 11, true, 1, 1, "True"},
+        {false, 11, false, 0, 0, "False"},
+        {-7, 2, true, -7, -7, "-7"},
+        {0.5f, 4, true, 0, 0.5, "0.5"},
+        {-2.75, 5, true, -2, -2.75, "-2.75"},
+        {100.0, 5, true, 100, 100, "100"},
+        {-0.0, 5, false, 0, 0, "0"},
+        {"", 8, false, 0, 0, ""},
+        {"TrUe", 8, true, 0, 0, "TrUe"},
+        {"truely", 8, false, 0, 0, "truely"},
+        {"&h1F", 8, true, 31, 31, "&h1F"},
+        {"0.0", 8, false, 0, 0, "0.0"},
+        {" 12.5 mm", 8, true, 12, 12.5, " 12.5 mm"},
+        {int64_t{5000000000}, 3, true, 5000000000, 5e9, "5000000000"},
+        {int64_t{-5000000000}, 3, true, -5000000000, -5e9, "-5000000000"},
+        {1e30, 5, true, INT64_MAX, 1e30, "1e+30"},
+        {-HUGE_VAL, 5, true, INT64_MIN, -HUGE_VAL, "-Infinity"},
+        {"9007199254740993", 8, true, 9007199254740993, 9007199254740992.0, "9007199254740993"},
+        {"99999999999999999999", 8, true, INT64_MAX, 1e20, "99999999999999999999"},
+        {Variant(std::string("1\0\x35\0", 4), Encodings::UTF16), 8, true, 15, 15, "15"},
+    };
+    for (const auto& [value, type, boolean, whole, number, text] : cases) {
+        EXPECT_EQ(value.VarType(), type) << text;
+        EXPECT_EQ(value.BooleanValue(), boolean) << text;
+        EXPECT_EQ(value.Int32Value(), std::clamp<int64_t>(whole, INT32_MIN, INT32_MAX)) << text;
+        EXPECT_EQ(value.Int64Value(), whole) << text;
+        EXPECT_EQ(value.DoubleValue(), number) << text;
+        EXPECT_EQ(value.SingleValue(), static_cast<float>(number)) << text;
+        EXPECT_EQ(value.StringValue(), text);
+    }
+    EXPECT_EQ(Variant(NAN).Int64Value(), 0);
+}
+
+TEST(Variant, RefusesWhatMakesNoSense) {
+    int alive = 0;
+    const Variant object(New<Thing>(&alive));
+    const Variant array(std::vector<int32_t>{1});
+    for (const Variant& value : {object, array, Variant(Date{}), Variant(Color{})}) {
+        EXPECT_THROW(value.BooleanValue(), TypeMismatchException);
+        EXPECT_THROW(value.Int64Value(), TypeMismatchException);
+        EXPECT_THROW(value.DoubleValue(), TypeMismatchException);
+    }
+    EXPECT_THROW(object.StringValue(), TypeMismatchException);
+    EXPECT_THROW(array.StringValue(), TypeMismatchException);
+    EXPECT_THROW(array.ObjectValue(), TypeMismatchException);
+    EXPECT_THROW(Variant(1).ObjectValue(), TypeMismatchException);
+    EXPECT_THROW(Variant(1).ArrayElements(), TypeMismatchException);
+    EXPECT_FALSE(Variant().ObjectValue());
+    EXPECT_EQ(Variant(Date{951782400}).StringValue(), "2000-02-29 00:00:00");
+    EXPECT_EQ(Variant(Date{INT64_MAX}).StringValue(), "9223372036854775807");
+    EXPECT_EQ(Variant(Color{0x00FF}).StringValue(), "&h0000FF");
+}
+
+TEST(Variant, TextsOfAnyLengthKeepBytesAndEncoding) {
+    std::vector<size_t> lengths = {1000, 70000};
+    for (size_t length = 0; length < 20; ++length)
+        lengths.push_back(length);
+    for (const size_t length : lengths) {
+        std::string bytes;
+        for (size_t i = 0; i < length; ++i)
+            bytes += static_cast<char>(i % 16 == 6 ? 0 : 0xF0 - i);
+        for (const TextEncoding encoding :
+             {TextEncoding::None, Encodings::UTF8, Encodings::UTF16}) {
+            const Variant text(bytes, encoding);
+            Variant copy = text;
+            Variant moved = std::move(copy);
+            copy = moved;
+            copy = *&copy;
+            EXPECT_EQ(copy.EncodedValue(), (EncodedText{bytes, encoding})) << length;
+            EXPECT_TRUE(moved == text);
+            EXPECT_TRUE(moved == Variant(bytes)) << "the encoding doesn't count";
+            EXPECT_FALSE(moved == Variant(bytes + "x"));
+            for (size_t i = 0; i < std::min<size_t>(length, 20); ++i) {
+                std::string other = bytes;
+                other[i] ^= 1;
+                EXPECT_FALSE(moved == Variant(other)) << length << " " << i;
+            }
+        }
+    }
+}
+
+TEST(Variant, ArraysTellTheTypeOfTheirElements) {
+    const std::pair<Variant, int> cases[] = {
+        {std::vector<bool>{true}, 11},         {std::vector<int32_t>{}, 2},
+        {std::vector<int64_t>{1}, 3},          {std::vector<float>{1}, 4},
+        {std::vector<double>{1}, 5},           {std::vector<std::string>{"a"}, 8},
+        {std::vector<Ref<Thing>>{nullptr}, 9}, {std::vector<Date>{}, 7},
+        {std::vector<Variant>{1, "a"}, 0}};
+    for (const auto& [array, type] : cases)
+        EXPECT_EQ(array.VarType(), 4096 + type);
+    const Variant texts(std::vector<std::string>{"a", "b"});
+    const Variant copy = texts;
+    EXPECT_TRUE(copy == texts);
+    EXPECT_FALSE(copy == Variant(std::vector<std::string>{"a", "c"}));
+    EXPECT_FALSE(Variant(std::vector<int32_t>{1}) == Variant(std::vector<int64_t>{1}));
+}
+
+TEST(Variant, NumbersAreEqualByWorth) {
+    constexpr int64_t kOdd = 9007199254740993;
+    const std::pair<Variant, Variant> same[] = {
+        {1, 1.0}, {int64_t{1}, 1.0f}, {Variant(), Ref<Thing>()}};
+    const std::pair<Variant, Variant> others[] = {{kOdd, 9007199254740992.0},
+                                                  {kOdd, kOdd - 1},
+                                                  {NAN, NAN},
+                                                  {1, true},
+                                                  {1, "1"},
+                                                  {0, Variant()}};
+    for (const auto& [left, right] : same)
+        EXPECT_TRUE(left == right) << left.StringValue();
+    for (const auto& [left, right] : others)
+        EXPECT_FALSE(left == right) << left.StringValue();
+}
+
+TEST(Variant, HoldsAnObjectAsLongAsAValueOrAReferenceDoes) {
+    int alive = 0;
+    {
+        Variant first(New<Thing>(&alive));
+        Variant second = first;
+        Ref<Object> reference = second.ObjectValue();
+        EXPECT_TRUE(first == second);
+        first = 1;
+        second = Variant();
+        EXPECT_EQ(alive, 1);
+        second = reference;
+        reference = nullptr;
+        EXPECT_EQ(alive, 1);
+        second = second.ObjectValue();
+        EXPECT_EQ(alive, 1);
+    }
+    EXPECT_EQ(alive, 0);
+}
+
+TEST(Variant, LongChainsOfObjectsDieWithoutADeepStack) {
+    int alive = 0;
+    {
+        Variant chain;
+        for (int i = 0; i < 1000000; ++i) {
+            const Ref<Thing> thing = New<Thing>(&alive);
+            thing->next = std::move(chain);
+            chain = thing;
+        }
+        EXPECT_EQ(alive, 1000000);
+    }
+    EXPECT_EQ(alive, 0);
+}
+
+}  // namespace
+}  // namespace dunvey
