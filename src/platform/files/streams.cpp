@@ -1,6 +1,8 @@
 #include "platform/files/streams.h"
 
 #include <fcntl.h>
+#include <poll.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -30,6 +32,19 @@ FileDescriptor OpenForWriting(const std::string& path, int flags, int& error) {
     }
     error = S_ISREG(status.st_mode) ? 0 : EINVAL;
     return error == 0 ? std::move(file) : FileDescriptor();
+}
+
+/// Takes a lock of flock() that lasts until the descriptor is closed. Returns 0, or the errno where
+/// another process holds the file for half a second. A file system without locks gives 0 as well.
+int LockFile(int descriptor, int operation) {
+    constexpr int kTries = 50;
+    constexpr int kWait = 10;  // milliseconds
+    for (int i = 0; i < kTries; ++i) {
+        if (flock(descriptor, operation | LOCK_NB) == 0 || (errno != EWOULDBLOCK && errno != EINTR))
+            return 0;
+        poll(nullptr, 0, kWait);
+    }
+    return EWOULDBLOCK;
 }
 
 std::string Resolved(const std::string& path) {
@@ -63,12 +78,18 @@ std::string BinaryStream::Read(int64_t count) {
     return bytes;
 }
 
+void BinaryStream::LockForReading() const {
+    const int error = LockFile(file_.Get(), LOCK_SH);
+    if (error != 0) Raise("read", path_, error);
+}
+
 Ref<TextInputStream> TextInputStream::Open(const Ref<FolderItem>& file) {
     return New<TextInputStream>(BinaryStream::Open(file));
 }
 
 std::string TextInputStream::ReadAll() {
     constexpr int64_t kBlock = 1 << 16;
+    stream_->LockForReading();
     std::string text;
     for (;;) {
         const std::string block = stream_->Read(std::max(kBlock, stream_->Length()));
@@ -102,6 +123,8 @@ int TextOutputStream::Cut(off_t size) {
 
 int TextOutputStream::PutInPlace() {
     const std::string_view text = text_;
+    const int locking = LockFile(file_.Get(), LOCK_EX);
+    if (locking != 0) return locking;
     const off_t end = lseek(file_.Get(), 0, SEEK_END);
     if (end < 0) return errno;
     const auto oldSize = static_cast<size_t>(end);

@@ -21,6 +21,9 @@ class BinaryStream {
     int64_t Length() const;
     /// The next `count` bytes, fewer at the end of the file. Raises IOException.
     std::string Read(int64_t count);
+    /// Keeps a TextOutputStream from changing the file until this stream is closed. Raises
+    /// IOException if one holds the file for half a second.
+    void LockForReading() const;
     void Close() { file_.Close(); }
 
     BinaryStream(FileDescriptor file, std::string path)
@@ -37,7 +40,7 @@ class TextInputStream {
     /// Raises IOException as BinaryStream::Open does.
     static Ref<TextInputStream> Open(const Ref<FolderItem>& file);
 
-    /// All bytes of the file, with no conversion. Raises IOException.
+    /// All bytes of the file, with no conversion; locks the file. Raises IOException.
     std::string ReadAll();
     void Close() { stream_->Close(); }
 
@@ -50,7 +53,8 @@ class TextInputStream {
 /// Writes a text file. The text is gathered and put in place when the stream is closed: what goes
 /// beyond the old text's end first, then the rest over the old text, then the cut. So a disk that
 /// is full leaves the old text as it was, and no fault leaves an empty file where a whole one
-/// stood. What one write of two can't put over the old text is written once more.
+/// stood. What one write of two can't put over the old text is written once more. The file is
+/// locked meanwhile, so that two processes that end together don't mix their texts.
 class TextOutputStream {
  public:
     /// Creates the file or opens the one that stands there. Raises IOException.

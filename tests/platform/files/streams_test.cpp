@@ -4,6 +4,10 @@
 #include <signal.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <vector>
 
 #include "platform/values/exceptions.h"
 #include "support/temporary_folder.h"
@@ -50,6 +54,29 @@ TEST(TextOutputStream, ReplacesLongerAndShorterText) {
     }
     { TextOutputStream::Create(file)->Write("closed by the end"); }
     EXPECT_EQ(folder.Read("file"), "closed by the end");
+}
+
+TEST(TextOutputStream, ProcessesThatCloseTogetherDoNotMixTheirTexts) {
+    const TemporaryFolder folder;
+    const auto file = New<FolderItem>(folder / "file");
+    const std::vector<std::string> texts = {std::string(9'000, 'a'), std::string(70'000, 'b')};
+    for (int trial = 0; trial < 50; ++trial) {
+        std::vector<pid_t> children;
+        for (const std::string& text : texts) {
+            children.push_back(fork());
+            if (children.back() != 0) continue;
+            const Ref<TextOutputStream> stream = TextOutputStream::Create(file);
+            stream->Write(text);
+            stream->Close();
+            _exit(0);
+        }
+        while (waitpid(-1, nullptr, WNOHANG) >= 0) {
+            usleep(500);
+            if (trial == 0) continue;
+            const std::string seen = TextInputStream::Open(file)->ReadAll();
+            ASSERT_TRUE(seen == texts[0] || seen == texts[1]) << seen.size();
+        }
+    }
 }
 
 TEST(TextOutputStream, AFullDiskLeavesTheOldText) {
