@@ -28,13 +28,11 @@ void Window1::Layout() {
     SetMaxWidth(32000);
     SetMaxHeight(32000);
     Resizeable = true;
-    LiveResize = true;
     CloseButton = false;
     MaximizeButton = false;
     MinimizeButton = false;
     FullScreenButton = false;
     Placement = kDefaultPlacement;
-    HasBackColor = false;
 }
 
 void Window1::Event_Open() {

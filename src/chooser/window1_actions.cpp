@@ -54,6 +54,7 @@ bool Window1::ShowAlertIMixed() {
     MessageDialog dialog;
     dialog.Icon = MessageDialog::kCaution;
     dialog.ActionButton->Caption = Localized::kCancel("");
+    dialog.DismissButton = dialog.ActionButton;
     dialog.CancelButton->Visible = true;
     dialog.CancelButton->Caption = Localized::kQuitDunvey("");
     dialog.AlternateActionButton->Visible = true;

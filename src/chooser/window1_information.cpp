@@ -38,7 +38,7 @@ void Window1::SetFileInfo() {
     // of the window shows.
     std::string description = LabelFileName()->Text() + ", " + LabelAppName()->Text();
     if (!LabelMsg()->Text().empty()) description += ". " + LabelMsg()->Text();
-    AppList()->SetDescription(description);
+    AppList()->SetSpokenName(description);
 }
 
 void Window1::Warn() {

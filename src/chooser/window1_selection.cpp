@@ -63,7 +63,7 @@ void Window1::SetUsable(int64_t row, bool usable) {
     list.SetCellTag(row, 1, usable);
     std::string description = list.Cell(row, 0) + ", " + list.Cell(row, 1);
     if (!list.Cell(row, 2).empty()) description += ", " + list.Cell(row, 2);
-    list.SetRowDescription(
+    list.SetRowHelpTag(
         row, description + ", " + (usable ? Spoken::kCanOpen("") : Spoken::kCannotOpen("")));
 }
 

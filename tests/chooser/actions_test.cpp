@@ -37,9 +37,12 @@ class ChooserActions : public Chooser {
     const Ref<FolderItem> document_ = Document("a.indd", 8);
 };
 
-TEST_F(ChooserActions, WhereTheDesktopClosesTheWindowTheDocumentKeepsWhatWasJudged) {
+TEST_F(ChooserActions, TheDesktopsCloseLeavesTheDocumentOutAndTheMenusCloseKeepsWhatWasJudged) {
     headless::TheMachine().commandKey = true;
     Expect({[this](Window1& window) { user_->CloseByTheDesktop(window); }});
+    Open({document_});
+    EXPECT_EQ(Opened(), Starts{});
+    Expect({[](Window1& window) { window.perform(Selector("performClose:"), nullptr); }});
     Open({document_});
     EXPECT_EQ(Opened(), Starts{"CS6: a.indd"});
 }
@@ -72,7 +75,7 @@ TEST_F(ChooserActions, AnotherVersionBesideARunningOneIsWarnedOf) {
                   "InDesign.app to launched should keep only one as much as possible.");
     };
     Expect({Return(), Escape()});
-    user_->ExpectMessage(kMixed, Answer::Action, look);
+    user_->ExpectMessage(kMixed, Answer::Dismiss, look);
     Open({document_});
     EXPECT_EQ(Opened(), Starts{});
     EXPECT_EQ(user_->timesInFront(), 1);

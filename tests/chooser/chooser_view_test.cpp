@@ -155,11 +155,11 @@ TEST_F(Chooser, ListsEveryVersionInOrderWithItsState) {
                   Colour(Icon::Get(New<FolderItem>(AppPath("CS5.5")), 16)));
         EXPECT_EQ(list.ColumnAlignment(0), Listbox::kAlignDefault);
         EXPECT_EQ(list.ColumnAlignment(2), Listbox::kAlignCentre);
-        EXPECT_EQ(list.Description(),
+        EXPECT_EQ(list.SpokenName(),
                   "a.indd, InDesign CS6 (v8). The same version of InDesign.app is not installed.");
-        EXPECT_EQ(list.RowDescription(2),
+        EXPECT_EQ(list.RowHelpTag(2),
                   "Adobe InDesign CC, 9.0.3, Booting, can open this document");
-        EXPECT_EQ(list.RowDescription(1), "Adobe InDesign CS5.5, 7.5.3, can't open this document");
+        EXPECT_EQ(list.RowHelpTag(1), "Adobe InDesign CS5.5, 7.5.3, can't open this document");
     });
     Open({Document("a.indd", 8)});
 }

@@ -106,9 +106,9 @@ void ScriptedDesktop::AnswerDialog(MessageDialog& dialog) {
                           "\"");
     }
     if (expectation.look) expectation.look(dialog);
-    if (expectation.answer == Answer::Dismiss) return dialog.Dismiss(ByUser());
-    const Ref<MessageDialogButton> button =
-        dialog.Buttons()[static_cast<size_t>(expectation.answer)];
+    const Ref<MessageDialogButton> buttons[] = {dialog.ActionButton, dialog.AlternateActionButton,
+                                                dialog.CancelButton, dialog.PressedByEscape()};
+    const Ref<MessageDialogButton>& button = buttons[static_cast<size_t>(expectation.answer)];
     if (!button->Visible) throw ScriptFault("a button that isn't visible was to be pressed");
     dialog.Press(ByUser(), button);
 }
@@ -172,7 +172,7 @@ void ScriptedDesktop::CheckReach(const RectControl& control) const {
         std::any_of(controls.begin(), controls.end(),
                     [&control](const Ref<RectControl>& each) { return each.Get() == &control; });
     if (!inside) throw ScriptFault("not in the window in front: " + control.Name());
-    if (!control.Enabled() || !control.Visible()) {
+    if (!control.Enabled()) {
         throw ScriptFault("can't be used: " + control.Name());
     }
 }

@@ -107,8 +107,8 @@ class AnsweringDesktop final : public Desktop {
 
     void AnswerTheFront() {
         if (MessageDialog** dialog = std::get_if<MessageDialog*>(&open_.back())) {
-            const auto buttons = (*dialog)->Buttons();
-            (*dialog)->Press(ByUser(), buttons[1]->Visible ? buttons[1] : buttons[0]);
+            const auto& alternate = (*dialog)->AlternateActionButton;
+            (*dialog)->Press(ByUser(), alternate->Visible ? alternate : (*dialog)->ActionButton);
             return;
         }
         const Ref<Window> window(std::get<Window*>(open_.back())->shared_from_this());

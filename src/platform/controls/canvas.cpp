@@ -3,7 +3,7 @@
 namespace dunvey {
 
 bool Canvas::MouseDown(UserAction, int64_t x, int64_t y) {
-    if (!IsUsable()) return false;
+    if (!Enabled()) return false;
     const auto alive = KeepAlive();
     return Event_MouseDown(x, y);
 }

@@ -3,7 +3,7 @@
 namespace dunvey {
 
 void CheckBox::Toggle(UserAction) {
-    if (!IsUsable()) return;
+    if (!Enabled()) return;
     const auto alive = KeepAlive();
     SetValue(!value_);
     Event_Action();

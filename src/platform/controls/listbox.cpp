@@ -43,6 +43,11 @@ void Listbox::SetColumnAlignment(int64_t column, int alignment) {
     Put(columns_[static_cast<size_t>(column)].alignment, alignment);
 }
 
+void Listbox::SetHeading(int64_t column, const std::string& heading) {
+    Column(column);
+    Put(columns_[static_cast<size_t>(column)].heading, heading);
+}
+
 void Listbox::SetColumnSortDirection(int64_t column, int direction) {
     Column(column);
     columns_[static_cast<size_t>(column)].sortDirection = direction;
@@ -80,9 +85,9 @@ void Listbox::SetRowPicture(int64_t row, const Ref<Picture>& picture) {
     Put(rows_[static_cast<size_t>(row)].picture, picture);
 }
 
-void Listbox::SetRowDescription(int64_t row, const std::string& description) {
+void Listbox::SetRowHelpTag(int64_t row, const std::string& helpTag) {
     Row(row);
-    Put(rows_[static_cast<size_t>(row)].description, description);
+    Put(rows_[static_cast<size_t>(row)].helpTag, helpTag);
 }
 
 void Listbox::SetListIndex(int64_t row) {
@@ -136,13 +141,13 @@ int64_t Listbox::RowWithWord(std::string_view text, int64_t start) const {
 }
 
 void Listbox::Select(UserAction, int64_t row) {
-    if (!IsUsable() || row >= ListCount() || row == listIndex_) return;
+    if (!Enabled() || row >= ListCount() || row == listIndex_) return;
     const auto alive = KeepAlive();
     SetListIndex(row);
 }
 
 void Listbox::DoubleClick(UserAction) {
-    if (!IsUsable()) return;
+    if (!Enabled()) return;
     const auto alive = KeepAlive();
     Event_DoubleClick();
 }

@@ -21,6 +21,13 @@ class Listbox : public RectControl {
     enum : int { kSortDescending = -1, kSortNone = 0, kSortAscending = 1 };
     enum : int { kAlignDefault = 0, kAlignLeft = 1, kAlignCentre = 2, kAlignRight = 3 };
 
+    /// What a screen reader calls the list.
+    const std::string& SpokenName() const { return spokenName_; }
+    void SetSpokenName(const std::string& name) { Put(spokenName_, name); }
+    /// A line shown below the rows, such as what the list waits for. Empty for none.
+    const std::string& Note() const { return note_; }
+    void SetNote(const std::string& note) { Put(note_, note); }
+
     int64_t ColumnCount() const { return static_cast<int64_t>(columns_.size()); }
     void SetColumnCount(int64_t count);
     /// The columns' widths in points, separated by commas; "*" or none takes what the others leave.
@@ -29,6 +36,9 @@ class Listbox : public RectControl {
     std::vector<int64_t> ColumnWidthsIn(int64_t width) const;
     int ColumnAlignment(int64_t column) const { return Column(column).alignment; }
     void SetColumnAlignment(int64_t column, int alignment);
+    /// The column's name, which only a screen reader gets: the list shows no headings.
+    const std::string& Heading(int64_t column) const { return Column(column).heading; }
+    void SetHeading(int64_t column, const std::string& heading);
     void SetColumnSortDirection(int64_t column, int direction);
     int64_t DefaultRowHeight() const { return rowHeight_; }
     void SetDefaultRowHeight(int64_t height) { Put(rowHeight_, height); }
@@ -50,9 +60,10 @@ class Listbox : public RectControl {
     void SetCellTag(int64_t row, int64_t column, Variant tag);
     const Ref<Picture>& RowPicture(int64_t row) const { return Row(row).picture; }
     void SetRowPicture(int64_t row, const Ref<Picture>& picture);
-    /// What a screen reader says of the row; empty for its texts.
-    const std::string& RowDescription(int64_t row) const { return Row(row).description; }
-    void SetRowDescription(int64_t row, const std::string& description);
+    /// What is worth knowing of the row besides its texts: shown as tool tip, and the description
+    /// that a screen reader gets. Empty for none.
+    const std::string& RowHelpTag(int64_t row) const { return Row(row).helpTag; }
+    void SetRowHelpTag(int64_t row, const std::string& helpTag);
 
     /// The selected row, -1 for none.
     int64_t ListIndex() const { return listIndex_; }
@@ -105,9 +116,10 @@ class Listbox : public RectControl {
     struct RowContent {
         std::vector<CellContent> cells;
         Ref<Picture> picture;
-        std::string description;
+        std::string helpTag;
     };
     struct ColumnSettings {
+        std::string heading;
         int alignment = kAlignDefault;
         int sortDirection = kSortNone;
     };
@@ -121,6 +133,8 @@ class Listbox : public RectControl {
     std::vector<ColumnSettings> columns_ = std::vector<ColumnSettings>(1);
     std::vector<RowContent> rows_;
     std::string columnWidths_;
+    std::string spokenName_;
+    std::string note_;
     int64_t rowHeight_ = 20;
     int64_t lastIndex_ = -1;
     int64_t listIndex_ = -1;

@@ -13,22 +13,15 @@ Ref<MessageDialogButton> MessageDialog::ShowModalWithin(Window* parent) {
     return pressed_;
 }
 
-std::array<Ref<MessageDialogButton>, 3> MessageDialog::Buttons() const {
-    return {ActionButton, AlternateActionButton, CancelButton};
-}
-
 void MessageDialog::Press(UserAction, const Ref<MessageDialogButton>& button) {
     if (!button->Visible || pressed_) return;
     pressed_ = button;
     loop_.Leave();
 }
 
-void MessageDialog::Dismiss(UserAction key) {
-    if (CancelButton->Visible) {
-        Press(key, CancelButton);
-    } else if (!AlternateActionButton->Visible) {
-        Press(key, ActionButton);
-    }
+Ref<MessageDialogButton> MessageDialog::PressedByEscape() const {
+    if (DismissButton) return DismissButton;
+    return CancelButton->Visible ? CancelButton : ActionButton;
 }
 
 void MsgBox(const std::string& message) {

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <array>
 #include <string>
 
 #include "platform/loop/event_loop.h"
@@ -32,22 +31,21 @@ class MessageDialog {
     /// The default button, which Return presses.
     const Ref<MessageDialogButton> ActionButton = New<MessageDialogButton>("OK", true);
     const Ref<MessageDialogButton> AlternateActionButton = New<MessageDialogButton>("", false);
-    /// The button that Escape presses.
     const Ref<MessageDialogButton> CancelButton = New<MessageDialogButton>("Cancel", false);
+
+    /// The button that changes nothing. Nil for the cancel button if that is visible, else the
+    /// action button.
+    Ref<MessageDialogButton> DismissButton;
 
     /// Shows the dialog in a window of its own, or as a sheet of the parent, and blocks until a
     /// button is pressed, which it returns. Raises DesktopUnavailableException without a screen.
     Ref<MessageDialogButton> ShowModal() { return ShowModalWithin(nullptr); }
     Ref<MessageDialogButton> ShowModalWithin(Window* parent);
 
-    /// The three buttons: action, alternate action, cancel.
-    std::array<Ref<MessageDialogButton>, 3> Buttons() const;
-
     /// The user presses a button; one that isn't visible can't be pressed.
     void Press(UserAction, const Ref<MessageDialogButton>& button);
-    /// The user presses Escape or closes the window: the cancel button, or the only button there
-    /// is; nothing where several could be meant.
-    void Dismiss(UserAction key);
+    /// The button that Escape and the window manager's close press.
+    Ref<MessageDialogButton> PressedByEscape() const;
 
  private:
     Ref<MessageDialogButton> pressed_;

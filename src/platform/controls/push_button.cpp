@@ -3,7 +3,7 @@
 namespace dunvey {
 
 void PushButton::Press(UserAction) {
-    if (!IsUsable()) return;
+    if (!Enabled()) return;
     const auto alive = KeepAlive();
     Event_Action();
 }

@@ -48,33 +48,29 @@ class RectControl : public Observable, public std::enable_shared_from_this<RectC
 
     bool Enabled() const { return enabled_; }
     void SetEnabled(bool enabled) { Put(enabled_, enabled); }
-    bool Visible() const { return visible_; }
-    void SetVisible(bool visible) { Put(visible_, visible); }
     /// The position in the order of the Tab key.
     int64_t TabIndex() const { return tabIndex_; }
     void SetTabIndex(int64_t index) { tabIndex_ = index; }
 
-    /// What a screen reader says of the control besides its caption or text.
-    const std::string& Description() const { return description_; }
-    void SetDescription(const std::string& description) { Put(description_, description); }
+    /// What is worth knowing besides the caption or text: shown as tool tip, and the description
+    /// that a screen reader gets. Empty for none.
+    const std::string& HelpTag() const { return helpTag_; }
+    void SetHelpTag(const std::string& helpTag) { Put(helpTag_, helpTag); }
 
     /// Fired once, when the control's window opens.
     virtual void Event_Open() {}
 
  protected:
-    /// Whether the user can do something with it.
-    bool IsUsable() const { return enabled_ && visible_; }
     /// Keeps the control while its own event runs, which may close its window.
     std::shared_ptr<RectControl> KeepAlive() { return weak_from_this().lock(); }
 
  private:
     std::string name_;
-    std::string description_;
+    std::string helpTag_;
     Bounds design_;
     Bounds place_;
     Locks locks_;
     bool enabled_ = true;
-    bool visible_ = true;
     int64_t tabIndex_ = 0;
 };
 

@@ -129,8 +129,13 @@ void Window::LetAllGo() {
         window->held_.reset();
 }
 
-void Window::Dismiss(UserAction) {
-    Close();
+void Window::Dismiss(UserAction key) {
+    const auto alive = weak_from_this().lock();
+    if (const Ref<PushButton> button = Button(&PushButton::Cancel)) {
+        button->Press(key);
+    } else {
+        Close();
+    }
 }
 
 void Window::Activate(UserAction) {
@@ -166,7 +171,7 @@ void Window::perform(const Selector& action, const Ref<NSMenuItem>&) {
 Ref<PushButton> Window::Button(bool (PushButton::*is)() const) const {
     for (const Ref<RectControl>& control : controls_) {
         const Ref<PushButton> button = control.As<PushButton>();
-        if (button && ((*button).*is)() && button->Enabled() && button->Visible()) return button;
+        if (button && ((*button).*is)() && button->Enabled()) return button;
     }
     return nullptr;
 }
@@ -179,12 +184,8 @@ bool Window::PressDefault(UserAction key) {
 }
 
 bool Window::PressCancel(UserAction key) {
-    const auto alive = weak_from_this().lock();
-    const Ref<PushButton> button = Button(&PushButton::Cancel);
-    if (button) button->Press(key);
-    if (button || !CloseButton || MinimizeButton || MaximizeButton) {
-        return static_cast<bool>(button);
-    }
+    const bool canOnlyBeClosed = CloseButton && !MinimizeButton && !MaximizeButton;
+    if (!Button(&PushButton::Cancel) && !canOnlyBeClosed) return false;
     Dismiss(key);
     return true;
 }

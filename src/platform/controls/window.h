@@ -39,6 +39,9 @@ class Window : public Observable, public Responder, public std::enable_shared_fr
 
     const std::string& Title() const { return title_; }
     void SetTitle(const std::string& title) { Put(title_, title); }
+    /// Whether the pointer shows that the program works, although the window can be used.
+    bool Busy() const { return busy_; }
+    void SetBusy(bool busy) { Put(busy_, busy); }
     /// Nil for none of its own.
     const Ref<dunvey::MenuBar>& MenuBar() const { return menuBar_; }
     void SetMenuBar(Ref<dunvey::MenuBar> menuBar) { menuBar_ = std::move(menuBar); }
@@ -62,14 +65,10 @@ class Window : public Observable, public Responder, public std::enable_shared_fr
     int Frame = kDocument;
     int Placement = kDefaultPlacement;
     bool Resizeable = false;
-    /// Whether the content follows while the user drags an edge.
-    bool LiveResize = true;
     bool CloseButton = true;
     bool MaximizeButton = false;
     bool MinimizeButton = true;
     bool FullScreenButton = false;
-    /// Whether it has a background colour of its own instead of the system's.
-    bool HasBackColor = false;
 
     /// In the order in which they were added, the undermost first.
     const std::vector<Ref<RectControl>>& Controls() const { return controls_; }
@@ -102,8 +101,9 @@ class Window : public Observable, public Responder, public std::enable_shared_fr
     /// The user presses Escape: the cancel button. Without one a window that can only be closed is
     /// dismissed. False if neither is so.
     bool PressCancel(UserAction key);
-    /// The user closes it with the means of the desktop: no button of it is pressed.
-    void Dismiss(UserAction);
+    /// The user closes it by its title bar or the window manager: as Escape where there is a cancel
+    /// button that can be pressed, else it closes.
+    void Dismiss(UserAction key);
     /// The user brings it in front of the others: the menu's commands go to it.
     void Activate(UserAction);
 
@@ -141,6 +141,7 @@ class Window : public Observable, public Responder, public std::enable_shared_fr
     Ref<NSWindow> handle_ = New<NSWindow>();
     std::vector<Ref<RectControl>> controls_;
     ModalLoop loop_;
+    bool busy_ = false;
     bool opened_ = false;
     bool closed_ = false;
     /// Empty while it isn't on the screen. A modal one is held by ShowModal.

@@ -1,6 +1,7 @@
 #include "platform/processes/shell.h"
 
 #include <fcntl.h>
+#include <poll.h>
 #include <signal.h>
 #include <spawn.h>
 #include <sys/resource.h>
@@ -161,13 +162,23 @@ Hindrance StartShell(const std::string& command, int output, pid_t& process) {
     return {kNoShell, plan.Start(process, {"sh", "/dev/fd/3"})};
 }
 
-Hindrance Run(const std::string& command, std::string& result) {
+/// Returns when there is something to read, or the end of it.
+void AwaitOutput(int descriptor, const std::function<void()>& whileWaiting) {
+    constexpr int kMilliseconds = 50;
+    pollfd wait{descriptor, POLLIN, 0};
+    while (poll(&wait, 1, kMilliseconds) == 0)
+        whileWaiting();
+}
+
+Hindrance Run(const std::string& command, const std::function<void()>& whileWaiting,
+              std::string& result) {
     Pipe output;
     if (const int error = MakePipe(output)) return {"No pipe for the output of a command", error};
     pid_t process = 0;
     const Hindrance hindrance = StartShell(command, output.writing.Get(), process);
     if (hindrance) return hindrance;
     output.writing.Close();
+    if (whileWaiting) AwaitOutput(output.reading.Get(), whileWaiting);
     result = ReadAll(output.reading.Get());
     // A command that goes on writing after a failed read would otherwise wait for ever.
     output.reading.Close();
@@ -177,17 +188,17 @@ Hindrance Run(const std::string& command, std::string& result) {
 
 }  // namespace
 
-void Shell::Execute(const std::string& command) {
+void Shell::Execute(const std::string& command, const std::function<void()>& whileWaiting) {
     constexpr int kAttempts = 4;
     constexpr timespec kPause{0, 50'000'000};
     // A shortage that stays would otherwise make a long run crawl: each of its documents asks.
     constexpr int kPausesInARow = 40;
     static int pauses = kPausesInARow;
     result_.clear();
-    Hindrance hindrance = Run(command, result_);
+    Hindrance hindrance = Run(command, whileWaiting, result_);
     for (int i = 1; i < kAttempts && hindrance.IsPassing() && pauses > 0; ++i, --pauses) {
         nanosleep(&kPause, nullptr);
-        hindrance = Run(command, result_);
+        hindrance = Run(command, whileWaiting, result_);
     }
     if (hindrance) return Complain(hindrance, command);
     pauses = kPausesInARow;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 
 namespace dunvey {
@@ -15,7 +16,9 @@ class Shell {
     /// where the machine was short of something, or a command of the program's own is missing,
     /// standard error says so with the command, and Result is empty. A shortage that outlasts many
     /// commands is waited for no longer.
-    void Execute(const std::string& command);
+    /// `whileWaiting` is called twenty times a second until the command writes something or ends;
+    /// what it throws passes through, and the command goes on alone.
+    void Execute(const std::string& command, const std::function<void()>& whileWaiting = {});
 
     /// The standard output of the command.
     const std::string& Result() const { return result_; }

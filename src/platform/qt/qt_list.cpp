@@ -34,18 +34,20 @@ int ListRows::columnCount(const QModelIndex& parent) const {
 QVariant ListRows::data(const QModelIndex& index, int role) const {
     // The list may be ahead of what was read.
     if (index.row() >= list_->ListCount()) return {};
-    const std::string& description = list_->RowDescription(index.row());
-    const bool describes = index.column() == 0 && !description.empty();
     switch (role) {
-        case Qt::AccessibleTextRole:
-        case Qt::AccessibleDescriptionRole:
-            if (describes) return LineOf(description);
-            [[fallthrough]];
         case Qt::DisplayRole:
             return LineOf(list_->Cell(index.row(), index.column()));
+        case Qt::AccessibleDescriptionRole:
+            return index.column() == 0 ? LineOf(list_->RowHelpTag(index.row())) : QString();
         default:
             return {};
     }
+}
+
+QVariant ListRows::headerData(int section, Qt::Orientation orientation, int role) const {
+    const bool isHeading = orientation == Qt::Horizontal && section < list_->ColumnCount();
+    if (!isHeading || role != Qt::DisplayRole) return {};
+    return LineOf(list_->Heading(section));
 }
 
 QtList::QtList(Ref<Listbox> list, QWidget* parent, UserDoor door)
@@ -104,7 +106,7 @@ void QtList::ReadLook() {
     const int height = static_cast<int>(list_->DefaultRowHeight());
     verticalHeader()->setDefaultSectionSize(height);
     setFont(FittedLine({}, QApplication::font(this), {1, height}, Qt::ElideNone).font);
-    setAccessibleName(LineOf(list_->Description()));
+    setAccessibleName(LineOf(list_->SpokenName()));
 }
 
 void QtList::ReadSelection() {

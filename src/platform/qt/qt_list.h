@@ -20,8 +20,8 @@ class ListRows final : public QAbstractTableModel {
     int rowCount(const QModelIndex& parent = {}) const override;
     int columnCount(const QModelIndex& parent = {}) const override;
     QVariant data(const QModelIndex& index, int role) const override;
-    /// Nothing: the headers are hidden, and a screen reader would say the toolkit's numbers.
-    QVariant headerData(int, Qt::Orientation, int) const override { return {}; }
+    /// The columns' names for a screen reader: the headers are hidden.
+    QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
 
  private:
     Ref<Listbox> list_;

@@ -32,7 +32,6 @@ QMessageBox::Icon Graphic(int icon) {
 
 QtMessageDialog::QtMessageDialog(MessageDialog& dialog, UserAction key, QWidget* parent)
     : dialog_(dialog), key_(key), box_(parent) {
-    if (parent != nullptr) box_.setWindowFlags(box_.windowFlags() | Qt::Sheet);
     box_.setTextFormat(Qt::PlainText);
     box_.setIcon(Graphic(dialog.Icon));
     box_.setText(Text(dialog.Message));
@@ -45,6 +44,9 @@ QtMessageDialog::QtMessageDialog(MessageDialog& dialog, UserAction key, QWidget*
     AddButton(dialog.CancelButton, QMessageBox::RejectRole);
     QObject::connect(&box_, &QDialog::finished, &box_, [this] { Finish(); });
     box_.setWindowModality(parent != nullptr ? Qt::WindowModal : Qt::ApplicationModal);
+    // Only now: the modality resets the flags to Qt::Sheet or Qt::Dialog and adds a close button.
+    const Qt::WindowFlags kind = box_.windowFlags() & Qt::WindowType_Mask;
+    box_.setWindowFlags(kind | Qt::CustomizeWindowHint | Qt::WindowTitleHint);
     box_.show();
 }
 
@@ -58,7 +60,7 @@ void QtMessageDialog::AddButton(const Ref<MessageDialogButton>& button,
     QPushButton* shown = box_.addButton(Text(button->Caption), role);
     buttons_.emplace_back(shown, button);
     if (button == dialog_.ActionButton) box_.setDefaultButton(shown);
-    if (button == dialog_.CancelButton) box_.setEscapeButton(shown);
+    if (button == dialog_.PressedByEscape()) box_.setEscapeButton(shown);
 }
 
 void QtMessageDialog::Finish() {
@@ -66,7 +68,7 @@ void QtMessageDialog::Finish() {
         for (const auto& [shown, button] : buttons_) {
             if (shown == box_.clickedButton()) return dialog_.Press(key_, button);
         }
-        dialog_.Dismiss(key_);
+        dialog_.Press(key_, dialog_.PressedByEscape());
     });
 }
 

@@ -115,9 +115,10 @@ void WindowWidget::AddControl(const Ref<RectControl>& control) {
             firstInTabOrder_->setFocus();
         }
         widget->setEnabled(control->Enabled());
-        widget->setVisible(control->Visible());
-        widget->setAccessibleDescription(LineOf(control->Description()));
+        const QString helpTag = LineOf(control->HelpTag());
+        widget->setAccessibleDescription(helpTag);
         own();
+        if (!helpTag.isEmpty()) widget->setToolTip(TipOf(helpTag));
     };
     made.widget->setObjectName(QString::fromStdString(control->Name()));
     made.widget->installEventFilter(this);
@@ -144,6 +145,7 @@ void WindowWidget::SetTabOrder() {
 void WindowWidget::Read() {
     if (window_->IsClosed()) return hide();
     setWindowTitle(LineOf(window_->Title()));
+    window_->Busy() ? setCursor(Qt::BusyCursor) : unsetCursor();
     ReadSize();
 }
 

@@ -155,7 +155,7 @@ TEST(ListboxTest, SortIsStableInBothDirectionsAndTakesWholeRows) {
     list.SetColumnCount(2);
     for (const char* text : {"9b", "14a", "7c", "9a"})
         list.AddRow({text, std::string("of ") + text});
-    list.SetRowDescription(2, "seven");
+    list.SetRowHelpTag(2, "seven");
     list.SetCellTag(2, 1, true);
     int changes = 0;
     list.SetListIndex(1);
@@ -166,7 +166,7 @@ TEST(ListboxTest, SortIsStableInBothDirectionsAndTakesWholeRows) {
     list.Sort();
     EXPECT_EQ(list.Rows(), "7c 9b 9a 14a ");
     EXPECT_EQ(list.Cell(0, 1), "of 7c");
-    EXPECT_EQ(list.RowDescription(0), "seven");
+    EXPECT_EQ(list.RowHelpTag(0), "seven");
     EXPECT_TRUE(list.CellTag(0, 1).BooleanValue());
     EXPECT_EQ(list.ListIndex(), 3);
     list.SetColumnSortDirection(0, Listbox::kSortDescending);
@@ -213,12 +213,12 @@ TEST(ListboxTest, RowsAndColumnsThatArentThereAreRefused) {
     EXPECT_EQ(list.ListIndex(), -1);
 }
 
-TEST(ControlsTest, ACanvasThatIsHiddenClaimsNoPress) {
+TEST(ControlsTest, ACanvasThatIsDisabledClaimsNoPress) {
     Canvas canvas;
     EXPECT_FALSE(canvas.MouseDown(User::ByUser(), 1, 1)) << "nobody wants it";
     canvas.MouseDownHandler = [](Canvas&, int64_t x, int64_t y) { return x == 3 && y == 4; };
     EXPECT_TRUE(canvas.MouseDown(User::ByUser(), 3, 4));
-    canvas.SetVisible(false);
+    canvas.SetEnabled(false);
     EXPECT_FALSE(canvas.MouseDown(User::ByUser(), 3, 4));
 }
 

@@ -36,6 +36,9 @@ class FilledChooser final : public Window1 {
             Describe(row);
     }
 
+    /// There is no document to leave out.
+    void PushButton2_Action(PushButton&) override { Close(); }
+
  private:
     static std::string SuffixOf(int row) {
         return row < 3 ? "CS" + std::to_string(4 + row) : "CC " + std::to_string(2014 + row - 3);
@@ -46,7 +49,7 @@ class FilledChooser final : public Window1 {
         if (row == 1) AppList()->SetCell(row, 2, "Booting");
         AppList()->SetRowPicture(row, PlainPicture(16, 0xFFD05090));
         AppList()->SetCellTag(row, 1, row >= 2);
-        AppList()->SetRowDescription(row, SuffixOf(row) + " described");
+        AppList()->SetRowHelpTag(row, SuffixOf(row) + " described");
     }
 };
 

@@ -348,27 +348,33 @@ TEST_F(WindowTest, ManyChangesAreReadOnce) {
 
 TEST_F(WindowTest, AScreenReaderHearsRowsButtonsAndWholeTexts) {
     FilledChooser window(5);
-    window.AppList()->SetDescription("Installed versions");
-    window.Canvas1()->SetDescription("Document");
+    window.AppList()->SetSpokenName("Installed versions");
+    window.AppList()->SetHeading(1, "Version");
+    window.LabelFileName()->SetHelpTag("/folder/R&D.indd");
     window.PushButton1()->SetCaption("Open with R&D");
-    Show(window, {[] {
-                      EXPECT_EQ(SpokenName(List()), "Installed versions");
-                      EXPECT_EQ(SpokenName(Find("PushButton1")), "Open with R&D");
-                      EXPECT_EQ(SpokenName(Find("CheckBox1")),
-                                "Allow a file to be opened by a higher version");
-                      auto* table =
-                          QAccessible::queryAccessibleInterface(&List())->tableInterface();
-                      ASSERT_NE(table, nullptr);
-                      EXPECT_EQ(table->rowCount(), 5);
-                      EXPECT_EQ(table->cellAt(1, 0)->text(QAccessible::Name), "CS5 described");
-                      EXPECT_EQ(table->cellAt(1, 1)->text(QAccessible::Name), "7.0.3");
-                      EXPECT_EQ(table->cellAt(1, 2)->text(QAccessible::Name), "Booting");
-                      QTest::mouseClick(List().viewport(), Qt::LeftButton, {}, CellCentre(1, 2));
-                  },
-                  [] {
-                      EXPECT_EQ(List().currentIndex(), List().model()->index(1, 0))
-                          << "the cell that tells of the whole row is the one that is heard";
-                  }});
+    Show(window,
+         {[] {
+              EXPECT_EQ(SpokenName(List()), "Installed versions");
+              EXPECT_EQ(SpokenName(Find("PushButton1")), "Open with R&D");
+              EXPECT_EQ(SpokenName(Find("CheckBox1")),
+                        "Allow a file to be opened by a higher version");
+              auto* table = QAccessible::queryAccessibleInterface(&List())->tableInterface();
+              ASSERT_NE(table, nullptr);
+              EXPECT_EQ(table->rowCount(), 5);
+              EXPECT_EQ(table->cellAt(1, 0)->text(QAccessible::Name), "Adobe InDesign CS5");
+              EXPECT_EQ(table->cellAt(1, 0)->text(QAccessible::Description), "CS5 described");
+              EXPECT_EQ(table->cellAt(1, 1)->text(QAccessible::Name), "7.0.3");
+              EXPECT_EQ(table->cellAt(1, 2)->text(QAccessible::Name), "Booting");
+              EXPECT_EQ(table->cellAt(1, 1)->text(QAccessible::Description), "");
+              EXPECT_EQ(table->columnDescription(1), "Version");
+              EXPECT_EQ(Find("LabelFileName").accessibleDescription(), "/folder/R&D.indd");
+              EXPECT_TRUE(Find("LabelFileName").toolTip().contains("R&amp;D"));
+              QTest::mouseClick(List().viewport(), Qt::LeftButton, {}, CellCentre(1, 2));
+          },
+          [] {
+              EXPECT_EQ(List().currentIndex(), List().model()->index(1, 0))
+                  << "the cell with the description of the row has the focus";
+          }});
 }
 
 TEST_F(WindowTest, ACanvasTakesTheMouseAndDrawsOverItsBackdrop) {
