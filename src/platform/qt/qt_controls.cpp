@@ -105,8 +105,8 @@ ControlView ViewOf(const Ref<Separator>& model, QWidget* parent) {
     const bool lies = model->Width() >= model->Height();
     return {line, [line, lies] {
                 const QColor outline = OutlineOn(QApplication::palette(line));
-                line->setFrameStyle((lies ? QFrame::HLine : QFrame::VLine) |
-                                    (outline.isValid() ? QFrame::Plain : QFrame::Sunken));
+                line->setFrameShape(lies ? QFrame::HLine : QFrame::VLine);
+                line->setFrameShadow(outline.isValid() ? QFrame::Plain : QFrame::Sunken);
                 QPalette palette = QApplication::palette(line);
                 if (outline.isValid()) palette.setColor(QPalette::WindowText, outline);
                 line->setPalette(palette);
