@@ -7,8 +7,7 @@
 
 #include "platform/files/streams.h"
 #include "platform/values/exceptions.h"
-#include "register/message.h"
-#include "register/request.h"
+#include "register/refusal.h"
 
 namespace dunvey {
 namespace {

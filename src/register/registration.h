@@ -3,27 +3,29 @@
 #include <string>
 #include <vector>
 
+#include "register/application_record.h"
 #include "register/request.h"
 
 namespace dunvey {
 
-/// Makes the application of a request, or renews the one that was made before by its name. Returns
-/// the bundle's path. Nothing is left behind where it fails. Raises Refusal.
+/// Creates the application of a request, or renews the one of its name that was registered before.
+/// Returns the bundle's path. Raises Refusal; then everything is as it was before.
 std::string Register(const Request& request);
 
-/// An application that was registered.
+/// A registered application.
 struct Registered {
-    std::string name;
-    std::string version;
-    /// For a reader.
-    std::string command;
+    ApplicationRecord record;
+    /// The path of a file without which it can't start and that is missing; empty if all are there.
+    std::string missing;
 };
 
-/// All that are in the applications folder, in the order of their names.
-std::vector<Registered> RegisteredApplications();
+/// The registered applications by ascending version. Adds a message to `problems` for each folder
+/// that can't be read.
+std::vector<Registered> RegisteredApplications(std::vector<std::string>& problems);
 
-/// Removes a registered application. Returns the path of the folder that stays since it holds
-/// something else, or nothing. Raises Refusal, also if there is none by the name.
+/// Removes a registered application, but no file that the user put there or changed. Returns the
+/// path of the folder that stays because of such files, else nothing. Raises Refusal, also if no
+/// application of the name is registered.
 std::string Remove(const std::string& name);
 
 }  // namespace dunvey

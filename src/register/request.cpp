@@ -1,99 +1,117 @@
 #include "register/request.h"
 
-#include <algorithm>
 #include <map>
 #include <string_view>
 
 #include "platform/text/encoding.h"
 #include "platform/text/shown_text.h"
-#include "register/message.h"
+#include "register/refusal.h"
 
 namespace dunvey {
 namespace {
 
-/// How the names begin that Dunvey looks for among the installed and the running applications.
-constexpr std::string_view kNameBegin = "Adobe InDesign ";
-/// The longest name of a file is 255 bytes; the bundle's has ".app" behind it.
+/// Dunvey looks for names with this prefix among the installed and the running applications.
+constexpr std::string_view kNamePrefix = "Adobe InDesign ";
+/// A file name has at most 255 bytes, and the bundle's name adds ".app".
 constexpr size_t kNameLimit = 251;
 
+/// Whether it is valid UTF-8 without control characters and without the two code points that XML
+/// excludes, U+FFFE and U+FFFF.
 bool IsText(const std::string& name) {
     const EncodedText wide = ConvertEncoding({name, Encodings::UTF8}, Encodings::UTF16);
-    return ConvertEncoding(wide, Encodings::UTF8).Bytes == name && OneLine(name) == name;
+    return ConvertEncoding(wide, Encodings::UTF8).Bytes == name && OneLine(name) == name &&
+           name.find("\xEF\xBF\xBE") == std::string::npos &&
+           name.find("\xEF\xBF\xBF") == std::string::npos;
 }
 
 void CheckName(const std::string& name) {
     const std::string subject = "the name " + Quoted(name);
-    if (!name.starts_with(kNameBegin) || name.size() == kNameBegin.size() || name.back() == ' ') {
+    if (!name.starts_with(kNamePrefix) || name.size() == kNamePrefix.size() || name.back() == ' ') {
         throw UsageError{subject +
                          " isn't one that Dunvey looks for. Write \"Adobe InDesign\" and a "
                          "version, such as \"Adobe InDesign CS6\"."};
     }
     if (name.find('/') != std::string::npos || !IsText(name)) {
         throw UsageError{subject +
-                         " can't be used: it has to be UTF-8 text on one line, with no "
-                         "\"/\" in it."};
+                         " can't be used: it must be one line of UTF-8 text without \"/\"."};
     }
     if (name.size() > kNameLimit)
-        throw UsageError{subject + " is too long. It may have 251 bytes."};
+        throw UsageError{subject + " is too long. The limit is 251 bytes."};
 }
 
 void CheckVersion(const std::string& version) {
     const bool isNumbers = version.find_first_not_of("0123456789.") == std::string::npos;
-    const bool hasEmptyOne = ("." + version + ".").find("..") != std::string::npos;
-    if (isNumbers && !hasEmptyOne) return;
+    const bool hasEmptyField = ("." + version + ".").find("..") != std::string::npos;
+    const bool hasLeadingZero = version.size() > 1 && version[0] == '0' && version[1] != '.';
+    if (isNumbers && !hasEmptyField && !hasLeadingZero) return;
     throw UsageError{"the version " + Quoted(version) +
-                     " isn't one. Write numbers with dots between them, such as 8.0.1."};
+                     " can't be used. Write numbers with dots between them, such as 8.0.1."};
 }
 
 void CheckRegistration(const Request& request) {
-    if (request.name.empty()) throw UsageError{"--name is missing."};
+    if (request.name.empty()) throw UsageError{"--name is missing. Options precede the command."};
     CheckName(request.name);
-    if (request.version.empty()) throw UsageError{"--version is missing."};
+    if (request.version.empty())
+        throw UsageError{"--version is missing. Options precede the command."};
     CheckVersion(request.version);
     if (request.command.empty() || request.command.front().empty())
-        throw UsageError{"the command is missing. It goes to the end, behind \"--\"."};
+        throw UsageError{"the command is missing. Write it after the options."};
 }
 
-void OnlyOne(const std::vector<std::string>& words, size_t count) {
-    if (words.size() != count)
-        throw UsageError{words.front() + (count == 1 ? " stands alone." : " takes one name.")};
-}
-
-Request ReadRegistration(const std::vector<std::string>& words) {
+/// Reads options up to "--" or the first argument that isn't an option; the rest is the command.
+Request ReadRegistration(const std::vector<std::string>& arguments) {
     Request request;
     request.action = Request::Action::Register;
-    const std::map<std::string, std::string*> options = {
-        {"--name", &request.name}, {"--version", &request.version}, {"--icon", &request.icon}};
-    const auto end = std::find(words.begin(), words.end(), "--");
-    for (auto word = words.begin(); word != end; ++word) {
-        const auto option = options.find(*word);
-        if (option == options.end()) throw UsageError{Quoted(*word) + " isn't understood."};
-        if (++word == end || word->empty()) throw UsageError{option->first + " needs a value."};
-        if (!option->second->empty()) throw UsageError{option->first + " stands there twice."};
-        *option->second = *word;
+    const std::map<std::string, std::string*> options = {{"--name", &request.name},
+                                                         {"--version", &request.version},
+                                                         {"--icon", &request.icon},
+                                                         {"--wine", &request.winePrefix}};
+    const auto end = arguments.end();
+    auto argument = arguments.begin();
+    for (; argument != end && argument->starts_with('-') && *argument != "--"; ++argument) {
+        if (*argument == "--force") {
+            request.force = true;
+            continue;
+        }
+        const size_t equals = argument->find('=');
+        const auto option = options.find(argument->substr(0, equals));
+        if (option == options.end())
+            throw UsageError{"there is no option " + Quoted(*argument) + "."};
+        const bool isSeparate = equals == std::string::npos;
+        if (isSeparate && ++argument == end) throw UsageError{option->first + " needs a value."};
+        const std::string value = isSeparate ? *argument : argument->substr(equals + 1);
+        if (value.empty() || value == "--") throw UsageError{option->first + " needs a value."};
+        if (!option->second->empty()) throw UsageError{option->first + " is given twice."};
+        *option->second = value;
     }
-    if (end != words.end()) request.command.assign(end + 1, words.end());
+    if (argument != end && *argument == "--") ++argument;
+    request.command.assign(argument, end);
     CheckRegistration(request);
     return request;
 }
 
+void CheckCount(const std::vector<std::string>& arguments, size_t count) {
+    if (arguments.size() == count) return;
+    throw UsageError{arguments.front() +
+                     (count == 1 ? " takes no arguments." : " takes one name.")};
+}
+
 }  // namespace
 
-Request ReadRequest(const std::vector<std::string>& words) {
-    if (words.empty()) throw UsageError{"nothing is asked for."};
+Request ReadRequest(const std::vector<std::string>& arguments) {
+    if (arguments.empty()) throw UsageError{"arguments are missing."};
     Request request;
-    if (words.front() == "--help") return request;
-    if (words.front() == "--list") {
-        OnlyOne(words, 1);
+    if (arguments.front() == "--help") return request;
+    if (arguments.front() == "--list") {
+        CheckCount(arguments, 1);
         request.action = Request::Action::List;
-    } else if (words.front() == "--remove") {
-        OnlyOne(words, 2);
-        CheckName(words[1]);
-        request.action = Request::Action::Remove;
-        request.name = words[1];
-    } else {
-        request = ReadRegistration(words);
+        return request;
     }
+    if (arguments.front() != "--remove") return ReadRegistration(arguments);
+    CheckCount(arguments, 2);
+    CheckName(arguments[1]);
+    request.action = Request::Action::Remove;
+    request.name = arguments[1];
     return request;
 }
 

@@ -5,30 +5,29 @@
 
 namespace dunvey {
 
-/// What the program was asked to do.
+/// What the program is asked to do.
 struct Request {
     enum class Action { Register, List, Remove, Help };
 
     Action action = Action::Help;
     std::string name;
     std::string version;
-    /// A path; empty if there is none.
+    /// A path; empty if none was given.
     std::string icon;
-    /// The command and its words.
+    /// The path of a Wine prefix; empty if the command isn't a Windows program.
+    std::string winePrefix;
+    /// Whether --force was given: questionable versions and changed files are accepted.
+    bool force = false;
+    /// The program and its arguments.
     std::vector<std::string> command;
 };
 
-/// A call that can't be understood or asks for what can't be; `text` says what to do.
+/// The arguments are wrong; `text` says what to write instead.
 struct UsageError {
     std::string text;
 };
 
-/// Something that stood in the way; `text` says what, where and what to do.
-struct Refusal {
-    std::string text;
-};
-
-/// Reads the words of the call. Raises UsageError, also for a name or a version that won't do.
-Request ReadRequest(const std::vector<std::string>& words);
+/// Parses the arguments. Raises UsageError, also for a name or a version that can't be used.
+Request ReadRequest(const std::vector<std::string>& arguments);
 
 }  // namespace dunvey

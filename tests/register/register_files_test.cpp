@@ -15,11 +15,13 @@ class RegisterFilesTest : public RegisterWorld {
         return RegisterCommand(kName, "8.0.1", {"/bin/true"}, options);
     }
     /// Expects the call to end with the code, to say something, and to change no application.
-    void ExpectRefused(const Words& words, int code, const std::string& preparation = {}) {
+    void ExpectRefused(const Words& words, int code, const std::string& preparation = {},
+                       const std::string& message = {}) {
         const std::string before = Tree();
         EXPECT_EQ(Register(words, preparation), code) << ::testing::PrintToString(words);
         EXPECT_TRUE(folder_.Read("stderr").starts_with("dunvey-register: "))
             << folder_.Read("stderr");
+        EXPECT_NE(folder_.Read("stderr").find(message), std::string::npos);
         EXPECT_EQ(Tree(), before) << ::testing::PrintToString(words);
     }
     static Words Call(const std::string& name, const std::string& version) {
@@ -51,13 +53,15 @@ TEST_F(RegisterFilesTest, WrongCallsMakeNothing) {
                                       "Adobe InDesign /../../x",
                                       "Adobe InDesign a\nb",
                                       "Adobe InDesign \x1B[2J",
-                                      "Adobe InDesign \xFF"};
+                                      "Adobe InDesign \xFF",
+                                      "Adobe InDesign \xEF\xBF\xBE"};
     names.push_back("Adobe InDesign " + std::string(237, 'x'));
     for (const std::string& name : names) {
         ExpectRefused(Call(name, "8.0.1"), 2);
         ExpectRefused({"--remove", name}, 2);
     }
-    for (const char* version : {"", ".", "8.", ".8", "8..1", "8a", "-8", " 8", "8\n", "eight"})
+    for (const char* version :
+         {"", ".", "8.", ".8", "8..1", "8a", "-8", " 8", "8\n", "eight", "08.1"})
         ExpectRefused(Call(kName, version), 2);
     const Words kCalls[] = {{},
                             {"--list", "x"},
@@ -69,7 +73,9 @@ TEST_F(RegisterFilesTest, WrongCallsMakeNothing) {
                             {"--name", kName, "--version", "8", "--", ""},
                             {"--name", kName, "--version", "--", "/bin/true"},
                             {"--name", kName, "--name", kName, "--version", "8", "--", "/bin/true"},
-                            {"--name", kName, "--version", "8", "/bin/true"},
+                            {"--name", kName, "--version=", "--", "/bin/true"},
+                            {"--name", kName, "--version", "8", "-x", "/bin/true"},
+                            {"/bin/true", "--name", kName, "--version", "8"},
                             {"--name", kName, "--", "/bin/true"},
                             {"--version", "8", "--", "/bin/true"}};
     for (const Words& call : kCalls)
@@ -101,7 +107,7 @@ TEST_F(RegisterFilesTest, WhatItDidNotMakeStays) {
         ASSERT_EQ(Script(std::string("cd Applications; ") + script, {kName}), 0) << script;
         ExpectRefused(Call(kName, "8.0.1"), 1);
         ExpectRefused({"--remove", kName}, 1);
-        EXPECT_EQ(List(), "Adobe InDesign 2021\t16\t/bin/true\n");
+        EXPECT_EQ(List(), "Adobe InDesign 2021  16  /bin/true\n");
         ASSERT_EQ(Script("rm -r \"Applications/$1\"", {kName}), 0) << script;
     }
     ExpectRefused({"--remove", kName}, 1);
@@ -119,7 +125,7 @@ TEST_F(RegisterFilesTest, RenewalAndRemovalKeepTheUsersFiles) {
 
     ASSERT_EQ(RegisterCommand(kName, "8.1", {"/bin/sh", "-c", "true"}), 0)
         << folder_.Read("stderr");
-    EXPECT_EQ(List(), "Adobe InDesign CS6\t8.1\t/bin/sh -c true\n");
+    EXPECT_EQ(List(), "Adobe InDesign CS6  8.1  /bin/sh -c true\n");
     EXPECT_EQ(folder_.Read(icon), Icns("ic07", Png(128, 128)));
     EXPECT_NE(folder_.Read(BundleOf(kName) + "/Contents/Info.plist").find("Application.icns"),
               std::string::npos);
@@ -160,7 +166,7 @@ TEST_F(RegisterFilesTest, PicturesBecomeTheIconOrAreRefused) {
                                    Png(0, 16),
                                    Png(16, 1025),
                                    Png(0xFFFFFFFF, 16)};
-    Words call = Call(kName, "9");
+    Words call = Call(kName, "8");
     call.insert(call.begin(), {"--icon", "icon"});
     for (const std::string& bytes : kBroken) {
         folder_.Write("icon", bytes);
@@ -172,14 +178,14 @@ TEST_F(RegisterFilesTest, PicturesBecomeTheIconOrAreRefused) {
 }
 
 TEST_F(RegisterFilesTest, FailureLeavesNothingBehind) {
-    // No file may get longer than half a kilobyte: now the script, now the icon is too long.
-    const char* const limit = "trap '' XFSZ; ulimit -f 1;";
+    // Files are limited to 8 KiB: first the icon is longer, then the script.
+    const char* const limit = "ulimit -f 16;";
     Words call = Call(kName, "8");
-    folder_.Write("icon", Png(16, 16));
+    folder_.Write("icon", Png(16, 16) + std::string(9000, 'p'));
     call.insert(call.begin(), {"--icon", "icon"});
     ExpectRefused(call, 1, limit);
     Words longCall = Call(kName, "8");
-    longCall.emplace_back(1000, 'x');
+    longCall.emplace_back(9000, 'x');
     ExpectRefused(longCall, 1, limit);
     // What was made before is as it was.
     ASSERT_EQ(RegisterOne(), 0);
@@ -188,16 +194,109 @@ TEST_F(RegisterFilesTest, FailureLeavesNothingBehind) {
     for (const char* command : {"no-such-program", "/", "./icon", "/bin/true/x", "Applications"})
         ExpectRefused({"--name", kName, "--version", "8", "--", command}, 1);
     ExpectRefused(
-        Call("Adobe InDesign CC", "8"), 1,
+        Call("Adobe InDesign CC", "9"), 1,
         "mv Applications a; echo >Applications; trap 'rm Applications; mv a Applications' "
         "EXIT; '" DUNVEY_REGISTER "' \"$@\"; exit;");
 }
 
-TEST_F(RegisterFilesTest, MakesTheApplicationsFolder) {
+TEST_F(RegisterFilesTest, LinksInABundleAreNotFollowed) {
+    const Words kArguments = {BundleOf(kName), kName};
+    for (const char* linked : {"MacOS", "Resources"}) {
+        ASSERT_EQ(RegisterOne(), 0) << folder_.Read("stderr");
+        ASSERT_EQ(Script(std::string("mkdir mine; echo mine >mine/Application.icns; echo mine "
+                                     ">\"mine/$2\"; cd \"$1/Contents\"; rm -rf ") +
+                             linked + "; ln -s \"$HOME/mine\" " + linked,
+                         kArguments),
+                  0);
+        folder_.Write("icon", Png(16, 16));
+        Words call = Call(kName, "8.1");
+        call.insert(call.begin(), {"--force", "--icon", "icon"});
+        ExpectRefused(call, 1);
+        EXPECT_EQ(Register({"--remove", kName}), 0) << folder_.Read("stderr");
+        EXPECT_EQ(List(), "");
+        ASSERT_EQ(Script("cat mine/* >left; rm -r mine \"Applications/$2\"", kArguments), 0);
+        EXPECT_EQ(folder_.Read("left"), "mine\nmine\n") << linked;
+    }
+}
+
+TEST_F(RegisterFilesTest, FilesThatTheUserChangedStay) {
+    const std::string contents = BundleOf(kName) + "/Contents/";
+    folder_.Write("icon", Png(16, 16));
+    ASSERT_EQ(RegisterOne(), 0);
+    folder_.MakeFolder(contents + "Resources");
+    folder_.Write(contents + "Resources/Application.icns", "mine");
+    ASSERT_EQ(RegisterOne(), 0) << "a renewal without an icon keeps the icon";
+    Words call = Call(kName, "8");
+    call.insert(call.begin(), {"--icon", "icon"});
+    ExpectRefused(call, 1);
+    const std::string script = contents + "MacOS/" + kName;
+    folder_.Write(script, folder_.Read(script) + "# mine\n");
+    ExpectRefused(Call(kName, "8"), 1);
+    EXPECT_EQ(Register({"--remove", kName}), 0);
+    EXPECT_EQ(folder_.Read(contents + "Resources/Application.icns"), "mine");
+    EXPECT_TRUE(folder_.Read(script).ends_with("# mine\n"));
+    EXPECT_EQ(folder_.Read(contents + "Info.plist"), "");
+
+    ASSERT_EQ(Script("rm -r Applications/*"), 0);
+    ASSERT_EQ(RegisterOne(), 0);
+    folder_.Write(script, "#mine");
+    EXPECT_EQ(RegisterOne({"--force"}), 0);
+    EXPECT_EQ(Register({"--remove", kName}), 0);
+    EXPECT_EQ(Tree(), "Applications\n");
+}
+
+TEST_F(RegisterFilesTest, ConcurrentAndKilledRenewalsNeverMixVersionAndCommand) {
+    const char* const script = R"(
+        register() {
+            ')" DUNVEY_REGISTER R"(' --force --name "$1" --version "$2" "$3" >/dev/null
+        }
+        bundle="Applications/$1/$1.app/Contents"
+        register "$1" 8 /bin/true
+        for i in 1 2 3 4 5 6 7 8 9 10; do
+            register "$1" 8 /bin/true & register "$1" 9 /bin/false &
+            [ $((i % 2)) = 0 ] || { sleep 0.005; kill -9 $!; } 2>/dev/null
+            wait
+            cat "$bundle/Info.plist" "$bundle/MacOS/$1" | grep -E '<string>[89]<|run /bin' | xargs
+        done | grep -e '8<.*false' -e '9<.*true'
+        register "$1" 8 /bin/true
+        ls -A Applications)";
+    // A process that is killed between two renames may leave the application without a script.
+    EXPECT_EQ(Script(std::string("{ ") + script + "\n} >left 2>errors", {kName}), 0);
+    EXPECT_EQ(folder_.Read("left"), std::string(kName) + "\n") << folder_.Read("errors");
+}
+
+TEST_F(RegisterFilesTest, QuestionableVersionsNeedForce) {
+    ASSERT_EQ(RegisterCommand("Adobe InDesign CC 2019", "14.0.1", {"/bin/true"}), 0);
+    const std::pair<const char*, const char*> kQuestionable[] = {
+        {"CS4", "9"},      {"CS5", "7.5.1"}, {"CS5.5", "7.0.4"}, {"CC", "14"},    {"2021", "2021"},
+        {"CC 2018", "14"}, {"2.0", "8"},     {"CS6 Beta", "9"},  {"Beta", "14.5"}};
+    for (const auto& [suffix, version] : kQuestionable) {
+        Words call = Call(std::string("Adobe InDesign ") + suffix, version);
+        ExpectRefused(call, 1, {}, "--force");
+        call.insert(call.begin(), "--force");
+        EXPECT_EQ(Register(call), 0) << suffix;
+        EXPECT_EQ(Register({"--remove", call[2]}), 0) << suffix;
+    }
+    const std::pair<const char*, const char*> kRight[] = {
+        {"CS4", "6.0.1"},  {"CS5", "7.0.4"}, {"CS5.5", "7.5"},  {"CC", "9.2"}, {"2021", "16"},
+        {"CC 2018", "13"}, {"2.0", "2.0.2"}, {"CS6 Beta", "8"}, {"Beta", "10"}};
+    for (const auto& [suffix, version] : kRight)
+        EXPECT_EQ(Register(Call(std::string("Adobe InDesign ") + suffix, version)), 0) << suffix;
+}
+
+TEST_F(RegisterFilesTest, ListIsSortedAndAlignedAndMarksWhatIsMissing) {
     ASSERT_EQ(Script("rmdir Applications"), 0);
     EXPECT_EQ(List(), "");
-    ASSERT_EQ(RegisterOne(), 0) << folder_.Read("stderr");
-    EXPECT_EQ(List(), "Adobe InDesign CS6\t8.0.1\t/bin/true\n");
+    ASSERT_EQ(Script("cp /bin/true start"), 0);
+    ASSERT_EQ(RegisterCommand("Adobe InDesign 2021", "16", {"/bin/true"}), 0);
+    ASSERT_EQ(Register({"--name=Adobe InDesign CS6", "--version=8.0.1", "./start", "-x"}), 0);
+    ASSERT_EQ(Script("rm start"), 0);
+    const std::string start = folder_ / "start";
+    EXPECT_EQ(List(), "Adobe InDesign CS6   8.0.1  " + start + " -x  (missing: " + start +
+                          ")\nAdobe InDesign 2021  16     /bin/true\n");
+    ASSERT_EQ(Script("rm -r Applications; echo >Applications"), 0);
+    EXPECT_EQ(Register({"--list"}), 1);
+    EXPECT_NE(folder_.Read("stderr").find("can't be read"), std::string::npos);
 }
 
 }  // namespace

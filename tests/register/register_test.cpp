@@ -87,7 +87,7 @@ TEST_F(RegisterTest, NamesOfAllKindsAreFoundListedAndRemoved) {
     for (const std::string& name : kNames) {
         ASSERT_EQ(RegisterCommand(name, "8.0.1", {DUNVEY_RECORDER, "for\n", name}), 0)
             << folder_.Read("stderr");
-        const std::string line = name + "\t8.0.1\t" + DUNVEY_RECORDER + " for'\xE2\x90\x8A' ";
+        const std::string line = name + "  8.0.1  " + DUNVEY_RECORDER + " for'\xE2\x90\x8A' ";
         EXPECT_EQ(List().substr(0, line.size()), line);
         const size_t before = Records().size();
         ASSERT_EQ(Dunvey({Document("a.indd", 8)}), 0);
@@ -116,6 +116,91 @@ TEST_F(RegisterTest, CommandIsAPathFromThenOn) {
             kill(Records().back().process, SIGTERM);
         }
     }
+}
+
+TEST_F(RegisterTest, CommandsThatDoNotWorkAreExplained) {
+    const auto call = [this](const Words& command) {
+        return RegisterCommand("Adobe InDesign CS6", "8", command);
+    };
+    EXPECT_EQ(call({"A=1", "/bin/true"}), 1);
+    EXPECT_NE(folder_.Read("stderr").find("env A=1"), std::string::npos);
+    ASSERT_EQ(Script("ln -s '" DUNVEY_PROGRAM "' link"), 0);
+    for (const Words& command :
+         {Words{DUNVEY_PROGRAM}, Words{"./link"}, Words{"env", "-i", "A=1", DUNVEY_PROGRAM}}) {
+        EXPECT_EQ(call(command), 1);
+        EXPECT_NE(folder_.Read("stderr").find("Dunvey itself"), std::string::npos);
+    }
+    ASSERT_EQ(Script("cp /bin/true wine; cp /bin/true xdg-open"), 0);
+    for (const Words& command :
+         {Words{"./xdg-open"}, Words{"./wine", "start", "x.exe"},
+          Words{"env", "A=1", "./wine", "start"}, Words{"sh", "-c", "./start \"$@\" & "}}) {
+        EXPECT_EQ(call(command), 0);
+        EXPECT_NE(folder_.Read("stderr").find("warning"), std::string::npos) << command[0];
+    }
+    for (const Words& command : {Words{"./wine", "x.exe"}, Words{"./wine", "start", "/WAIT", "x"},
+                                 Words{"sh", "-c", "a && b"}, Words{"env"}}) {
+        EXPECT_EQ(call(command), 0);
+        EXPECT_EQ(folder_.Read("stderr"), "") << command[0];
+    }
+    EXPECT_EQ(
+        call({folder_ / BundleOf("Adobe InDesign CS6") + "/Contents/MacOS/Adobe InDesign CS6"}), 1);
+}
+
+TEST_F(RegisterTest, ScriptTellsTheUserOfAMissingOrFailingCommand) {
+    const std::string name = "Adobe InDesign CS6";
+    const std::string tools = "PATH=\"$HOME/bin:$PATH\" DISPLAY=:0; export DISPLAY; ";
+    const std::string run = "exec \"$1/Contents/MacOS/Adobe InDesign CS6\"";
+    folder_.MakeFolder("bin");
+    ASSERT_EQ(Script("cd bin; printf '#!/bin/sh\\necho \"${0##*/} $*\" >>~/told\\n' >notify-send; "
+                     "cp notify-send zenity; chmod +x *; cp zenity ../start"),
+              0);
+    // SIGINT ends the command, since it isn't ignored.
+    ASSERT_EQ(RegisterCommand(name, "8", {"sh", "-c", "kill -INT $$; exit 3"}), 0);
+    EXPECT_EQ(Script(tools + run, {BundleOf(name)}), 130);
+    EXPECT_NE(folder_.Read("told").find("notify-send -u critical"), std::string::npos);
+    EXPECT_NE(folder_.Read("told").find("exit code 130"), std::string::npos);
+
+    // Without a session bus notify-send fails.
+    ASSERT_EQ(RegisterCommand(name, "8", {"./start"}), 0);
+    ASSERT_EQ(Script("rm told start; echo 'exit 1' >>bin/notify-send"), 0);
+    EXPECT_EQ(Script(tools + run, {BundleOf(name)}), 127);
+    for (int i = 0; i < 6000 && folder_.Read("told").find("zenity") == std::string::npos; ++i)
+        usleep(10'000);
+    EXPECT_NE(folder_.Read("told").find("zenity --error"), std::string::npos);
+    EXPECT_NE(folder_.Read("stderr").find("start\" is missing"), std::string::npos);
+}
+
+TEST_F(RegisterTest, DocumentsReachAWindowsProgramByWindowsPaths) {
+    const std::string name = "Adobe InDesign CS6";
+    folder_.MakeFolder("bin");
+    folder_.MakeFolder("pre fix/dosdevices");
+    folder_.Write("pre fix/ID.exe", "");
+    folder_.Write(
+        "bin/wine",
+        "#!/bin/sh\nif [ \"$1\" != winepath.exe ]; then\n"
+        "    exec '" DUNVEY_RECORDER
+        "' \"$WINEPREFIX\" \"$@\"\nfi\nshift 2\n"
+        "printf 'Z:%s\\r\\n' \"$@\" | tr / '\\\\' | sed 's/^Z:.*unseen/\\\\\\\\?\\\\unix&/'\n");
+    ASSERT_EQ(Script("chmod +x bin/wine"), 0);
+    const Words kCall = {"--name",         name, "--version", "8", "--wine=pre fix",
+                         "pre fix/ID.exe", "/x"};
+    ASSERT_EQ(Register(kCall, "PATH=\"$HOME/bin:$PATH\""), 0) << folder_.Read("stderr");
+    Words words = {folder_ / "it's $(x).indd", folder_ / "a:b.indd", folder_ / "c\n.indd",
+                   folder_ / "unseen.indd", folder_ / "end./d.indd"};
+    words.insert(words.begin(), BundleOf(name));
+    EXPECT_EQ(Script("DUNVEY_RECORD_EXIT=1 \"$1/Contents/MacOS/Adobe InDesign CS6\" "
+                     "\"$2\" \"$3\" \"$4\" \"$5\" \"$6\"",
+                     words),
+              0);
+    std::string windows = "Z:" + words[1];
+    std::replace(windows.begin(), windows.end(), '/', '\\');
+    const std::vector<Record> records = AwaitRecords(1);
+    ASSERT_EQ(records.size(), 1U);
+    EXPECT_EQ(records[0].arguments,
+              (Words{folder_ / "pre fix", folder_ / "pre fix/ID.exe", "/x", windows}));
+    for (const char* refused : {"a:b", "c\n", "unseen", "d.indd"})
+        EXPECT_NE(folder_.Read("stderr").find(refused), std::string::npos) << refused;
+    EXPECT_EQ(folder_.Read("stderr").find("it's"), std::string::npos);
 }
 
 }  // namespace

@@ -1,0 +1,48 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "platform/files/file_descriptor.h"
+
+namespace dunvey {
+
+/// An open folder. Names are single path components and links are never followed, so whatever is
+/// put in the folder's place, nothing outside of it changes. A failure raises Refusal.
+class Folder {
+ public:
+    /// None.
+    Folder() = default;
+    /// The folder at a path; links in the path are followed.
+    static Folder At(const std::string& path);
+    explicit operator bool() const { return static_cast<bool>(descriptor_); }
+
+    const std::string& Path() const { return path_; }
+    std::string PathOf(const std::string& name) const { return path_ + "/" + name; }
+    /// Whether there is an entry of the name, even a broken link.
+    bool Has(const std::string& name) const;
+    /// The folder of the name; none if it is missing, a link or a file, or if this is none.
+    Folder Child(const std::string& name) const;
+    /// The folder of the name, created if it is missing.
+    Folder Make(const std::string& name) const;
+
+    /// The first `limit` bytes of a regular file; empty if there is none.
+    std::string Read(const std::string& name, size_t limit) const;
+    /// Creates a file that isn't there yet. The umask applies to `mode`.
+    void Write(const std::string& name, std::string_view bytes, mode_t mode) const;
+    /// Renames an entry, replacing a file of the new name. Returns false if it isn't there.
+    bool Move(const std::string& name, const Folder& target, const std::string& newName) const;
+    /// Removes a file or a link, if it is there.
+    void RemoveFile(const std::string& name) const;
+    /// Removes an empty folder. Returns whether no entry of the name is left.
+    bool RemoveFolder(const std::string& name) const;
+
+ private:
+    Folder(FileDescriptor descriptor, std::string path)
+        : descriptor_(std::move(descriptor)), path_(std::move(path)) {}
+
+    FileDescriptor descriptor_;
+    std::string path_;
+};
+
+}  // namespace dunvey

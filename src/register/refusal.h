@@ -1,0 +1,22 @@
+#pragma once
+
+#include <cstring>
+#include <string>
+
+namespace dunvey {
+
+/// A failure; `text` says what, where and what to do.
+struct Refusal {
+    std::string text;
+};
+
+inline std::string Quoted(const std::string& text) {
+    return "\"" + text + "\"";
+}
+
+/// Raises Refusal: the path can't be "read" or the like because of an errno.
+[[noreturn]] inline void Refuse(const std::string& path, const std::string& action, int error) {
+    throw Refusal{Quoted(path) + " can't be " + action + ": " + std::strerror(error) + "."};
+}
+
+}  // namespace dunvey
