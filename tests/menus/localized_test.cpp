@@ -6,7 +6,7 @@
 
 #include "menus/general.h"
 #include "menus/spoken.h"
-#include "platform/controls/dock_texts.h"
+#include "platform/linux/dock_texts.h"
 #include "platform/text/reg_ex_xojo.h"
 #include "platform/text/translation_table.h"
 #include "support/world.h"

@@ -6,14 +6,14 @@
 
 namespace dunvey {
 
-/// Whether the system has a menu of the application's own, which holds About and Quit.
+/// Whether About and Quit are in an application menu, as on macOS.
 bool HasApplicationMenu();
 
-/// The dock window on the screen; letting it go takes it off.
+/// The dock window on the screen, until it is destroyed.
 class QtDock {
  public:
     virtual ~QtDock() = default;
-    /// Shows it; nullptr where the system has a dock of its own.
+    /// Shows it; nullptr on macOS, which has a dock of its own.
     static std::unique_ptr<QtDock> Show(UserAction key);
 };
 

@@ -1,15 +1,11 @@
 #include "platform/qt/dock.h"
 
-#include <QCoreApplication>
 #include <QDragEnterEvent>
 #include <QFileDialog>
-#include <QLibraryInfo>
-#include <QLocale>
 #include <QMimeData>
-#include <QTranslator>
 
-#include "platform/controls/dock_texts.h"
-#include "platform/controls/dock_window.h"
+#include "platform/linux/dock_texts.h"
+#include "platform/linux/dock_window.h"
 #include "platform/loop/application.h"
 #include "platform/loop/event_loop.h"
 #include "platform/qt/qt_window.h"
@@ -19,8 +15,8 @@ namespace {
 
 using Words = std::vector<std::string>;
 
-/// The URIs, byte for byte: a name need not be text.
-Words WordsOf(const QMimeData& data) {
+/// The URIs as bytes, since a file name may not be valid text.
+Words UrisIn(const QMimeData& data) {
     Words words;
     for (const QByteArray& line : data.data(QStringLiteral("text/uri-list")).split('\n')) {
         const QByteArray word = line.trimmed();
@@ -67,23 +63,22 @@ class LinuxDock final : public QtDock, public QObject {
  private:
     void Drag(QDragMoveEvent& event) {
         if (event.type() == QEvent::DragEnter) {
-            const Words words = WordsOf(*event.mimeData());
+            const Words words = UrisIn(*event.mimeData());
             EventLoop::Current().Enter([&] { isWelcome_ = dock_->Drag(key_, words); });
         }
-        // The files stay where they are, whatever the other side offers.
+        // Never let the other program delete the files, as after a move.
         event.setDropAction(Qt::CopyAction);
         event.setAccepted(isWelcome_);
     }
     void Drop(QDropEvent& event) {
         event.setDropAction(Qt::CopyAction);
         event.accept();
-        Take(WordsOf(*event.mimeData()));
+        Take(UrisIn(*event.mimeData()));
     }
     void Take(const Words& words) {
         EventLoop::Current().Enter([&] { dock_->Take(key_, words); });
     }
     void ChooseFiles() {
-        Translate();
         files_ = std::make_unique<QFileDialog>(WindowWidget::Of(dock_.Get()),
                                                QString::fromStdString(Dock::kChooseDocuments("")),
                                                QString(), Filter());
@@ -96,21 +91,8 @@ class LinuxDock final : public QtDock, public QObject {
         });
         files_->open();
     }
-    /// The dialog's own texts are the toolkit's.
-    void Translate() {
-        const bool isLoaded =
-            !translator_.isEmpty() ||
-            translator_.load(QLocale(), QStringLiteral("qtbase"), QStringLiteral("_"),
-#if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
-                             QLibraryInfo::location(QLibraryInfo::TranslationsPath));
-#else
-                             QLibraryInfo::path(QLibraryInfo::TranslationsPath));
-#endif
-        if (isLoaded) QCoreApplication::installTranslator(&translator_);
-    }
 
     UserAction key_;
-    QTranslator translator_;
     Ref<DockWindow> dock_ = New<DockWindow>();
     std::unique_ptr<QFileDialog> files_;
     bool isWelcome_ = false;

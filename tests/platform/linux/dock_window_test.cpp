@@ -1,4 +1,4 @@
-#include "platform/controls/dock_window.h"
+#include "platform/linux/dock_window.h"
 
 #include <sys/stat.h>
 

@@ -1,10 +1,10 @@
-#include "platform/controls/dock_window.h"
+#include "platform/linux/dock_window.h"
 
 #include <sys/stat.h>
 
 #include <algorithm>
 
-#include "platform/controls/dock_texts.h"
+#include "platform/linux/dock_texts.h"
 #include "platform/loop/application.h"
 #include "platform/loop/event_loop.h"
 #include "platform/loop/launch_documents.h"
@@ -15,10 +15,10 @@ namespace dunvey {
 namespace {
 
 constexpr Size kDesign{340, 292};
-/// Told from a light and from a dark window.
+/// Visible on light and dark windows.
 constexpr Color kFrameColor{0x808080};
 
-/// The file isn't opened: a look into a pipe could wait for ever.
+/// Doesn't open the file: opening a FIFO could block.
 bool IsFile(const std::string& path) {
     struct stat status {};
     return path.starts_with("/") && stat(path.c_str(), &status) == 0 && S_ISREG(status.st_mode);
@@ -65,7 +65,8 @@ DockWindow::DockWindow() : Window(kDesign) {
     line_->SetName("line");
     line_->SetDesign({30, 162, 280, 28}, {.Left = true, .Top = true});
     line_->SetTextAlign(Label::kAlignCentre);
-    line_->SetText(Dock::kDropDocuments(""));
+    // With arguments the dock is shown only if none of them is a document.
+    line_->SetText(LaunchWords().empty() ? Dock::kDropDocuments("") : Dock::kNothingToOpen(""));
     choose_->SetName("choose");
     choose_->SetDesign({80, 240, 180, 28}, {.Left = true, .Top = true});
     choose_->SetCaption(Dock::kChooseDocuments(""));

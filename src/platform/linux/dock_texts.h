@@ -8,18 +8,19 @@
 
 namespace dunvey {
 
-/// A text of the dock window: its key in the translation table and its English default.
+/// A text of the dock window.
 struct DockText {
+    /// In the translation table.
     std::string_view key;
+    /// In English.
     std::string_view text;
 
-    /// In that language; empty means the user's.
+    /// The text in a language; empty means the user's.
     std::string operator()(const std::string& language) const {
         return System::_GetLocalizedString(key, text, language);
     }
 };
 
-/// The texts of the dock window.
 namespace Dock {
 
 inline constexpr DockText kDropDocuments{"Dock.kDropDocuments", "Drop documents here to open them"};
@@ -28,7 +29,6 @@ inline constexpr DockText kChooseDocuments{"Dock.kChooseDocuments", "Choose docu
 /// The kind of files that the file dialog lists.
 inline constexpr DockText kDocuments{"Dock.kDocuments", "Documents"};
 
-/// All of them, for whoever checks a translation.
 inline constexpr std::array kAll = {kDropDocuments, kNothingToOpen, kChooseDocuments, kDocuments};
 
 }  // namespace Dock

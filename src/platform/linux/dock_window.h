@@ -11,27 +11,29 @@
 
 namespace dunvey {
 
-/// The documents among the words, each a path or a `file:` URI of this machine, as absolute paths:
-/// files with one of the extensions in any letter case. Without extensions every file is one.
+/// The documents among `words`, each a path or a `file:` URI of this machine, as absolute paths. A
+/// document is a regular file with one of the extensions, in any letter case; without extensions
+/// every regular file is one.
 std::vector<std::string> DocumentsAmong(const std::vector<std::string>& words,
                                         const std::vector<std::string>& extensions);
 
-/// What stands on the screen while the program waits for documents, where the system has no place
-/// of its own to drop them on. It needs the registered application. To close it ends the program.
+/// The window shown while the program waits for documents: a place to drop them and a button to
+/// choose them. Needs the registered application. Closing it ends the program.
 class DockWindow final : public Window {
  public:
     DockWindow();
 
-    /// Lets the user choose files, which come back through Take; the desktop sets it.
+    /// Lets the user choose files and passes them to Take. The desktop sets it.
     std::function<void()> Choose;
 
-    /// The user drags files over it. False if there is no document among them, which it then says.
+    /// The user drags files over the window. Returns whether there is a document among them; if
+    /// not, the window says so.
     bool Drag(UserAction, const std::vector<std::string>& words);
-    /// The user drops or has chosen files: the documents among them are handed to the application
-    /// in one go and the window goes. Without one it stays and says so.
+    /// The user drops or chooses files: posts the documents among them to the event loop and closes
+    /// the window. Without a document the window stays and says so.
     void Take(UserAction key, const std::vector<std::string>& words);
 
-    /// Closes it; the program goes on.
+    /// Closes the window without ending the program.
     void Withdraw();
 
     void Event_Close() override;
