@@ -2,14 +2,19 @@
 
 #include <memory>
 #include <optional>
+#include <string>
 
 namespace dunvey {
 
-/// Keeps a screen's server from starting afresh: some do as soon as nobody is connected.
-using DisplayHold = std::shared_ptr<void>;
+struct Display {
+    /// The Qt platform that can start, such as "xcb"; empty for Qt's own choice.
+    std::string platform;
+    /// Keeps a connection until Qt has its own: some X servers reset when the last client leaves.
+    std::shared_ptr<void> connection;
+};
 
-/// A hold on a screen that the toolkit can show windows on, to be kept until the toolkit has
-/// reached it itself; nothing where there is none.
-std::optional<DisplayHold> ReachDisplay();
+/// The first usable one of the platforms in QT_QPA_PLATFORM, else X11, else Wayland; nothing if
+/// none is. Qt ends the process when it is started on a platform that isn't usable.
+std::optional<Display> ReachDisplay();
 
 }  // namespace dunvey

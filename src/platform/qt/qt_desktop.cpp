@@ -1,8 +1,12 @@
 #include "platform/qt/qt_desktop.h"
 
 #include <QFileOpenEvent>
+#include <QLibraryInfo>
+#include <QLocale>
+#include <QSettings>
 #include <QWidget>
 #include <algorithm>
+#include <array>
 #include <chrono>
 #include <functional>
 
@@ -14,20 +18,19 @@
 #include "platform/qt/qt_style.h"
 #include "platform/qt/qt_window.h"
 #include "platform/qt/text_order.h"
+#include "platform/text/user_language.h"
 
 namespace dunvey {
 namespace {
 
-// The toolkit keeps references to both for as long as it lives.
-int argumentCount = 1;
-char argument[] = "Dunvey";
-char* argumentList[] = {argument, nullptr};
+// The command line for Qt, which keeps references to it until the process ends.
+std::array<std::string, 3> arguments{"Dunvey", "-platform", ""};
+std::array<char*, 4> argumentList{};
+int argumentCount = 0;
 
-/// What must be chosen ahead of the toolkit's application. High-resolution drawing later versions
-/// of it always have.
-void PrepareToolkit() {
-    // Else each menu bar asks the session for one that shows the menus of all programs, even where
-    // it is told to stay in its window.
+/// Sets what must be set before QApplication is constructed. Returns the number of arguments.
+int& PrepareQt(const std::string& platform) {
+    // Else each menu bar asks over D-Bus for a global one, even if it stays in its window.
     QCoreApplication::setAttribute(Qt::AA_DontUseNativeMenuBar, !HasApplicationMenu());
 #if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
     QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling, Application::SupportsHiDPI());
@@ -35,6 +38,12 @@ void PrepareToolkit() {
     QGuiApplication::setHighDpiScaleFactorRoundingPolicy(
         Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
 #endif
+    // An option, since commands would inherit QT_QPA_PLATFORM.
+    arguments[2] = platform;
+    argumentCount = platform.empty() ? 1 : 3;
+    for (size_t i = 0; i < static_cast<size_t>(argumentCount); ++i)
+        argumentList[i] = arguments[i].data();
+    return argumentCount;
 }
 
 bool IsAnythingShown() {
@@ -44,14 +53,31 @@ bool IsAnythingShown() {
 
 }  // namespace
 
-QtApplication::QtApplication() : QApplication((PrepareToolkit(), argumentCount), argumentList) {
-    // With it on, the end of the first modal window would end all that follow, unseen.
+QtApplication::QtApplication(const std::string& platform)
+    : QApplication(PrepareQt(platform), argumentList.data()) {
+    // Else the end of the first modal window ends all later loops at once.
     setQuitOnLastWindowClosed(false);
-    // The desktop entry of the packages: its icon stands for the windows.
+    // The desktop entry that the packages install: desktops take its icon for the windows.
     setDesktopFileName(QStringLiteral("org.dunvey.Dunvey"));
+    // QFileDialog would save its state in the user's configuration. No folder can be made there.
+    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, QStringLiteral("/dev/null"));
     installEventFilter(&freshWindowGuard_);
+    TranslateTexts();
     setStyle(new QtStyle);
-    // The toolkit owns its style. NOLINTNEXTLINE(clang-analyzer-cplusplus.NewDeleteLeaks)
+    // QApplication owns its style. NOLINTNEXTLINE(clang-analyzer-cplusplus.NewDeleteLeaks)
+}
+
+void QtApplication::TranslateTexts() {
+    const std::string language = UserLanguage();
+    if (language.empty()) return;
+#if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
+    const QString folder = QLibraryInfo::location(QLibraryInfo::TranslationsPath);
+#else
+    const QString folder = QLibraryInfo::path(QLibraryInfo::TranslationsPath);
+#endif
+    const bool isLoaded = translator_.load(QLocale(QString::fromStdString(language)),
+                                           QStringLiteral("qtbase"), QStringLiteral("_"), folder);
+    if (isLoaded) installTranslator(&translator_);
 }
 
 bool QtApplication::event(QEvent* event) {
@@ -62,27 +88,26 @@ bool QtApplication::event(QEvent* event) {
         return true;
     }
     if (event->type() == QEvent::Quit) {
-        // The desktop's wish that the program ends. The toolkit's own answer would make every later
-        // loop return at once.
+        // The session ends. Qt's own handler would make every later loop return at once.
         EventLoop::Current().Enter([] { NSApplication::terminate(); });
         return true;
     }
     return QApplication::event(event);
 }
 
-QtDesktop::QtDesktop() {
+QtDesktop::QtDesktop(const std::string& platform) : application_(platform) {
     wake_.setSingleShot(true);
     wake_.setTimerType(Qt::PreciseTimer);
     QObject::connect(&wake_, &QTimer::timeout, &wake_, [this] { Serve(); });
 }
 
 QtDesktop::~QtDesktop() {
-    // The widgets of windows that have closed wait for a loop to delete them.
+    // No loop will delete the widgets of closed windows any more.
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
 
 void QtDesktop::RunLoop() {
-    // Nothing is left to do and to see: the program waits for documents.
+    // With nothing to do and nothing on the screen, the program waits for documents.
     const bool isWaiting =
         loops_.empty() && !EventLoop::Current().UntilNext() && !IsAnythingShown();
     const std::unique_ptr<QtDock> dock = isWaiting ? QtDock::Show(ByUser()) : nullptr;
@@ -110,7 +135,7 @@ void QtDesktop::Serve() {
 }
 
 void QtDesktop::Turn() {
-    // A loop over hundreds of rows gives a turn for each; the user needs no more than one a frame.
+    // The logic calls this for each of hundreds of rows; once a frame is enough.
     constexpr std::chrono::milliseconds kFrame(8);
     const auto now = std::chrono::steady_clock::now();
     if (now - lastTurn_ < kFrame) return;

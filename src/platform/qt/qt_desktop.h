@@ -3,7 +3,9 @@
 #include <QApplication>
 #include <QEventLoop>
 #include <QTimer>
+#include <QTranslator>
 #include <chrono>
+#include <string>
 #include <vector>
 
 #include "platform/loop/desktop.h"
@@ -11,22 +13,26 @@
 
 namespace dunvey {
 
-/// The toolkit's application. On macOS the documents arrive through it.
+/// Qt's application object. On macOS it receives the documents.
 class QtApplication : public QApplication {
  public:
-    QtApplication();
+    explicit QtApplication(const std::string& platform);
 
  protected:
     bool event(QEvent* event) override;
 
  private:
+    void TranslateTexts();
+
     FreshWindowGuard freshWindowGuard_;
+    QTranslator translator_;
 };
 
 /// The desktop in Qt widgets.
 class QtDesktop final : public Desktop {
  public:
-    QtDesktop();
+    /// On a platform of Qt by its name; empty for the one in QT_QPA_PLATFORM, else Qt's choice.
+    explicit QtDesktop(const std::string& platform = {});
     ~QtDesktop() override;
 
     void RunLoop() override;
@@ -47,7 +53,7 @@ class QtDesktop final : public Desktop {
     QtApplication application_;
     QTimer wake_;
     std::vector<QEventLoop*> loops_;
-    /// The front was asked for while there was no window: the next one comes up there.
+    /// BringToFront was called while there was no window; the next dialog comes to the front.
     bool frontIsWanted_ = false;
 };
 

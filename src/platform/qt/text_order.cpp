@@ -5,16 +5,15 @@
 namespace dunvey {
 namespace {
 
-QLocale Language() {
-    // The collator orders by bytes under these, without digits by their value and without saying
-    // so.
+QLocale CollatorLocale() {
+    // QCollator ignores its numeric mode under the C and POSIX locales.
     const QLocale locale;
     return locale.language() == QLocale::C ? QLocale(QLocale::English, QLocale::UnitedStates)
                                            : locale;
 }
 
 QCollator MakeCollator() {
-    QCollator collator(Language());
+    QCollator collator(CollatorLocale());
     collator.setNumericMode(true);
     return collator;
 }

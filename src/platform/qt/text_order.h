@@ -5,8 +5,8 @@
 
 namespace dunvey {
 
-/// Compares two texts as the user's language orders names, digits by their value: negative, zero or
-/// positive; zero for equal texts alone.
+/// Compares two names in the order of the user's language, digits by their value: negative, zero or
+/// positive; zero for equal texts only.
 int64_t CompareAsNames(const std::string& text1, const std::string& text2);
 
 }  // namespace dunvey

@@ -4,8 +4,9 @@
 
 namespace dunvey {
 
-/// The user's language, such as "ja" or "pt_BR"; empty for none, which is English. On Linux the
-/// locale's: LC_ALL, else LC_MESSAGES, else LANG.
+/// The language of the program's texts, such as "ja" or "pt_BR"; empty for English. On Linux that
+/// of the locale, from LC_ALL, LC_MESSAGES or LANG. LANGUAGE may list others, in the order of
+/// preference, unless the locale is C or POSIX; the first one that there are texts in counts.
 std::string UserLanguage();
 
 }  // namespace dunvey

@@ -4,12 +4,12 @@
 #include <sys/un.h>
 #include <xcb/xcb.h>
 
+#include <QCoreApplication>
 #include <QDir>
-#include <QLibraryInfo>
+#include <QLibrary>
 #include <algorithm>
 #include <cstdlib>
 #include <cstring>
-#include <string>
 
 #include "platform/files/file_descriptor.h"
 #include "platform/text/text.h"
@@ -17,10 +17,11 @@
 namespace dunvey {
 namespace {
 
-std::optional<DisplayHold> ReachX11() {
-    const DisplayHold connection(xcb_connect(nullptr, nullptr), xcb_disconnect);
-    if (xcb_connection_has_error(static_cast<xcb_connection_t*>(connection.get())) != 0) return {};
-    return connection;
+std::shared_ptr<void> ConnectToX11() {
+    const std::shared_ptr<void> connection(xcb_connect(nullptr, nullptr), xcb_disconnect);
+    const bool failed =
+        xcb_connection_has_error(static_cast<xcb_connection_t*>(connection.get())) != 0;
+    return failed ? nullptr : connection;
 }
 
 bool ReachesWayland() {
@@ -38,54 +39,46 @@ bool ReachesWayland() {
            connect(socket.Get(), reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0;
 }
 
-/// Whether the toolkit has that platform at all; it aborts the process where it hasn't.
-bool HasPlatform(const QString& name) {
-#if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
-    const QString plugins = QLibraryInfo::location(QLibraryInfo::PluginsPath);
-#else
-    const QString plugins = QLibraryInfo::path(QLibraryInfo::PluginsPath);
-#endif
-    const QStringList files = QDir(plugins + QStringLiteral("/platforms")).entryList(QDir::Files);
-    // Not asked for by a pattern: the toolkit would make a regular expression of it.
-    return std::any_of(files.begin(), files.end(), [&](const QString& file) {
-        return file.startsWith(QStringLiteral("libq") + name, Qt::CaseInsensitive) &&
-               file.endsWith(QStringLiteral(".so"));
+/// Whether Qt has a plug-in for the platform that can be loaded with all its libraries.
+bool HasPlugin(const std::string& platform) {
+    const QString name = QStringLiteral("libq") + QString::fromStdString(platform);
+    const auto isUsable = [&name](const QFileInfo& file) {
+        const bool isNamed = file.fileName() == name + QStringLiteral(".so") ||
+                             file.fileName().startsWith(name + QLatin1Char('-'));
+        return isNamed && QLibrary(file.filePath()).load();
+    };
+    const QStringList folders = QCoreApplication::libraryPaths();
+    return std::any_of(folders.begin(), folders.end(), [&](const QString& folder) {
+        const QFileInfoList files = QDir(folder + QStringLiteral("/platforms")).entryInfoList();
+        return std::any_of(files.begin(), files.end(), isUsable);
     });
 }
 
-/// What a platform by its name, such as "xcb" or "wayland-egl:options", can start on. Those that
-/// need no server always can.
-std::optional<DisplayHold> Reach(const std::string& wanted) {
-    // The toolkit takes its names in any case.
-    const std::string name = Lowercase(wanted);
-    if (name.starts_with("xcb")) return ReachX11();
-    const bool canStart = name.starts_with("wayland")
-                              ? ReachesWayland() && HasPlatform(QStringLiteral("wayland"))
-                              : HasPlatform(QString::fromStdString(NthField(name, ":", 1)));
-    if (!canStart) return {};
-    return DisplayHold();
-}
-
-/// The platforms that the toolkit was told to use, in its own order of trying.
-std::vector<std::string> WantedPlatforms() {
-    const char* names = std::getenv("QT_QPA_PLATFORM");
-    return names == nullptr ? std::vector<std::string>() : SplitB(names, ";");
+/// `wanted` is a name as in QT_QPA_PLATFORM, such as "xcb", "wayland-egl" or "offscreen:options".
+std::optional<Display> Reach(const std::string& wanted) {
+    const std::string name = Lowercase(NthField(wanted, ":", 1));
+    Display display{wanted, nullptr};
+    if (name == "xcb") {
+        display.connection = ConnectToX11();
+        if (!display.connection) return {};
+    } else if (name.starts_with("wayland")) {
+        if (!ReachesWayland()) return {};
+    } else if (name != "offscreen" && name != "minimal" && name != "vnc") {
+        // The others draw on the graphics card and show one window at a time.
+        return {};
+    }
+    return HasPlugin(name) ? std::optional(display) : std::nullopt;
 }
 
 }  // namespace
 
-std::optional<DisplayHold> ReachDisplay() {
-    for (const std::string& name : WantedPlatforms()) {
-        if (name.empty()) continue;
-        if (std::optional<DisplayHold> hold = Reach(name)) return hold;
-    }
-    // Sessions name what they have themselves, and a remote login inherits that: any server that
-    // answers will do.
-    for (const char* name : {"xcb", "wayland"}) {
-        std::optional<DisplayHold> hold = Reach(name);
-        if (!hold) continue;
-        setenv("QT_QPA_PLATFORM", name, 1);
-        return hold;
+std::optional<Display> ReachDisplay() {
+    std::vector<std::string> names;
+    if (const char* wanted = std::getenv("QT_QPA_PLATFORM")) names = SplitB(wanted, ";");
+    // A remote login may inherit a platform that its own display doesn't have.
+    names.insert(names.end(), {"xcb", "wayland"});
+    for (const std::string& name : names) {
+        if (std::optional<Display> display = Reach(name)) return display;
     }
     return {};
 }

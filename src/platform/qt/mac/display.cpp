@@ -2,8 +2,8 @@
 
 namespace dunvey {
 
-std::optional<DisplayHold> ReachDisplay() {
-    return DisplayHold();
+std::optional<Display> ReachDisplay() {
+    return Display();
 }
 
 }  // namespace dunvey
