@@ -22,34 +22,44 @@
 namespace dunvey {
 namespace {
 
-/// Shows the line as well as it fits. A screen reader hears the whole of it.
+/// Shows the line, shortened in the middle where `width` is too small, and returns it then. A
+/// screen reader gets the whole line. A control lower than its font grows to that height.
 template <typename Widget>
-void ShowLine(Widget& widget, const QString& line, const FittedLine& fitted, const QString& text) {
-    widget.setFont(fitted.font);
-    widget.setText(text);
-    widget.setToolTip(fitted.isCut ? TipOf(line) : QString());
+QString ShowLine(Widget& widget, const QString& line, int width, QString (*asShown)(QString)) {
+    const QString shown = widget.fontMetrics().elidedText(line, Qt::ElideMiddle, width);
+    widget.setText(asShown(shown));
     widget.setAccessibleName(line);
+    const int missing = widget.fontMetrics().height() - widget.height();
+    if (missing > 0) {
+        widget.setGeometry(widget.geometry().adjusted(0, -missing / 2, 0, missing - missing / 2));
+    }
+    return shown == line ? QString() : line;
 }
 
-void ShowCaption(QAbstractButton& button, const std::string& caption, QStyle::SubElement place) {
-    const QString line = LineOf(caption);
+QString ShowCaption(QAbstractButton& button, const std::string& caption, QStyle::SubElement place) {
     QStyleOptionButton option;
     option.initFrom(&button);
-    const QRect room = button.style()->subElementRect(place, &option, &button);
-    const FittedLine fitted(line, QApplication::font(&button), {room.width(), button.height()},
-                            Qt::ElideRight);
-    ShowLine(button, line, fitted, WithoutKeys(fitted.text));
+    const int width = button.style()->subElementRect(place, &option, &button).width();
+    return ShowLine(button, LineOf(caption), width, &WithoutMnemonics);
+}
+
+/// Return presses the button that has the focus, else the default button.
+bool IsPressedByReturn(const PushButton& model, const QPushButton& button) {
+    const QWidget* focused = button.window()->focusWidget();
+    return qobject_cast<const QPushButton*>(focused) != nullptr
+               ? focused == &button
+               : model.Default() && model.Enabled();
 }
 
 ControlView ViewOf(const Ref<PushButton>& model, QWidget* parent, const UserDoor& door) {
     auto* button = new QPushButton(parent);
-    // Return presses the default button of the model alone.
+    // Else Qt chooses a default button where the model has none.
     button->setAutoDefault(false);
     QObject::connect(button, &QPushButton::clicked, button,
                      [model, door] { door([&](UserAction key) { model->Press(key); }); });
     return {button, [model, button] {
-                button->setDefault(model->Default());
-                ShowCaption(*button, model->Caption(), QStyle::SE_PushButtonContents);
+                button->setDefault(IsPressedByReturn(*model, *button));
+                return ShowCaption(*button, model->Caption(), QStyle::SE_PushButtonContents);
             }};
 }
 
@@ -61,21 +71,19 @@ ControlView ViewOf(const Ref<CheckBox>& model, QWidget* parent, const UserDoor& 
     });
     return {box, [model, box] {
                 box->setChecked(model->Value());
-                ShowCaption(*box, model->Caption(), QStyle::SE_CheckBoxContents);
+                return ShowCaption(*box, model->Caption(), QStyle::SE_CheckBoxContents);
             }};
 }
 
 Qt::Alignment AlignmentOf(const Label& model) {
     if (model.TextAlign() == Label::kAlignCentre) return Qt::AlignHCenter | Qt::AlignVCenter;
-    // Whichever way the text is written.
     const Qt::Alignment side =
         model.TextAlign() == Label::kAlignRight ? Qt::AlignRight : Qt::AlignLeft;
     return side | Qt::AlignAbsolute | Qt::AlignVCenter;
 }
 
-/// The line with its parts from left to right, so that an extension stands behind its name also
-/// where that is written from right to left.
-QString FromLeftToRight(const QString& line) {
+/// Keeps the extension to the right of a file name that is written from right to left.
+QString FromLeftToRight(QString line) {
     constexpr char16_t kLeftToRightMark = 0x200E;
     return line.isRightToLeft() ? QChar(kLeftToRightMark) + line : line;
 }
@@ -87,9 +95,7 @@ ControlView ViewOf(const Ref<Label>& model, QWidget* parent) {
                 QFont font = QApplication::font(label);
                 if (model->TextSize() > 0) font.setPixelSize(static_cast<int>(model->TextSize()));
                 font.setBold(model->Bold() || font.bold());
-                const QString line = LineOf(model->Text());
-                const FittedLine fitted(line, font, label->size(), Qt::ElideMiddle);
-                ShowLine(*label, line, fitted, FromLeftToRight(fitted.text));
+                label->setFont(font);
                 label->setAlignment(AlignmentOf(*model));
                 QPalette palette = QApplication::palette(label);
                 if (model->TextColor() != Color{}) {
@@ -97,19 +103,21 @@ ControlView ViewOf(const Ref<Label>& model, QWidget* parent) {
                                      ReadableOn(model->TextColor(), palette.window().color()));
                 }
                 label->setPalette(palette);
+                return ShowLine(*label, LineOf(model->Text()), label->width(), &FromLeftToRight);
             }};
 }
 
 ControlView ViewOf(const Ref<Separator>& model, QWidget* parent) {
     auto* line = new QFrame(parent);
-    const bool lies = model->Width() >= model->Height();
-    return {line, [line, lies] {
+    const bool isHorizontal = model->Width() >= model->Height();
+    return {line, [line, isHorizontal] {
                 const QColor outline = OutlineOn(QApplication::palette(line));
-                line->setFrameShape(lies ? QFrame::HLine : QFrame::VLine);
-                line->setFrameShadow(outline.isValid() ? QFrame::Plain : QFrame::Sunken);
+                line->setFrameStyle((isHorizontal ? QFrame::HLine : QFrame::VLine) |
+                                    (outline.isValid() ? QFrame::Plain : QFrame::Sunken));
                 QPalette palette = QApplication::palette(line);
                 if (outline.isValid()) palette.setColor(QPalette::WindowText, outline);
                 line->setPalette(palette);
+                return QString();
             }};
 }
 
@@ -145,12 +153,18 @@ class CanvasWidget final : public QWidget {
 
 ControlView ViewOf(const Ref<Canvas>& model, QWidget* parent, const UserDoor& door) {
     auto* canvas = new CanvasWidget(model, parent, door);
-    return {canvas, [canvas] { canvas->update(); }};
+    return {canvas, [canvas] {
+                canvas->update();
+                return QString();
+            }};
 }
 
 ControlView ViewOf(const Ref<Listbox>& model, QWidget* parent, const UserDoor& door) {
     auto* list = new QtList(model, parent, door);
-    return {list, [list] { list->ReadSoon(); }};
+    return {list, [list] {
+                list->ReadSoon();
+                return QString();
+            }};
 }
 
 }  // namespace
@@ -163,7 +177,7 @@ ControlView MakeControlView(const Ref<RectControl>& control, QWidget* parent,
     if (const auto separator = control.As<Separator>()) return ViewOf(separator, parent);
     if (const auto canvas = control.As<Canvas>()) return ViewOf(canvas, parent, door);
     if (const auto list = control.As<Listbox>()) return ViewOf(list, parent, door);
-    return {new QWidget(parent), [] {}};
+    return {new QWidget(parent), [] { return QString(); }};
 }
 
 }  // namespace dunvey

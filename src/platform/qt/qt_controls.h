@@ -8,20 +8,21 @@
 
 namespace dunvey {
 
-/// What the user does, given the key to do it.
+/// An action of the user, called with the key that allows it.
 using UserInput = std::function<void(UserAction)>;
-/// Where it enters the program.
+/// Passes an action of the user to the program.
 using UserDoor = std::function<void(const UserInput&)>;
 
 /// A control on the screen.
 struct ControlView {
     /// Belongs to its parent.
     QWidget* widget = nullptr;
-    /// Has the widget show what the control holds now; its geometry is right before.
-    std::function<void()> read;
+    /// Shows the present state of the control; the widget has its size already. Returns the whole
+    /// text if it is shown shortened, else an empty string.
+    std::function<QString()> read;
 };
 
-/// A widget for the control.
+/// A new widget for the control.
 ControlView MakeControlView(const Ref<RectControl>& control, QWidget* parent, const UserDoor& door);
 
 }  // namespace dunvey

@@ -8,10 +8,9 @@ class QWidget;
 
 namespace dunvey {
 
-/// Keeps keys and presses that were meant for something else from answering a window that has only
-/// just come up: the second half of a double click, a key typed into another program, a key that is
-/// held. A window takes an answer once it has stood there, active, for as long as a double click
-/// may last.
+/// Ignores input that would answer a window before the user can have seen it: a key typed for
+/// another program, a key held down, the second click of a double click. A window can be answered
+/// once it has been active for the time of a double click. Other input works at once.
 class FreshWindowGuard final : public QObject {
  public:
     using QObject::QObject;
@@ -22,7 +21,7 @@ class FreshWindowGuard final : public QObject {
  private:
     bool IsFresh(const QWidget* window) const;
 
-    /// Since when each window is active for the first time.
+    /// The time since each window was first active.
     QHash<const QWidget*, QElapsedTimer> active_;
 };
 

@@ -62,8 +62,7 @@ QtList::QtList(Ref<Listbox> list, QWidget* parent, UserDoor door)
     setTabKeyNavigation(false);
     setShowGrid(false);
     setWordWrap(false);
-    setFrameShape(QFrame::Box);
-    setFrameShadow(QFrame::Plain);
+    setFrameStyle(QFrame::Box | QFrame::Plain);
     horizontalHeader()->hide();
     horizontalHeader()->setMinimumSectionSize(0);
     verticalHeader()->hide();
@@ -106,7 +105,7 @@ void QtList::ReadLook() {
     setPalette(look);
     const int height = static_cast<int>(list_->DefaultRowHeight());
     verticalHeader()->setDefaultSectionSize(height);
-    setFont(FittedLine({}, QApplication::font(this), {1, height}, Qt::ElideNone).font);
+    setFont(QApplication::font(this));
     setAccessibleName(LineOf(list_->SpokenName()));
 }
 

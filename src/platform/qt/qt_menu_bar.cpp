@@ -9,7 +9,7 @@ namespace {
 QKeySequence SequenceOf(const std::string& shortcut) {
     const auto keys = ParseKeyboardShortcut(shortcut);
     if (!keys) return {};
-    // The toolkit's "Ctrl" is Command where there is such a key.
+    // Qt's "Ctrl" is the Command key on macOS.
     const std::string text = std::string(keys->control ? "Meta+" : "") +
                              (keys->command ? "Ctrl+" : "") + (keys->option ? "Alt+" : "") +
                              (keys->shift ? "Shift+" : "") + keys->key;
@@ -23,16 +23,17 @@ QAction::MenuRole RoleOf(const MenuItem& item) {
 
 }  // namespace
 
-QtMenuBar::QtMenuBar(Ref<dunvey::MenuBar> model, QWidget* window, UserDoor door)
-    : QMenuBar(window), model_(std::move(model)), door_(std::move(door)) {
+QtMenuBar::QtMenuBar(Ref<dunvey::MenuBar> model, QWidget* window, UserDoor door, bool isShown)
+    : QMenuBar(window), model_(std::move(model)), door_(std::move(door)), isShown_(isShown) {
     setNativeMenuBar(HasApplicationMenu());
+    setVisible(isShown);
     for (const MenuOnScreen& menu : MenusOnScreen(*model_, HasApplicationMenu()))
         AddMenu(menu);
-    AddOpeningKey();
+    if (isShown) AddOpeningKey();
 }
 
 int QtMenuBar::HeightInWindow() const {
-    return isNativeMenuBar() ? 0 : sizeHint().height();
+    return isNativeMenuBar() || !isShown_ ? 0 : sizeHint().height();
 }
 
 void QtMenuBar::AddMenu(const MenuOnScreen& menu) {
@@ -40,7 +41,7 @@ void QtMenuBar::AddMenu(const MenuOnScreen& menu) {
     QList<QAction*> actions;
     for (const Ref<MenuItem>& item : menu.items)
         actions.push_back(ActionOf(item));
-    // The system's own bar knows the keys of what stands in its menus alone.
+    // macOS knows only the shortcuts of items that are in a menu.
     if (isNativeMenuBar()) shown->addActions(actions);
     connect(shown, &QMenu::aboutToShow, this, [this, shown, actions] {
         if (shown->actions().isEmpty()) shown->addActions(actions);
@@ -56,7 +57,7 @@ QAction* QtMenuBar::ActionOf(const Ref<MenuItem>& item) {
     action->setText(QString::fromStdString(MarkedCaption(*item)));
     action->setMenuRole(RoleOf(*item));
     action->setShortcut(SequenceOf(item->KeyboardShortcut));
-    // A key that is held down doesn't close one window after the other.
+    // A key held down must not close several windows.
     action->setAutoRepeat(false);
     if (!item->KeyboardShortcut.empty()) parentWidget()->addAction(action);
     connect(action, &QAction::triggered, this,
@@ -86,7 +87,7 @@ void QtMenuBar::Validate() {
 }
 
 void QtMenuBar::EnableAll() {
-    // A shortcut is judged when it is pressed.
+    // Items are validated when their shortcut is pressed.
     for (const Command& command : commands_)
         command.action->setEnabled(true);
 }

@@ -8,13 +8,14 @@
 
 namespace dunvey {
 
-/// A menu bar on the screen. Its shortcuts work from the start; what stands in a menu is put there
-/// when the menu is first opened.
+/// A menu bar in a window. The shortcuts work at once; a menu gets its items when it is first
+/// opened.
 class QtMenuBar final : public QMenuBar {
  public:
-    QtMenuBar(Ref<dunvey::MenuBar> model, QWidget* window, UserDoor door);
+    /// Where isShown is false, the window has only the shortcuts of the menu bar.
+    QtMenuBar(Ref<dunvey::MenuBar> model, QWidget* window, UserDoor door, bool isShown);
 
-    /// How much of the window it takes: nothing where the system has one bar for all.
+    /// The height taken from the window: 0 for a bar that is hidden or at the top of the screen.
     int HeightInWindow() const;
 
  private:
@@ -31,6 +32,7 @@ class QtMenuBar final : public QMenuBar {
 
     Ref<dunvey::MenuBar> model_;
     UserDoor door_;
+    bool isShown_;
     std::vector<Command> commands_;
 };
 

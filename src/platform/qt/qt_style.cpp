@@ -8,6 +8,24 @@
 #include "platform/text/shown_text.h"
 
 namespace dunvey {
+namespace {
+
+bool IsDefault(const QStyleOption* option) {
+    const auto* button = qstyleoption_cast<const QStyleOptionButton*>(option);
+    return button != nullptr && (button->features & QStyleOptionButton::DefaultButton) != 0;
+}
+
+/// The outline of the default button, without a colour in usual light themes.
+QPen DefaultOutlineOn(const QPalette& palette) {
+    // Black on white is 21.
+    constexpr double kHighContrast = 20;
+    const QColor window = palette.color(QPalette::Active, QPalette::Window);
+    const QColor text = palette.color(QPalette::Active, QPalette::WindowText);
+    const bool isHighContrast = Contrast(ToColor(window), ToColor(text)) >= kHighContrast;
+    return {isHighContrast || OutlineOn(palette).isValid() ? text : QColor(), 3};
+}
+
+}  // namespace
 
 QColor OutlineOn(const QPalette& palette) {
     const QColor window = palette.color(QPalette::Active, QPalette::Window);
@@ -29,14 +47,18 @@ void QtStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option
                             const QWidget* widget) const {
     QProxyStyle::drawPrimitive(element, option, painter, widget);
     if (element != PE_IndicatorCheckBox && element != PE_PanelButtonCommand) return;
-    const QColor outline = OutlineOn(option->palette);
-    if (!outline.isValid()) return;
+    const bool isButton = element == PE_PanelButtonCommand;
+    const QPen pen = isButton && IsDefault(option) ? DefaultOutlineOn(option->palette)
+                                                   : QPen(OutlineOn(option->palette), 1);
+    if (!pen.color().isValid()) return;
     painter->save();
-    painter->setPen(outline);
+    painter->setPen(pen);
     painter->setBrush(Qt::NoBrush);
     painter->setRenderHint(QPainter::Antialiasing);
-    const double round = element == PE_PanelButtonCommand ? 2.5 : 1;
-    painter->drawRoundedRect(QRectF(option->rect).adjusted(0.5, 0.5, -0.5, -0.5), round, round);
+    const double inset = pen.widthF() / 2;
+    const double radius = isButton ? 2.5 : 1;
+    painter->drawRoundedRect(QRectF(option->rect).adjusted(inset, inset, -inset, -inset), radius,
+                             radius);
     painter->restore();
 }
 
@@ -45,8 +67,7 @@ QIcon QtStyle::standardIcon(StandardPixmap icon, const QStyleOption* option,
     if (icon != SP_ToolBarHorizontalExtensionButton) {
         return QProxyStyle::standardIcon(icon, option, widget);
     }
-    // Every menu bar asks for it when it is made, and the style's own is in a file, for which the
-    // toolkit loads all that it has for pictures.
+    // Every new menu bar asks for this icon. The style would load an image plug-in for it.
     constexpr int kSide = 16;
     QPixmap arrow(kSide, kSide);
     arrow.fill(Qt::transparent);

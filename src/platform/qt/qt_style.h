@@ -4,11 +4,12 @@
 
 namespace dunvey {
 
-/// The outline of a control that can be told from the window; no colour where the style's own can,
-/// under a light theme.
+/// An outline colour for controls in a dark theme; invalid for a light theme, where the style's own
+/// outlines are visible.
 QColor OutlineOn(const QPalette& palette);
 
-/// The desktop's style, with outlines and disabled texts that are seen on a dark window too.
+/// The desktop's style, with visible outlines and disabled texts in dark themes, and a thick
+/// outline for the default button in dark and high-contrast themes.
 class QtStyle final : public QProxyStyle {
  public:
     using QProxyStyle::polish;

@@ -1,8 +1,6 @@
 #pragma once
 
 #include <QColor>
-#include <QFont>
-#include <QPalette>
 #include <QString>
 #include <string>
 
@@ -10,27 +8,19 @@
 
 namespace dunvey {
 
-/// The text as one line that is shown as it is.
+/// The text as one line; control characters and line breaks become visible signs.
 QString LineOf(const std::string& text);
 
-/// The line for a button or check box, where a single "&" would mark a key.
-QString WithoutKeys(QString line);
+/// The line for a button or check box, where "&" would mark a mnemonic.
+QString WithoutMnemonics(QString line);
 
-/// The line for a tool tip, never taken for markup.
-QString TipOf(const QString& line);
-
-/// A line made to fit into a room: in a smaller font down to a readable least one, then cut.
-struct FittedLine {
-    FittedLine(const QString& line, const QFont& wanted, const QSize& room, Qt::TextElideMode mode);
-    QString text;
-    QFont font;
-    bool isCut;
-};
+/// The lines as the text of a tool tip, with no markup in them.
+QString TipOf(const QString& lines);
 
 QColor ToQColor(Color color);
 Color ToColor(const QColor& color);
 
-/// The colour as it can be read on the background, under the desktop's own palette.
+/// The colour, made darker or lighter until it can be read on the background in the current theme.
 QColor ReadableOn(Color color, const QColor& background);
 
 }  // namespace dunvey

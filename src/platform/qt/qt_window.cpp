@@ -2,12 +2,16 @@
 
 #include <QApplication>
 #include <QCloseEvent>
-#include <QKeyEvent>
+#include <QHelpEvent>
+#include <QPushButton>
 #include <QScopedValueRollback>
 #include <QScreen>
 #include <QStyle>
+#include <QToolTip>
 #include <algorithm>
 
+#include "platform/controls/listbox.h"
+#include "platform/loop/application.h"
 #include "platform/qt/qt_text.h"
 
 namespace dunvey {
@@ -29,7 +33,7 @@ Qt::WindowFlags FlagsOf(const Window& window) {
     const auto has = [&window](bool wanted, int kind) {
         return wanted && !window.Handle()->standardWindowButton(kind)->isHidden();
     };
-    // What can be put away is no dialog, which a desktop may leave out of its list of windows.
+    // Desktops may leave dialogs out of the list of windows, so a minimized one would be lost.
     Qt::WindowFlags flags = window.MinimizeButton ? Qt::Window : Qt::Dialog;
     flags |= Qt::CustomizeWindowHint | Qt::WindowTitleHint;
     flags.setFlag(Qt::WindowCloseButtonHint, has(window.CloseButton, NSWindow::kCloseButton));
@@ -51,12 +55,19 @@ WindowWidget::WindowWidget(Window& window, UserAction key, bool modal)
     : QDialog(modal ? QApplication::activeModalWidget() : nullptr, FlagsOf(window)),
       window_(&window),
       key_(key) {
-    // It holds up the modal one before it, and through that one all that hang on it.
+    // Blocks the modal window before it and all parents of that.
     setWindowModality(modal ? Qt::WindowModal : Qt::NonModal);
-    if (window.MenuBar()) {
-        menuBar_ =
-            new QtMenuBar(window.MenuBar(), this, [this](const UserInput& input) { Enter(input); });
+    // A window without a menu bar answers the application's shortcuts.
+    const Ref<MenuBar>& own = window.MenuBar();
+    if (const Ref<MenuBar> bar = own ? own : Application::Current()->MenuBar()) {
+        menuBar_ = new QtMenuBar(
+            bar, this, [this](const UserInput& input) { Enter(input); }, static_cast<bool>(own));
     }
+    scroll_.setFrameStyle(QFrame::NoFrame);
+    scroll_.setFocusPolicy(Qt::NoFocus);
+    scroll_.setWidgetResizable(true);
+    scroll_.setWidget(content_);
+    content_->installEventFilter(this);
     PlaceOnScreen();
     for (const Ref<RectControl>& control : window.Controls())
         AddControl(control);
@@ -67,7 +78,7 @@ WindowWidget::WindowWidget(Window& window, UserAction key, bool modal)
 }
 
 WindowWidget::~WindowWidget() {
-    // What still hangs on it belongs to others.
+    // Sheets belong to their dialogs.
     for (QDialog* sheet : findChildren<QDialog*>(QString(), Qt::FindDirectChildrenOnly))
         sheet->setParent(nullptr);
 }
@@ -105,33 +116,36 @@ void WindowWidget::Enter(const UserInput& input) {
 }
 
 void WindowWidget::AddControl(const Ref<RectControl>& control) {
-    const ControlView made =
-        MakeControlView(control, &area_, [this](const UserInput& input) { Enter(input); });
-    const auto read = [this, control, widget = made.widget, own = made.read] {
-        widget->setGeometry(ToQRect(control->Place()));
-        // The toolkit would hand the focus to the next control, where a further key changes
-        // something.
-        if (!control->Enabled() && focusWidget() == widget && firstInTabOrder_ != nullptr) {
-            firstInTabOrder_->setFocus();
-        }
-        widget->setEnabled(control->Enabled());
-        const QString helpTag = LineOf(control->HelpTag());
-        widget->setAccessibleDescription(helpTag);
-        own();
-        if (!helpTag.isEmpty()) widget->setToolTip(TipOf(helpTag));
-    };
-    made.widget->setObjectName(QString::fromStdString(control->Name()));
-    made.widget->installEventFilter(this);
-    children_.push_back({{made.widget, read}, control->Observe(read)});
+    const ControlView view =
+        MakeControlView(control, content_, [this](const UserInput& input) { Enter(input); });
+    view.widget->setObjectName(QString::fromStdString(control->Name()));
+    view.widget->installEventFilter(this);
+    const auto read = [this, &model = *control, view] { ReadControl(model, view); };
+    children_.push_back({control, view, control->Observe(read)});
     read();
+}
+
+void WindowWidget::ReadControl(const RectControl& control, const ControlView& view) {
+    view.widget->setGeometry(ToQRect(control.Place()));
+    // Qt would pass the focus to the next control, where the next key changes something.
+    if (!control.Enabled() && focusWidget() == view.widget && firstInTabOrder_ != nullptr) {
+        firstInTabOrder_->setFocus();
+    }
+    view.widget->setEnabled(control.Enabled());
+    view.widget->setAccessibleDescription(LineOf(control.HelpTag()));
+    view.read();
+}
+
+void WindowWidget::ReadChildren() {
+    for (const Child& child : children_)
+        ReadControl(*child.control, child.view);
 }
 
 void WindowWidget::SetTabOrder() {
     std::vector<std::pair<int64_t, QWidget*>> order;
-    for (size_t i = 0; i < children_.size(); ++i) {
-        QWidget* widget = children_[i].view.widget;
-        if (widget->focusPolicy() == Qt::NoFocus) continue;
-        order.emplace_back(window_->Controls()[i]->TabIndex(), widget);
+    for (const Child& child : children_) {
+        if (child.view.widget->focusPolicy() == Qt::NoFocus) continue;
+        order.emplace_back(child.control->TabIndex(), child.view.widget);
     }
     std::stable_sort(order.begin(), order.end(),
                      [](const auto& left, const auto& right) { return left.first < right.first; });
@@ -150,14 +164,45 @@ void WindowWidget::Read() {
 }
 
 void WindowWidget::ReadSize() {
+    // A size given by the user or the window manager stays.
+    if (isResizing_) return;
+    const QScopedValueRollback<bool> resizing(isResizing_, true);
     const QSize menu(0, MenuHeight());
-    const QSize size = ToQSize({window_->Width(), window_->Height()});
-    if (menuBar_ != nullptr) menuBar_->setGeometry(0, 0, size.width(), MenuHeight());
-    area_.setGeometry(0, MenuHeight(), size.width(), size.height());
-    setMinimumSize((window_->Resizeable ? ToQSize(window_->SmallestSize()) : size) + menu);
-    setMaximumSize((window_->Resizeable ? ToQSize(window_->LargestSize()) : size) + menu);
-    // A window manager that gives another size than asked for has the last word.
-    if (!isResizedByUser_) resize(size + menu);
+    const QSize content = ToQSize({window_->Width(), window_->Height()});
+    const bool isFixed = !window_->Resizeable;
+    setMinimumSize(SizeAround(isFixed ? content : ToQSize(window_->SmallestSize())) + menu);
+    setMaximumSize(SizeAround(isFixed ? content : ToQSize(window_->LargestSize())) + menu);
+    resize(SizeAround(content) + menu);
+}
+
+void WindowWidget::ResizeModel() {
+    const Size size{content_->width(), content_->height()};
+    if (isResizing_ || window_ == nullptr || size == Size{window_->Width(), window_->Height()}) {
+        return;
+    }
+    const QScopedValueRollback<bool> resizing(isResizing_, true);
+    Enter([&](UserAction key) { window_->Resize(key, size); });
+}
+
+QSize WindowWidget::LeastContent() const {
+    constexpr int64_t kRows = 2;
+    constexpr int64_t kBorders = 2;
+    if (!window_->Resizeable) return ToQSize({window_->Width(), window_->Height()});
+    Size least = window_->SmallestSize();
+    for (const Ref<RectControl>& control : window_->Controls()) {
+        const Ref<Listbox> list = control.As<Listbox>();
+        if (!list) continue;
+        const int64_t needed = kRows * list->DefaultRowHeight() + kBorders;
+        least.Height = std::min(least.Height, window_->Height() - list->Height() + needed);
+    }
+    return ToQSize(least);
+}
+
+QSize WindowWidget::SizeAround(const QSize& content) const {
+    const int bar = style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+    const int width = content.width() + (content.height() > room_.height() ? bar : 0);
+    const int height = content.height() + (content.width() > room_.width() ? bar : 0);
+    return QSize(width, height).boundedTo(room_);
 }
 
 QMargins WindowWidget::FrameMargins() const {
@@ -174,46 +219,84 @@ QMargins WindowWidget::FrameMargins() const {
 void WindowWidget::PlaceOnScreen() {
     const QRect screen = ScreenFor(*window_)->availableGeometry();
     const QMargins frame = FrameMargins();
-    const QRect room = screen.marginsRemoved(frame);
-    Enter([&](UserAction key) {
-        window_->Confine(key, {room.width(), room.height() - MenuHeight()});
-    });
-    const QSize outer =
-        ToQSize({window_->Width(), window_->Height() + MenuHeight()}).grownBy(frame);
-    QRect place(QPoint(0, 0), outer);
+    const QSize menu(0, MenuHeight());
+    room_ = screen.marginsRemoved(frame).size() - menu;
+    const QSize least = LeastContent();
+    content_->setMinimumSize(least);
+    const int bar = style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+    QSize room = room_;
+    if (least.width() > room_.width()) room.rheight() -= bar;
+    if (least.height() > room_.height()) room.rwidth() -= bar;
+    room = room.expandedTo(least);
+    Enter([&](UserAction key) { window_->Confine(key, {room.width(), room.height()}); });
+    const QSize content = ToQSize({window_->Width(), window_->Height()});
+    QRect place(QPoint(0, 0), (SizeAround(content) + menu).grownBy(frame));
     place.moveCenter(screen.center());
     move(std::max(screen.left(), place.left()), std::max(screen.top(), place.top()));
 }
 
 bool WindowWidget::TakeKey(const QKeyEvent& event) {
     const bool isReturn = event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
-    // With a menu bar the key to close is a command of that.
-    const bool closes = event.matches(QKeySequence::Close) && window_ != nullptr &&
-                        window_->CloseButton && menuBar_ == nullptr;
-    if (!isReturn && !closes && !event.matches(QKeySequence::Cancel)) return false;
-    // A key still held down from before, in the program that called for the window, is no answer.
+    if (!isReturn && !event.matches(QKeySequence::Cancel)) return false;
+    // A key that was held down before the window came is no answer.
     if (event.isAutoRepeat()) return true;
-    Enter([&](UserAction key) {
-        if (closes) return window_->Dismiss(key);
-        isReturn ? window_->PressDefault(key) : window_->PressCancel(key);
-    });
+    auto* button = qobject_cast<QPushButton*>(focusWidget());
+    if (isReturn && button != nullptr) {
+        button->click();
+    } else {
+        Enter([&](UserAction key) {
+            isReturn ? window_->PressDefault(key) : window_->PressCancel(key);
+        });
+    }
     return true;
+}
+
+bool WindowWidget::ShowTip(const QObject* watched, const QHelpEvent& event) const {
+    for (const Child& child : children_) {
+        if (child.view.widget != watched) continue;
+        QStringList lines{child.view.read(), LineOf(child.control->HelpTag())};
+        lines.removeAll(QString());
+        if (lines.isEmpty()) return false;
+        QToolTip::showText(event.globalPos(), TipOf(lines.join(QLatin1Char('\n'))),
+                           child.view.widget);
+        return true;
+    }
+    return false;
 }
 
 bool WindowWidget::event(QEvent* event) {
     if (event->type() == QEvent::WindowActivate) {
         Enter([this](UserAction key) { window_->Activate(key); });
-    }
-    // Only now the real frame is known.
-    if (event->type() == QEvent::WindowActivate && !std::exchange(isFrameKnown_, true) &&
-        window_ != nullptr && !screen()->availableGeometry().contains(frameGeometry())) {
-        PlaceOnScreen();
+        // The frame is known only now.
+        if (!std::exchange(isFrameKnown_, true) && window_ != nullptr &&
+            !screen()->availableGeometry().contains(frameGeometry())) {
+            PlaceOnScreen();
+        }
     }
     return QDialog::event(event);
 }
 
 bool WindowWidget::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() == QEvent::KeyPress && TakeKey(*static_cast<QKeyEvent*>(event))) return true;
+    switch (event->type()) {
+        case QEvent::KeyPress:
+            if (TakeKey(*static_cast<QKeyEvent*>(event))) return true;
+            break;
+        case QEvent::ToolTip:
+            // The property would be read out as the description.
+            if (ShowTip(watched, *static_cast<QHelpEvent*>(event))) return true;
+            break;
+        case QEvent::FocusIn:
+        case QEvent::FocusOut:
+            // Another button may be the one that Return presses.
+            for (const Child& child : children_)
+                if (qobject_cast<QPushButton*>(child.view.widget) != nullptr) child.view.read();
+            break;
+        case QEvent::Resize:
+            if (watched == content_) ResizeModel();
+            break;
+        default:
+            break;
+    }
     return QDialog::eventFilter(watched, event);
 }
 
@@ -223,8 +306,7 @@ void WindowWidget::changeEvent(QEvent* event) {
         case QEvent::PaletteChange:
         case QEvent::FontChange:
         case QEvent::StyleChange:
-            for (const Child& child : children_)
-                child.view.read();
+            ReadChildren();
             break;
         default:
             break;
@@ -232,7 +314,7 @@ void WindowWidget::changeEvent(QEvent* event) {
 }
 
 void WindowWidget::closeEvent(QCloseEvent* event) {
-    // The model closes; it is hidden when that has closed.
+    // The model decides; the widget is hidden when the model has closed.
     event->ignore();
     Enter([this](UserAction key) { window_->Dismiss(key); });
 }
@@ -243,10 +325,8 @@ void WindowWidget::keyPressEvent(QKeyEvent* event) {
 
 void WindowWidget::resizeEvent(QResizeEvent* event) {
     QDialog::resizeEvent(event);
-    const Size size{width(), height() - MenuHeight()};
-    if (window_ == nullptr || size == Size{window_->Width(), window_->Height()}) return;
-    const QScopedValueRollback<bool> byUser(isResizedByUser_, true);
-    Enter([&](UserAction key) { window_->Resize(key, size); });
+    if (menuBar_ != nullptr) menuBar_->setGeometry(0, 0, width(), MenuHeight());
+    scroll_.setGeometry(0, MenuHeight(), width(), height() - MenuHeight());
 }
 
 }  // namespace dunvey

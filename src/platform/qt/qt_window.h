@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QDialog>
+#include <QScrollArea>
 #include <vector>
 
 #include "platform/controls/window.h"
@@ -8,20 +9,23 @@
 #include "platform/qt/qt_controls.h"
 #include "platform/qt/qt_menu_bar.h"
 
+class QHelpEvent;
+
 namespace dunvey {
 
-/// The widget of a window: it shows what the model holds and hands it what the user does.
+/// The widget of a window: shows the model and passes the user's actions to it.
 class WindowWidget final : public QDialog {
  public:
+    /// Needs the registered application.
     WindowWidget(Window& window, UserAction key, bool modal);
     ~WindowWidget() override;
 
     /// The widget that shows the window, nullptr for none.
     static WindowWidget* Of(const Window* window);
-    /// Puts it in front of the others, with the keyboard.
+    /// Raises the window above the others and gives it the keyboard.
     void BringUp();
-    /// Takes it off the screen and forgets the window. It deletes itself as soon as it isn't needed
-    /// any more: the call may come out of one of its own events.
+    /// Hides the widget and forgets the window. The widget deletes itself later, since the call may
+    /// come from one of its own events.
     void Detach();
 
  protected:
@@ -34,32 +38,43 @@ class WindowWidget final : public QDialog {
 
  private:
     struct Child {
+        Ref<RectControl> control;
         ControlView view;
         Observable::Observation observation;
     };
 
     void Enter(const UserInput& input);
     void AddControl(const Ref<RectControl>& control);
+    void ReadControl(const RectControl& control, const ControlView& view);
+    void ReadChildren();
     void SetTabOrder();
     void Read();
     void ReadSize();
+    void ResizeModel();
     void PlaceOnScreen();
     bool TakeKey(const QKeyEvent& event);
+    bool ShowTip(const QObject* watched, const QHelpEvent& event) const;
     QMargins FrameMargins() const;
-    /// The height that a menu bar takes above the controls.
+    /// The size below which the content scrolls: rows of a list may be left out, nothing else.
+    QSize LeastContent() const;
+    /// The window's size without its menu bar for a content of that size, on this screen.
+    QSize SizeAround(const QSize& content) const;
     int MenuHeight() const { return menuBar_ == nullptr ? 0 : menuBar_->HeightInWindow(); }
 
     Window* window_;
     UserAction key_;
     /// nullptr for none.
     QtMenuBar* menuBar_ = nullptr;
-    /// Where the controls stand.
-    QWidget area_{this};
+    QScrollArea scroll_{this};
+    /// The parent of the controls. Belongs to the scroll area.
+    QWidget* const content_ = new QWidget;
     std::vector<Child> children_;
     QWidget* firstInTabOrder_ = nullptr;
     Observable::Observation observation_;
+    /// What the screen has room for, without the frame and the menu bar.
+    QSize room_;
     int entered_ = 0;
-    bool isResizedByUser_ = false;
+    bool isResizing_ = false;
     bool isFrameKnown_ = false;
 };
 
