@@ -1,5 +1,4 @@
-// The least that any program in this toolkit must do to show a list of five rows in a dialog of the
-// chooser's size.
+// The floor of the chooser: a Qt dialog of its size with a list of five rows.
 #include <QApplication>
 #include <QDialog>
 #include <QTableWidget>

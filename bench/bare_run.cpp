@@ -1,6 +1,5 @@
-// The least that any program must do for a run: the shell commands, one list of processes for each
-// document and one launch, with posix_spawn and nothing else. Words: the helpers' folder, the
-// application, the documents.
+// The floor of a run: only its shell commands, one process list for each document and one launch.
+// Arguments: the folder of the helpers, the application, the documents.
 #include <cstdlib>
 #include <string>
 

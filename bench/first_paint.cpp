@@ -1,5 +1,5 @@
-// Preloaded into a program, it ends that program as soon as a window of it has been painted for the
-// first time. Small windows, such as tips, don't count.
+// Preloaded into a program, it ends the program with 0 at the first paint of a window. Small
+// windows, such as tool tips, don't count.
 #include <dlfcn.h>
 #include <stdlib.h>
 #include <unistd.h>
@@ -11,17 +11,17 @@ namespace {
 
 constexpr int kLeastWidth = 200;
 
-/// The toolkit may be loaded late and out of sight of others, so it is asked for by name.
+/// Qt may be loaded late and without global symbols, so it is looked up by its file name.
 template <typename Function>
-Function* InToolkit(const char* symbol) {
-    void* toolkit = dlopen(DUNVEY_QT_GUI, RTLD_LAZY | RTLD_NOLOAD);
-    void* found = toolkit == nullptr ? nullptr : dlsym(toolkit, symbol);
+Function* InQt(const char* symbol) {
+    void* qt = dlopen(DUNVEY_QT_GUI, RTLD_LAZY | RTLD_NOLOAD);
+    void* found = qt == nullptr ? nullptr : dlsym(qt, symbol);
     // Without it nothing can be measured.
     if (found == nullptr) _exit(125);
     return reinterpret_cast<Function*>(found);
 }
 
-/// Only the program itself is looked at, not what it starts.
+/// Child processes are not measured.
 __attribute__((constructor)) void StayAlone() {
     unsetenv("LD_PRELOAD");
 }
@@ -29,9 +29,9 @@ __attribute__((constructor)) void StayAlone() {
 }  // namespace
 
 void QBackingStore::flush(const QRegion& region, QWindow* window, const QPoint& offset) {
-    InToolkit<void(QBackingStore*, const QRegion&, QWindow*, const QPoint&)>(
+    InQt<void(QBackingStore*, const QRegion&, QWindow*, const QPoint&)>(
         "_ZN13QBackingStore5flushERK7QRegionP7QWindowRK6QPoint")(this, region, window, offset);
     if (window == nullptr) return;
-    const auto place = InToolkit<QRect(const QWindow*)>("_ZNK7QWindow8geometryEv")(window);
+    const auto place = InQt<QRect(const QWindow*)>("_ZNK7QWindow8geometryEv")(window);
     if (place.width() >= kLeastWidth) _exit(0);
 }

@@ -6,9 +6,9 @@
 namespace dunvey::bench {
 namespace {
 
-/// Less than this isn't told from the clock and from chance.
+/// Shorter times are lost in noise.
 constexpr double kLeastSeconds = 0.003;
-/// What takes longer is well measured by its first call too, which otherwise only warms up.
+/// The first call of a work that takes longer counts; a shorter one only warms up.
 constexpr double kLongSeconds = 0.2;
 
 double SecondsOf(const Work& work, size_t calls) {
@@ -51,7 +51,7 @@ std::vector<double> InTurns(const std::vector<Work>& works, size_t turns) {
         each.Prepare();
     for (size_t turn = 0; turn < turns; ++turn) {
         for (size_t i = 0; i < all.size(); ++i) {
-            // Nobody always comes first.
+            // Every other turn runs backwards, so no work is always first.
             Measured& each = all[turn % 2 == 0 ? i : all.size() - 1 - i];
             if (each.seconds.size() < turns) each.Run();
         }

@@ -27,17 +27,26 @@ std::vector<char*> Pointers(std::vector<std::string>& texts) {
     std::exit(1);
 }
 
-/// A program that was started, with its output in a pipe.
+/// Reads the descriptor to its end.
+std::string ReadToEnd(int descriptor) {
+    std::string text;
+    static char block[65536];
+    for (ssize_t got; (got = read(descriptor, block, sizeof block)) > 0;)
+        text.append(block, static_cast<size_t>(got));
+    return text;
+}
+
+/// A started program with its standard output in a pipe.
 class Started {
  public:
-    Started(const char* program, char* const* words, char* const* variables, int script = -1) {
+    Started(const char* program, char* const* arguments, char* const* variables, int script = -1) {
         int ends[2];
         if (pipe2(ends, O_CLOEXEC) != 0) Fail("pipe");
         posix_spawn_file_actions_t actions;
         posix_spawn_file_actions_init(&actions);
         posix_spawn_file_actions_adddup2(&actions, ends[1], STDOUT_FILENO);
         if (script >= 0) posix_spawn_file_actions_adddup2(&actions, script, kScriptDescriptor);
-        failed_ = posix_spawn(&process_, program, &actions, nullptr, words, variables) != 0;
+        failed_ = posix_spawn(&process_, program, &actions, nullptr, arguments, variables) != 0;
         posix_spawn_file_actions_destroy(&actions);
         close(ends[1]);
         output_ = ends[0];
@@ -63,34 +72,25 @@ class Started {
 };
 
 std::string RunShell(const char* first, const char* second, int script) {
-    const char* words[] = {"sh", first, second, nullptr};
-    Started started("/bin/sh", const_cast<char* const*>(words), environ, script);
+    const char* arguments[] = {"sh", first, second, nullptr};
+    Started started("/bin/sh", const_cast<char* const*>(arguments), environ, script);
     if (started.Failed()) Fail("/bin/sh");
     return started.End().output;
 }
 
 }  // namespace
 
-std::string ReadToEnd(int descriptor) {
-    std::string text;
-    static char block[65536];
-    for (ssize_t got; (got = read(descriptor, block, sizeof block)) > 0;)
-        text.append(block, static_cast<size_t>(got));
-    return text;
-}
-
-Outcome RunProgram(std::vector<std::string> words, std::vector<std::string> variables) {
-    const std::string program = words[0];
-    return Started(program.c_str(), Pointers(words).data(), Pointers(variables).data()).End();
+Outcome RunProgram(std::vector<std::string> arguments, std::vector<std::string> variables) {
+    const std::string program = arguments[0];
+    return Started(program.c_str(), Pointers(arguments).data(), Pointers(variables).data()).End();
 }
 
 std::string BareShell(const std::string& command) {
     if (command.size() <= kArgumentLimit) return RunShell("-c", command.c_str(), -1);
-    // Longer than one argument may be.
+    // One argument can't hold it.
     const int script = memfd_create("command", MFD_CLOEXEC);
     if (script < 0) Fail("memfd_create");
-    // Off the number that the shell gets it under: a copy onto itself would stay closed at the
-    // start.
+    // dup2 onto the same number would leave close-on-exec set.
     const int moved = fcntl(script, F_DUPFD_CLOEXEC, kScriptDescriptor + 1);
     if (write(moved, command.data(), command.size()) != static_cast<ssize_t>(command.size()))
         Fail("write");

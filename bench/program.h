@@ -8,24 +8,20 @@
 
 namespace dunvey::bench {
 
-/// What became of a program that was run to its end.
+/// The result of a program that has ended.
 struct Outcome {
-    /// 0 after an exit with 0; -1 if it could not be started.
+    /// As wait4() gives it: 0 after exit code 0; -1 if the program could not be started.
     int status = -1;
     pid_t process = 0;
     long peakKilobytes = 0;
     std::string output;
 };
 
-/// Runs a program with these words, by its whole path, and this environment, and reads what it
-/// prints.
-Outcome RunProgram(std::vector<std::string> words, std::vector<std::string> variables);
+/// Runs a program with these arguments, the first of which is its absolute path, and this
+/// environment, and reads its standard output.
+Outcome RunProgram(std::vector<std::string> arguments, std::vector<std::string> variables);
 
-/// Reads the descriptor to its end, in large blocks.
-std::string ReadToEnd(int descriptor);
-
-/// Runs a shell command and reads its output with posix_spawn and nothing else. Ends the program if
-/// that doesn't work.
+/// Runs a shell command with posix_spawn alone and returns its output. Exits on failure.
 std::string BareShell(const std::string& command);
 
 }  // namespace dunvey::bench

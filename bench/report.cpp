@@ -13,8 +13,8 @@ std::string Number(const char* format, double value) {
     return text;
 }
 
-/// Fields separated by tabs, as tools/bench reads them.
-void AddToResults(const std::string& line) {
+/// Tab-separated fields, as tools/bench reads them.
+void AppendToResults(const std::string& line) {
     const char* path = std::getenv("DUNVEY_BENCH_RESULTS");
     if (path == nullptr) return;
     std::FILE* file = std::fopen(path, "a");
@@ -28,35 +28,28 @@ void AddToResults(const std::string& line) {
 
 std::string GoalText(const Goal& goal) {
     if (goal.of == Goal::Of::kNothing) return "-";
-    return std::string(goal.of == Goal::Of::kRatio ? "ratio" : "ours") +
-           (goal.atLeast ? " >= " : " <= ") + Number("%.4g", goal.limit);
+    return (goal.of == Goal::Of::kRatio ? "ratio <= " : "ours <= ") + Number("%.4g", goal.atMost);
 }
 
 }  // namespace
 
 void Report(const Figure& figure) {
-    const std::string ours = Number("%.4g", figure.ours);
-    const std::string floor = figure.floor == 0 ? "-" : Number("%.4g", figure.floor);
-    const std::string ratio = figure.floor == 0 ? "-" : Number("%.3f", figure.ours / figure.floor);
+    const bool hasFloor = figure.floor != 0;
     const std::string goal = GoalText(figure.goal);
-    std::printf("%-64s %9s %9s %-5s %8s  %-14s %s\n", figure.stage.c_str(), ours.c_str(),
-                floor.c_str(), figure.unit.c_str(), ratio.c_str(), goal.c_str(),
+    std::printf("%-64s %9.4g %9s %-5s %8s  %-14s %s\n", figure.stage.c_str(), figure.ours,
+                hasFloor ? Number("%.4g", figure.floor).c_str() : "-", figure.unit.c_str(),
+                hasFloor ? Number("%.3f", figure.ours / figure.floor).c_str() : "-", goal.c_str(),
                 figure.floorName.c_str());
     std::fflush(stdout);
-    AddToResults("figure\t" + figure.stage + "\t" + figure.unit + "\t" +
-                 Number("%.9g", figure.ours) + "\t" +
-                 (figure.floor == 0 ? "-" : Number("%.9g", figure.floor)) + "\t" +
-                 figure.floorName + "\t" + goal);
+    AppendToResults(figure.stage + "\t" + figure.unit + "\t" + Number("%.9g", figure.ours) + "\t" +
+                    (hasFloor ? Number("%.9g", figure.floor) : "-") + "\t" + figure.floorName +
+                    "\t" + goal);
 }
 
-void ReportGrowth(const GrowthPoint& point) {
-    AddToResults("growth\t" + point.plot + "\t" + point.series + "\t" + Number("%.9g", point.size) +
-                 "\t" + Number("%.9g", point.seconds) + "\t" + point.floorName + "\t" +
-                 Number("%.9g", point.floorSeconds));
-}
-
-double Exponent(double smallSize, double small, double largeSize, double large) {
-    return std::log(large / small) / std::log(largeSize / smallSize);
+void ReportExponent(const std::string& stage, double smallSize, double small, double largeSize,
+                    double large) {
+    Report({stage + ", exponent of growth", "",
+            std::log(large / small) / std::log(largeSize / smallSize), 0, "", OursAtMost(1.2)});
 }
 
 }  // namespace dunvey::bench

@@ -1,8 +1,13 @@
 #include "versions_home.h"
 
+#include <spawn.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 #include <cstdio>
+#include <cstdlib>
+#include <fstream>
+#include <sstream>
 
 #include "support/headers.h"
 #include "version/version_name.h"
@@ -10,62 +15,48 @@
 namespace dunvey::bench {
 namespace {
 
-std::string Name(int index) {
-    return "Adobe InDesign " + InDesign::GetAppName(std::to_string(VersionsHome::kOldest + index));
-}
-
 std::string Entry(const std::string& key, const std::string& text) {
     return "\t<key>" + key + "</key>\n\t<string>" + text + "</string>\n";
 }
 
-/// The entries that are looked for stand in the middle of many others.
+/// The entries that are read stand between many others.
 std::string ListText(const std::string& version) {
     std::string others;
-    for (int i = 0; i < 25; ++i) {
+    for (int i = 0; i < 25; ++i)
         others += Entry("Entry" + std::to_string(i), "A text as long as those in real lists are");
-    }
     return "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<plist version=\"1.0\">\n<dict>\n" +
            others + Entry("CFBundleIconFile", "Icon") +
            Entry("CFBundleShortVersionString", version) + others + "</dict>\n</plist>\n";
 }
 
+[[noreturn]] void Fail(const std::string& what) {
+    std::perror(what.c_str());
+    std::exit(1);
+}
+
+void Link(const char* target, const std::string& path) {
+    if (symlink(target, path.c_str()) != 0) Fail(path);
+}
+
 }  // namespace
 
-VersionsHome::VersionsHome(int versions) : versions_(versions) {
-    folder_.MakeFolder("Applications");
+VersionsHome::VersionsHome(int versions) {
     for (int i = 0; i < versions; ++i) {
-        folder_.MakeFolder(Contents(i));
-        folder_.Write(Contents(i) + "/Info.plist", ListText(std::to_string(kOldest + i) + ".0.1"));
+        const std::string contents = Application(i).substr(Path().size() + 1) + "/Contents";
+        folder_.MakeFolder(contents + "/MacOS");
+        folder_.MakeFolder(contents + "/Resources");
+        folder_.Write(contents + "/Info.plist", ListText(std::to_string(kOldest + i) + ".0.1"));
+        Link("/bin/true", folder_ / (contents + "/MacOS/" + Name(i)));
+        Link(DUNVEY_ICON, folder_ / (contents + "/Resources/Icon.icns"));
     }
 }
 
-std::string VersionsHome::Contents(int index) const {
-    return "Applications/" + Name(index) + "/" + Name(index) + ".app/Contents";
+std::string VersionsHome::Name(int index) const {
+    return "Adobe InDesign " + InDesign::GetAppName(std::to_string(kOldest + index));
 }
 
 std::string VersionsHome::Application(int index) const {
     return folder_ / ("Applications/" + Name(index) + "/" + Name(index) + ".app");
-}
-
-std::string VersionsHome::PropertyList(int index) const {
-    return folder_ / (Contents(index) + "/Info.plist");
-}
-
-void VersionsHome::AddPrograms(const std::string& program) const {
-    for (int i = 0; i < versions_; ++i) {
-        const std::string path = folder_.MakeFolder(Contents(i) + "/MacOS") + "/" + Name(i);
-        if (link(program.c_str(), path.c_str()) != 0 &&
-            symlink(program.c_str(), path.c_str()) != 0) {
-            std::perror(path.c_str());
-        }
-    }
-}
-
-void VersionsHome::AddIcons(const std::string& icon) const {
-    for (int i = 0; i < versions_; ++i) {
-        folder_.MakeFolder(Contents(i) + "/Resources");
-        folder_.Write(Contents(i) + "/Resources/Icon.icns", icon);
-    }
 }
 
 void VersionsHome::AddOthers(int count) const {
@@ -81,6 +72,31 @@ std::vector<std::string> VersionsHome::AddDocuments(int count, int version) cons
                                           test::Header("DOCUMENT", version, 0)));
     }
     return documents;
+}
+
+std::vector<std::string> VersionsHome::Variables() const {
+    return {"HOME=" + Path(), "XDG_CONFIG_HOME=" + Path() + "/config",
+            "XDG_CACHE_HOME=" + Path() + "/cache", "XDG_RUNTIME_DIR=" + Path(),
+            "PATH=/usr/bin:/bin"};
+}
+
+Crowd::Crowd(int count) {
+    char program[] = "/bin/sleep";
+    char duration[] = "3600";
+    char* arguments[] = {program, duration, nullptr};
+    for (int i = 0; i < count; ++i) {
+        pid_t process = 0;
+        if (posix_spawn(&process, program, nullptr, nullptr, arguments, environ) != 0)
+            Fail(program);
+        processes_.push_back(process);
+    }
+}
+
+Crowd::~Crowd() {
+    for (const pid_t process : processes_)
+        kill(process, SIGKILL);
+    for (const pid_t process : processes_)
+        waitpid(process, nullptr, 0);
 }
 
 }  // namespace dunvey::bench

@@ -1,5 +1,8 @@
 #pragma once
 
+#include <signal.h>
+#include <sys/types.h>
+
 #include <string>
 #include <vector>
 
@@ -7,8 +10,8 @@
 
 namespace dunvey::bench {
 
-/// A home with so many installed versions, numbered from 6 on, each with a property list of about 5
-/// KB as applications have one.
+/// A home with that many installed versions, numbered from 6 on, each with a property list of about
+/// 5 KB, an icon file and a program that ends at once.
 class VersionsHome {
  public:
     static constexpr int kOldest = 6;
@@ -16,27 +19,36 @@ class VersionsHome {
     explicit VersionsHome(int versions);
 
     const std::string& Path() const { return folder_.Path(); }
-    const test::TemporaryFolder& Folder() const { return folder_; }
 
-    /// The paths of what each version holds, by the numbers from 0 on.
+    /// The bundle and the property list of a version, by its number from 0 on.
     std::string Application(int index) const;
-    std::string PropertyList(int index) const;
+    std::string PropertyList(int index) const {
+        return Application(index) + "/Contents/Info.plist";
+    }
 
-    /// Gives each version a program that is this one.
-    void AddPrograms(const std::string& program) const;
-    /// Gives each version an icon file with these bytes.
-    void AddIcons(const std::string& icon) const;
-    /// Makes that many other folders beside the versions' own.
+    /// Adds that many other folders to the applications folder.
     void AddOthers(int count) const;
-
-    /// So many documents of the given version.
+    /// Writes that many documents of the version and returns their paths.
     std::vector<std::string> AddDocuments(int count, int version = kOldest + 2) const;
+    /// The variables of a program that runs in this home.
+    std::vector<std::string> Variables() const;
 
  private:
-    std::string Contents(int index) const;
+    std::string Name(int index) const;
 
     test::TemporaryFolder folder_;
-    int versions_;
+};
+
+/// That many sleeping processes, which end with the object.
+class Crowd {
+ public:
+    explicit Crowd(int count);
+    ~Crowd();
+    Crowd(const Crowd&) = delete;
+    Crowd& operator=(const Crowd&) = delete;
+
+ private:
+    std::vector<pid_t> processes_;
 };
 
 }  // namespace dunvey::bench

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <dirent.h>
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <signal.h>
@@ -27,21 +28,21 @@ class RealWorld : public ::testing::Test {
             << "These tests need a machine without a folder /Applications: it would be scanned.";
         folder_.MakeFolder("Applications");
     }
-    void TearDown() override {
-        for (const Record& record : Records())
-            kill(record.process, SIGTERM);
-    }
+    void TearDown() override { EndAll(); }
 
-    /// Ends every application that was started, and returns when none of them runs any more.
+    /// Ends every program of this test and returns when none runs any more. They are found by their
+    /// environment: an application that has just been started has no record yet.
     void EndAll() const {
-        for (const Record& record : Records())
-            kill(record.process, SIGTERM);
-        for (const Record& record : Records()) {
-            for (int i = 0; i < 6000 && IsAlive(record.process); ++i)
-                usleep(10'000);
+        for (int i = 0; i < 6000; ++i) {
+            const std::vector<pid_t> processes = Started();
+            if (processes.empty()) return;
+            for (const pid_t process : processes)
+                kill(process, SIGTERM);
+            usleep(10'000);
         }
+        ADD_FAILURE() << "a program of this test doesn't end";
     }
-    /// Whether the process runs; one that only waits to be collected doesn't.
+    /// Whether the process runs; a zombie doesn't.
     static bool IsAlive(pid_t process) {
         char target[1];
         return readlink(("/proc/" + std::to_string(process) + "/exe").c_str(), target, 1) > 0;
@@ -168,6 +169,22 @@ class RealWorld : public ::testing::Test {
     std::string program_ = DUNVEY_PROGRAM;
 
  private:
+    /// The processes that have this test's environment. A zombie has none.
+    std::vector<pid_t> Started() const {
+        const std::string own = "DUNVEY_RECORD=" + folder_.Path() + "/records";
+        std::vector<pid_t> processes;
+        DIR* entries = opendir("/proc");
+        while (const dirent* entry = entries != nullptr ? readdir(entries) : nullptr) {
+            std::ifstream file("/proc/" + std::string(entry->d_name) + "/environ");
+            for (std::string variable; std::getline(file, variable, '\0');) {
+                if (variable == own) processes.push_back(std::atoi(entry->d_name));
+            }
+        }
+        if (entries != nullptr) closedir(entries);
+        std::erase(processes, getpid());
+        return processes;
+    }
+
     static constexpr std::string_view kProduct = "Adobe InDesign ";
 
     static void CopyRecorder(const std::string& target) {

@@ -155,10 +155,11 @@ TEST_F(RoadTest, ALostReaderOfComplaintsAndClosedDescriptorsHarmNothing) {
     InstallList("CS6", "8.0.1");
     Install("CC", "9.2.0");
     const std::string words = "'" + Document("a.indd", 8) + "' '" + Document("b.indd", 9) + "'";
-    const std::string program = "cd '" + folder_.Path() + "'; HOME=. DUNVEY_RECORD=records " +
-                                "XDG_CONFIG_HOME=/nowhere HOME='" + folder_.Path() + "' '" +
+    const std::string program = "HOME='" + folder_.Path() + "' XDG_CONFIG_HOME='" + folder_.Path() +
+                                "/config' DUNVEY_RECORD='" + folder_.Path() + "/records' '" +
                                 DUNVEY_PROGRAM + "' " + words;
     EXPECT_EQ(system(("(" + program + ") 2>&1 >/dev/null | true").c_str()), 0);
+    AwaitRecords(1);
     EndAll();
     EXPECT_EQ(system((program + " <&- >&- 2>&-").c_str()), 0);
     EXPECT_EQ(Starts(2), (Lines{"CC: b.indd|", "CC: b.indd|"}));
