@@ -1,8 +1,9 @@
-# The bundle has the same tree on every system, so each path rule of the program holds everywhere:
+# The bundle has the same tree on every system, so the program's path rules are the same everywhere:
 # Dunvey.app/Contents/{MacOS,Resources,Helpers,PlugIns,Info.plist}.
 set(DUNVEY_CONTENTS ${CMAKE_BINARY_DIR}/Dunvey.app/Contents)
+set(DUNVEY_IDENTIFIER org.dunvey.Dunvey)
 
-# dunvey_bundle_resources(CONTENTS): puts all files of resources/ into a bundle.
+# dunvey_bundle_resources(CONTENTS): copies all files of resources/ into a bundle.
 function(dunvey_bundle_resources contents)
     file(GLOB_RECURSE files CONFIGURE_DEPENDS RELATIVE ${PROJECT_SOURCE_DIR}/resources
         ${PROJECT_SOURCE_DIR}/resources/*)
@@ -12,3 +13,4 @@ function(dunvey_bundle_resources contents)
 endfunction()
 
 dunvey_bundle_resources(${DUNVEY_CONTENTS})
+configure_file(${PROJECT_SOURCE_DIR}/packaging/mac/Info.plist.in ${DUNVEY_CONTENTS}/Info.plist @ONLY)

@@ -1,5 +1,5 @@
-# The packages: `cpack -G DEB` and `cpack -G TGZ` in the build folder. The archive runs from wherever it is
-# unpacked, since all its links are relative.
+# The packages: `cpack -G DEB` and `cpack -G TGZ` in the build folder. The archive runs from any folder, since
+# all its links are relative.
 set(CPACK_PACKAGE_NAME dunvey)
 set(CPACK_PACKAGE_VENDOR "Dunvey maintainers")
 set(CPACK_PACKAGE_CONTACT "Dunvey maintainers <maintainers@dunvey.org>")
@@ -9,18 +9,18 @@ set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS OWNER_READ OWNER_WRITE OWNER_EXE
     GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
 set(CPACK_GENERATOR DEB TGZ)
 set(CPACK_VERBATIM_VARIABLES ON)
+set(CPACK_PRE_BUILD_SCRIPTS ${CMAKE_CURRENT_LIST_DIR}/DebianFiles.cmake)
+set(CPACK_DUNVEY_DEBIAN_FILES ${PROJECT_SOURCE_DIR}/packaging/linux)
 
-# A new build of one version is an upgrade too.
+# A new build of the same version is an upgrade too.
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_RELEASE ${DUNVEY_BUILD_NUMBER})
 set(CPACK_DEBIAN_PACKAGE_SECTION utils)
 set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
 set(CPACK_DEBIAN_COMPRESSION_TYPE xz)
-# The desktop is a plug-in of the bundle, so its libraries are found with the program's own.
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
-# What copies the document icons into the bundle where only root may write there; and the plug-in for a
-# display that serves nothing else.
-# The translations are those of the file dialog.
+# pkexec copies the document icons into the bundle where only root may write. The translations are those
+# of the file dialog. Displays without an X server need qt6-wayland.
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "pkexec, qt6-translations-l10n")
 set(CPACK_DEBIAN_PACKAGE_SUGGESTS qt6-wayland)
 set(CPACK_DEBIAN_PACKAGE_DESCRIPTION

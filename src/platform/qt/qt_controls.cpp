@@ -112,8 +112,8 @@ ControlView ViewOf(const Ref<Separator>& model, QWidget* parent) {
     const bool isHorizontal = model->Width() >= model->Height();
     return {line, [line, isHorizontal] {
                 const QColor outline = OutlineOn(QApplication::palette(line));
-                line->setFrameStyle((isHorizontal ? QFrame::HLine : QFrame::VLine) |
-                                    (outline.isValid() ? QFrame::Plain : QFrame::Sunken));
+                line->setFrameShape(isHorizontal ? QFrame::HLine : QFrame::VLine);
+                line->setFrameShadow(outline.isValid() ? QFrame::Plain : QFrame::Sunken);
                 QPalette palette = QApplication::palette(line);
                 if (outline.isValid()) palette.setColor(QPalette::WindowText, outline);
                 line->setPalette(palette);

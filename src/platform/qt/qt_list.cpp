@@ -62,7 +62,8 @@ QtList::QtList(Ref<Listbox> list, QWidget* parent, UserDoor door)
     setTabKeyNavigation(false);
     setShowGrid(false);
     setWordWrap(false);
-    setFrameStyle(QFrame::Box | QFrame::Plain);
+    setFrameShape(QFrame::Box);
+    setFrameShadow(QFrame::Plain);
     horizontalHeader()->hide();
     horizontalHeader()->setMinimumSectionSize(0);
     verticalHeader()->hide();

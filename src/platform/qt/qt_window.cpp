@@ -63,7 +63,7 @@ WindowWidget::WindowWidget(Window& window, UserAction key, bool modal)
         menuBar_ = new QtMenuBar(
             bar, this, [this](const UserInput& input) { Enter(input); }, static_cast<bool>(own));
     }
-    scroll_.setFrameStyle(QFrame::NoFrame);
+    scroll_.setFrameShape(QFrame::NoFrame);
     scroll_.setFocusPolicy(Qt::NoFocus);
     scroll_.setWidgetResizable(true);
     scroll_.setWidget(content_);

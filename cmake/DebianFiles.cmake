@@ -1,0 +1,14 @@
+# Run by CPack on the staged files of the Debian package only: what Debian's policy asks for.
+if(NOT CPACK_GENERATOR STREQUAL "DEB")
+    return()
+endif()
+set(share ${CPACK_TEMPORARY_INSTALL_DIRECTORY}${CPACK_PACKAGING_INSTALL_PREFIX}/share)
+set(documents ${share}/doc/dunvey)
+file(COPY ${CPACK_DUNVEY_DEBIAN_FILES}/copyright ${CPACK_DUNVEY_DEBIAN_FILES}/changelog
+    DESTINATION ${documents})
+file(RENAME ${documents}/changelog ${documents}/changelog.Debian)
+file(INSTALL ${CPACK_DUNVEY_DEBIAN_FILES}/lintian-overrides DESTINATION ${share}/lintian/overrides
+    RENAME dunvey)
+# "-n" keeps the time of the build out of the files.
+file(GLOB pages ${share}/man/man1/*.1)
+execute_process(COMMAND gzip -9n ${documents}/changelog.Debian ${pages} COMMAND_ERROR_IS_FATAL ANY)
