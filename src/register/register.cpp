@@ -1,4 +1,5 @@
-// dunvey-register: creates applications that start a command of the user, so that Dunvey finds them.
+// dunvey-register: creates applications that start a command of the user, so that Dunvey finds
+// them.
 #include <unistd.h>
 
 #include <algorithm>
@@ -14,44 +15,17 @@
 #include "register/refusal.h"
 #include "register/registration.h"
 #include "register/request.h"
+#include "register/texts.h"
 
 namespace dunvey {
 namespace {
-
-constexpr const char* kHelp =
-    R"(Registers a command as a version of InDesign, so that Dunvey finds it.
-
-  dunvey-register --name NAME --version VERSION [OPTIONS] [--] COMMAND [ARGUMENT...]
-  dunvey-register --name NAME --version VERSION [OPTIONS] --wine PREFIX EXE [ARGUMENT...]
-  dunvey-register --list
-  dunvey-register --remove NAME
-
-  --name NAME        "Adobe InDesign" and a version, such as "Adobe InDesign CS6"
-  --version VERSION  numbers with dots between them, such as 8.0.1
-  --icon FILE        a PNG of up to 1024 x 1024 pixels, or an .icns file
-  --wine PREFIX      the command is a Windows program in this Wine prefix
-  --force            accept a version that doesn't fit, and replace changed files
-
-Dunvey starts the command with the documents as last arguments, as absolute paths. The version
-counts as running until the command ends. Examples:
-
-  dunvey-register --name "Adobe InDesign CS6" --version 8.0.1 \
-      --wine ~/.wine ~/.wine/drive_c/ID/CS6/InDesign.exe
-  dunvey-register --name "Adobe InDesign CC" --version 9.2 -- env LANG=ja_JP.UTF-8 /opt/id/start
-  dunvey-register --remove "Adobe InDesign CS6"
-)";
 
 void Complain(const std::string& text) {
     WriteErrorLine("dunvey-register: " + text);
 }
 
 void Print(const std::string& text) {
-    if (WriteFully(STDOUT_FILENO, text) != 0)
-        throw Refusal{"standard output can't be written."};
-}
-
-std::string Padded(const std::string& text, int64_t width) {
-    return text + std::string(static_cast<size_t>(std::max<int64_t>(width - Len(text), 0)), ' ');
+    if (WriteFully(STDOUT_FILENO, text) != 0) throw Refusal{"standard output can't be written."};
 }
 
 /// A line for each application: name, version and command in columns.
@@ -59,13 +33,16 @@ std::string ListText(const std::vector<Registered>& all) {
     int64_t nameWidth = 0;
     int64_t versionWidth = 0;
     for (const Registered& each : all) {
-        nameWidth = std::max(nameWidth, Len(OneLine(each.record.name)));
-        versionWidth = std::max(versionWidth, Len(OneLine(each.record.version)));
+        nameWidth = std::max(nameWidth, Len(OneLine(each.record.name)) + 2);
+        versionWidth = std::max(versionWidth, Len(OneLine(each.record.version)) + 2);
     }
+    const auto padded = [](const std::string& text, int64_t width) {
+        const std::string line = OneLine(text);
+        return line + std::string(static_cast<size_t>(width - Len(line)), ' ');
+    };
     std::string text;
     for (const Registered& each : all) {
-        text += Padded(OneLine(each.record.name), nameWidth) + "  " +
-                Padded(OneLine(each.record.version), versionWidth) + "  " +
+        text += padded(each.record.name, nameWidth) + padded(each.record.version, versionWidth) +
                 ShownCommand(each.record.command);
         if (!each.missing.empty()) text += "  (missing: " + OneLine(each.missing) + ")";
         text += "\n";
@@ -73,41 +50,33 @@ std::string ListText(const std::vector<Registered>& all) {
     return text;
 }
 
-/// Returns the exit code.
-int PrintList() {
-    std::vector<std::string> problems;
-    Print(ListText(RegisteredApplications(problems)));
-    for (const std::string& problem : problems)
-        Complain(problem);
-    return problems.empty() ? 0 : 1;
-}
-
 void RegisterAndTell(const Request& request) {
-    const std::string bundle = Register(request);
-    Print("Registered " + OneLine(Quoted(bundle)) + ".\n");
-    if (!ReturnsAtOnce(ResolveCommand(request))) return;
+    const Registered registered = Register(request);
+    Print("Registered " + Quoted(OneLine(registered.record.name)) + ".\n");
+    if (!ReturnsAtOnce(registered.record.command)) return;
     Complain(
-        "warning: this command returns before the program that it starts has ended. Dunvey then "
-        "takes the version as not running and may start it twice. See THE COMMAND in man "
+        "warning: this command ends before the program that it starts. Dunvey then takes the "
+        "version as not running and may start it twice. See \"Started twice\" in man "
         "dunvey-register.");
 }
 
 void RemoveAndTell(const std::string& name) {
     const std::string kept = Remove(name);
     if (kept.empty()) return;
-    std::string text = Quoted(kept) + " stays: it holds files that dunvey-register didn't write.";
-    if (kept.ends_with(".app")) text += " Dunvey shows it until you move it away.";
-    Complain(text);
+    Complain(Quoted(kept) + " stays: it holds files that dunvey-register didn't write." +
+             (kept.ends_with(".app") ? " Dunvey shows it until you move it away." : ""));
 }
 
 /// Returns the exit code.
 int Run(const Request& request) {
+    std::vector<std::string> problems;
     switch (request.action) {
         case Request::Action::Help:
             Print(kHelp);
             break;
         case Request::Action::List:
-            return PrintList();
+            Print(ListText(RegisteredApplications(problems)));
+            break;
         case Request::Action::Remove:
             RemoveAndTell(request.name);
             break;
@@ -115,7 +84,9 @@ int Run(const Request& request) {
             RegisterAndTell(request);
             break;
     }
-    return 0;
+    for (const std::string& problem : problems)
+        Complain(problem);
+    return problems.empty() ? 0 : 1;
 }
 
 }  // namespace

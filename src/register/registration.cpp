@@ -2,17 +2,17 @@
 
 #include <fcntl.h>
 
-#include <algorithm>
 #include <cerrno>
 #include <optional>
 
 #include "platform/bundles/property_list.h"
 #include "platform/files/special_folder.h"
+#include "platform/text/text.h"
 #include "register/icon_file.h"
 #include "register/locked_applications.h"
 #include "register/refusal.h"
 #include "register/version_check.h"
-#include "register/wrapper_script.h"
+#include "version/stable_sort_by.h"
 
 namespace dunvey {
 namespace {
@@ -34,16 +34,7 @@ struct Application {
           contents(bundle.Child("Contents")),
           programs(contents.Child(kProgramsName)),
           resources(contents.Child(kResourcesName)) {
-        if (contents)
-            record = ReadRecord(name, contents.Read(kListName, kPropertyListLimit + 1));
-    }
-
-    /// Whether the script or the icon is there and isn't the one that dunvey-register wrote.
-    bool HasUsersScript() const {
-        return IsUsers(programs, name, record->scriptFingerprint);
-    }
-    bool HasUsersIcon() const {
-        return IsUsers(resources, kIconName, record->iconFingerprint);
+        if (contents) record = ReadRecord(name, contents.Read(kListName, kPropertyListLimit + 1));
     }
 
     std::string name;
@@ -54,111 +45,107 @@ struct Application {
     Folder resources;
     /// None if it isn't registered.
     std::optional<ApplicationRecord> record;
-
- private:
-    static bool IsUsers(const Folder& folder, const std::string& name,
-                        const std::string& fingerprint) {
-        return folder && folder.Has(name) &&
-               Fingerprint(folder.Read(name, kFileLimit)) != fingerprint;
-    }
 };
+
+/// Whether a file is there that isn't the one that dunvey-register wrote.
+bool IsUsers(const Folder& folder, const std::string& name, const std::string& fingerprint) {
+    return folder && folder.Has(name) && Fingerprint(folder.Read(name, kFileLimit)) != fingerprint;
+}
 
 /// The files of an application.
 struct ApplicationFiles {
+    explicit ApplicationFiles(const Request& request)
+        : record{request.name, request.version, ResolveCommand(request), {}, {}},
+          script(ScriptText(request.name, record.command)),
+          icon(request.icon.empty() ? std::string() : ReadIcon(request.icon)) {
+        record.scriptFingerprint = Fingerprint(script);
+        if (!icon.empty()) record.iconFingerprint = Fingerprint(icon);
+    }
+    void Write(const Folder& contents, bool hasIcon) const {
+        contents.Make(kProgramsName).Write(record.name, script, kExecutable);
+        if (!icon.empty()) contents.Make(kResourcesName).Write(kIconName, icon, kReadable);
+        contents.Write(kListName, PropertyListText(record, hasIcon), kReadable);
+    }
+
     ApplicationRecord record;
     std::string script;
     /// Empty if there is none to write.
     std::string icon;
 };
 
-/// Reads the command and the icon of a request.
-ApplicationFiles FilesOf(const Request& request) {
-    ApplicationFiles files{{request.name, request.version, ResolveCommand(request), {}, {}}, {}, {}};
-    files.script = WrapperScript(request.name, files.record.command);
-    files.record.scriptFingerprint = Fingerprint(files.script);
-    if (request.icon.empty()) return files;
-    files.icon = ReadIcon(request.icon);
-    files.record.iconFingerprint = Fingerprint(files.icon);
-    return files;
-}
-
-void Write(const Folder& contents, const ApplicationFiles& files, bool hasIcon) {
-    contents.Make(kProgramsName).Write(files.record.name, files.script, kExecutable);
-    if (!files.icon.empty()) contents.Make(kResourcesName).Write(kIconName, files.icon, kReadable);
-    contents.Write(kListName, PropertyListText(files.record, hasIcon), kReadable);
-}
-
 void Create(const LockedApplications& locked, const Application& application,
             const ApplicationFiles& files) {
     const Folder& applications = locked.Applications();
-    const std::string bundle = application.name + ".app";
-    if (application.outer ? application.outer.Has(bundle) : applications.Has(application.name)) {
-        throw Refusal{Quoted((application.outer ? application.outer : applications)
-                                 .PathOf(application.outer ? bundle : application.name)) +
+    const std::string& name = application.name;
+    const std::string bundle = name + ".app";
+    if (application.outer ? application.outer.Has(bundle) : applications.Has(name)) {
+        throw Refusal{Quoted(application.outer ? application.outer.PathOf(bundle)
+                                               : applications.PathOf(name)) +
                       " is there already, and dunvey-register didn't create it. Choose another "
                       "name or move it away."};
     }
-    Write(locked.Temporary().Make(bundle).Make("Contents"), files, !files.icon.empty());
-    const Folder outer = applications.Make(application.name);
-    try {
-        locked.Temporary().Move(bundle, outer, bundle);
-    } catch (const Refusal&) {
-        applications.RemoveFolder(application.name);
-        throw;
-    }
+    files.Write(locked.Temporary().Make(bundle).Make("Contents"), !files.icon.empty());
+    locked.Temporary().Move(bundle, applications.Make(name), bundle);
 }
 
 /// Replaces the files of a registered application. At no moment is a new script there with an old
-/// property list or the reverse, and a failure restores the old files.
+/// property list or the reverse, and a failure restores the old script.
 void Replace(const LockedApplications& locked, const Application& application,
              ApplicationFiles files) {
-    const Folder& old = application.contents;
     const Folder& temporary = locked.Temporary();
+    const Folder& contents = application.contents;
     const std::string& name = application.name;
     const bool hasNewIcon = !files.icon.empty();
     if (!hasNewIcon) files.record.iconFingerprint = application.record->iconFingerprint;
-    Write(temporary, files, hasNewIcon || (application.resources.Has(kIconName)));
-    const Folder oldPrograms = old.Make(kProgramsName);
-    const Folder newPrograms = temporary.Make(kProgramsName);
-    const Folder resources = hasNewIcon ? old.Make(kResourcesName) : Folder();
-    const bool hadScript = oldPrograms.Move(name, temporary, "script");
-    bool hadIcon = false;
+    files.Write(temporary,
+                hasNewIcon || (application.resources && application.resources.Has(kIconName)));
+    const Folder programs = contents.Make(kProgramsName);
+    const Folder resources = hasNewIcon ? contents.Make(kResourcesName) : Folder();
+    const bool hadScript = programs.Move(name, temporary, "old");
     try {
-        hadIcon = hasNewIcon && resources.Move(kIconName, temporary, "icon");
-        if (hasNewIcon)
-            temporary.Make(kResourcesName).Move(kIconName, resources, kIconName);
-        temporary.Move(kListName, old, kListName);
+        temporary.Move(kListName, contents, kListName);
     } catch (const Refusal&) {
-        if (hadIcon) temporary.Move("icon", resources, kIconName);
-        if (hadScript) temporary.Move("script", oldPrograms, name);
+        if (hadScript) temporary.Move("old", programs, name);
         throw;
     }
-    newPrograms.Move(name, oldPrograms, name);
+    temporary.Child(kProgramsName).Move(name, programs, name);
+    if (hasNewIcon) temporary.Child(kResourcesName).Move(kIconName, resources, kIconName);
 }
 
-/// Refuses to replace what the user changed.
-void CheckReplaceable(const Application& application, bool hasNewIcon) {
-    const bool isScript = application.HasUsersScript();
-    if (!isScript && !(hasNewIcon && application.HasUsersIcon())) return;
-    throw Refusal{Quoted(isScript ? application.programs.PathOf(application.name)
-                                  : application.resources.PathOf(kIconName)) +
+void RefuseChanged(const Application& application, bool hasNewIcon) {
+    const ApplicationRecord& record = *application.record;
+    const bool isChanged =
+        IsUsers(application.programs, record.name, record.scriptFingerprint) ||
+        (hasNewIcon && IsUsers(application.resources, kIconName, record.iconFingerprint));
+    if (!isChanged) return;
+    throw Refusal{"the script or the icon in " + Quoted(application.contents.Path()) +
                   " was changed and would be lost. Move it away, or add --force to replace it."};
+}
+
+/// The first missing file of an application, without which it can't start; empty if all are there.
+std::string MissingFile(const Application& application) {
+    std::vector<std::string> files = RequiredFiles(application.record->command);
+    files.push_back(application.contents.PathOf(kProgramsName) + "/" + application.name);
+    for (const std::string& file : files) {
+        if (!FolderItem(file).Exists()) return file;
+    }
+    return {};
 }
 
 }  // namespace
 
-std::string Register(const Request& request) {
-    const ApplicationFiles files = FilesOf(request);
+Registered Register(const Request& request) {
+    const ApplicationFiles files(request);
     const LockedApplications locked;
     const Application application(locked.Applications(), request.name);
     if (!request.force) CheckVersionFits(request.name, request.version);
     if (!application.record) {
         Create(locked, application, files);
     } else {
-        if (!request.force) CheckReplaceable(application, !files.icon.empty());
+        if (!request.force) RefuseChanged(application, !files.icon.empty());
         Replace(locked, application, files);
     }
-    return locked.Applications().PathOf(request.name) + "/" + request.name + ".app";
+    return {files.record, {}};
 }
 
 std::vector<Registered> RegisteredApplications(std::vector<std::string>& problems) {
@@ -173,21 +160,12 @@ std::vector<Registered> RegisteredApplications(std::vector<std::string>& problem
         if (!entry) continue;
         try {
             const Application application(applications, entry->Name());
-            if (!application.record) continue;
-            std::vector<std::string> files = RequiredFiles(application.record->command);
-            files.push_back(application.contents.PathOf(kProgramsName) + "/" + application.name);
-            const auto missing = std::find_if(
-                files.begin(), files.end(),
-                [](const std::string& file) { return !FolderItem(file).Exists(); });
-            all.push_back(
-                {*application.record, missing == files.end() ? std::string() : *missing});
+            if (application.record) all.push_back({*application.record, MissingFile(application)});
         } catch (const Refusal& refusal) {
             problems.push_back(refusal.text);
         }
     }
-    std::stable_sort(all.begin(), all.end(), [](const Registered& left, const Registered& right) {
-        return IsLowerVersion(left.record.version, right.record.version);
-    });
+    StableSortBy(all, [](const Registered& each) { return Val(each.record.version); });
     return all;
 }
 
@@ -197,14 +175,14 @@ std::string Remove(const std::string& name) {
     const Application application(applications, name);
     if (!application.record) {
         throw Refusal{Quoted(applications.PathOf(name)) +
-                      (applications.Has(name)
-                           ? " wasn't created by dunvey-register, so it stays."
-                           : " isn't there. --list shows what is registered.")};
+                      (applications.Has(name) ? " wasn't created by dunvey-register, so it stays."
+                                              : " isn't there. --list shows what is registered.")};
     }
-    const bool keepsScript = application.HasUsersScript();
-    const bool keepsIcon = application.HasUsersIcon();
-    if (application.programs && !keepsScript) application.programs.RemoveFile(name);
-    if (application.resources && !keepsIcon) application.resources.RemoveFile(kIconName);
+    const ApplicationRecord& record = *application.record;
+    if (application.programs && !IsUsers(application.programs, name, record.scriptFingerprint))
+        application.programs.RemoveFile(name);
+    if (application.resources && !IsUsers(application.resources, kIconName, record.iconFingerprint))
+        application.resources.RemoveFile(kIconName);
     application.contents.RemoveFolder(kProgramsName);
     application.contents.RemoveFolder(kResourcesName);
     // Last: after a failure the application still counts as registered and can be removed again.

@@ -3,14 +3,10 @@
 #include <string>
 #include <vector>
 
-#include "register/application_record.h"
+#include "register/application_text.h"
 #include "register/request.h"
 
 namespace dunvey {
-
-/// Creates the application of a request, or renews the one of its name that was registered before.
-/// Returns the bundle's path. Raises Refusal; then everything is as it was before.
-std::string Register(const Request& request);
 
 /// A registered application.
 struct Registered {
@@ -18,6 +14,10 @@ struct Registered {
     /// The path of a file without which it can't start and that is missing; empty if all are there.
     std::string missing;
 };
+
+/// Creates the application of a request, or renews the one of its name that was registered before.
+/// Raises Refusal; then everything is as it was before.
+Registered Register(const Request& request);
 
 /// The registered applications by ascending version. Adds a message to `problems` for each folder
 /// that can't be read.

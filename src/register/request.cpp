@@ -48,16 +48,6 @@ void CheckVersion(const std::string& version) {
                      " can't be used. Write numbers with dots between them, such as 8.0.1."};
 }
 
-void CheckRegistration(const Request& request) {
-    if (request.name.empty()) throw UsageError{"--name is missing. Options precede the command."};
-    CheckName(request.name);
-    if (request.version.empty())
-        throw UsageError{"--version is missing. Options precede the command."};
-    CheckVersion(request.version);
-    if (request.command.empty() || request.command.front().empty())
-        throw UsageError{"the command is missing. Write it after the options."};
-}
-
 /// Reads options up to "--" or the first argument that isn't an option; the rest is the command.
 Request ReadRegistration(const std::vector<std::string>& arguments) {
     Request request;
@@ -86,29 +76,27 @@ Request ReadRegistration(const std::vector<std::string>& arguments) {
     }
     if (argument != end && *argument == "--") ++argument;
     request.command.assign(argument, end);
-    CheckRegistration(request);
+    if (request.name.empty() || request.version.empty())
+        throw UsageError{"--name and --version are needed, in front of the command."};
+    CheckName(request.name);
+    CheckVersion(request.version);
+    if (request.command.empty() || request.command.front().empty())
+        throw UsageError{"the command is missing. Write it after the options."};
     return request;
-}
-
-void CheckCount(const std::vector<std::string>& arguments, size_t count) {
-    if (arguments.size() == count) return;
-    throw UsageError{arguments.front() +
-                     (count == 1 ? " takes no arguments." : " takes one name.")};
 }
 
 }  // namespace
 
 Request ReadRequest(const std::vector<std::string>& arguments) {
     if (arguments.empty()) throw UsageError{"arguments are missing."};
+    const std::string& first = arguments.front();
+    if (first != "--help" && first != "--list" && first != "--remove")
+        return ReadRegistration(arguments);
+    if (arguments.size() != (first == "--remove" ? 2 : 1))
+        throw UsageError{first + (first == "--remove" ? " takes one name." : " stands alone.")};
     Request request;
-    if (arguments.front() == "--help") return request;
-    if (arguments.front() == "--list") {
-        CheckCount(arguments, 1);
-        request.action = Request::Action::List;
-        return request;
-    }
-    if (arguments.front() != "--remove") return ReadRegistration(arguments);
-    CheckCount(arguments, 2);
+    if (first == "--list") request.action = Request::Action::List;
+    if (first != "--remove") return request;
     CheckName(arguments[1]);
     request.action = Request::Action::Remove;
     request.name = arguments[1];

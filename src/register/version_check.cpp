@@ -1,7 +1,5 @@
 #include "register/version_check.h"
 
-#include <algorithm>
-
 #include "platform/text/text.h"
 #include "register/refusal.h"
 #include "version/application_version.h"
@@ -19,22 +17,19 @@ std::string DocumentVersion(const std::string& version) {
     return major == "7" && NthField(version, ".", 2) == "5" ? "7.5" : major;
 }
 
-/// The version that a name stands for: that of the longest suffix of a version that it begins with;
+/// The version that a name stands for, by the longest suffix of a version that it begins with;
 /// empty if there is none.
 std::string VersionOfName(const std::string& name) {
     // Dunvey takes each such application for version 2.
     if (name.find("2.0") != std::string::npos) return "2";
-    const std::string suffix = name.substr(name.find(' ', name.find(' ') + 1) + 1) + " ";
     std::string found;
-    size_t length = 0;
-    for (int major = 1; major < 100; ++major) {
-        for (const std::string& version : {Str(major), Str(major) + ".5"}) {
-            if (version != DocumentVersion(version)) continue;
-            const std::string candidate = InDesign::GetAppName(version) + " ";
-            if (!suffix.starts_with(candidate) || candidate.size() <= length) continue;
-            found = version;
-            length = candidate.size();
-        }
+    std::string longest;
+    for (int half = 2; half < 200; ++half) {
+        const std::string version = half == 15 ? "7.5" : Str(half / 2);
+        const std::string named = "Adobe InDesign " + InDesign::GetAppName(version) + " ";
+        if (!(name + " ").starts_with(named) || named.size() <= longest.size()) continue;
+        found = version;
+        longest = named;
     }
     return found;
 }
@@ -55,14 +50,6 @@ void CheckVersionFits(const std::string& name, const std::string& version) {
         throw Refusal{"version " + own + " is there already: " + Quoted(each->NativePath()) +
                       ". Dunvey would open its documents in only one of the two." + kForce};
     }
-}
-
-bool IsLowerVersion(const std::string& left, const std::string& right) {
-    const std::vector<std::string> leftFields = SplitB(left, ".");
-    const std::vector<std::string> rightFields = SplitB(right, ".");
-    return std::lexicographical_compare(
-        leftFields.begin(), leftFields.end(), rightFields.begin(), rightFields.end(),
-        [](const std::string& one, const std::string& other) { return Val(one) < Val(other); });
 }
 
 }  // namespace dunvey

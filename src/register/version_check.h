@@ -8,7 +8,4 @@ namespace dunvey {
 /// another application of the applications folder has the same version.
 void CheckVersionFits(const std::string& name, const std::string& version);
 
-/// Whether `left` is the lower version; numbers are compared field by field.
-bool IsLowerVersion(const std::string& left, const std::string& right);
-
 }  // namespace dunvey

@@ -11,13 +11,13 @@ namespace dunvey {
 /// The icon's file in the bundle's Resources.
 inline constexpr const char* kIconName = "Application.icns";
 
-/// An application as its property list describes it.
+/// What an application's property list says.
 struct ApplicationRecord {
     std::string name;
     std::string version;
     Command command;
-    /// The fingerprints of the files that dunvey-register wrote. A file with another fingerprint is
-    /// the user's. The icon's is empty if dunvey-register wrote none.
+    /// The fingerprints of the script and the icon that dunvey-register wrote; the icon's is empty
+    /// if it wrote none. A file with another fingerprint is the user's.
     std::string scriptFingerprint;
     std::string iconFingerprint;
 };
@@ -28,7 +28,10 @@ std::string Fingerprint(std::string_view bytes);
 /// The property list. Raises Refusal if it would be too long to be read again.
 std::string PropertyListText(const ApplicationRecord& record, bool hasIcon);
 
-/// The record of an application; none if the property list isn't one that PropertyListText made.
+/// The record of an application; none if the property list isn't one of PropertyListText.
 std::optional<ApplicationRecord> ReadRecord(const std::string& name, std::string propertyList);
+
+/// The shell script that is an application's program: it runs as long as the command does.
+std::string ScriptText(const std::string& name, const Command& command);
 
 }  // namespace dunvey
