@@ -67,7 +67,7 @@ bool Folder::Move(const std::string& name, const Folder& target, const std::stri
     const int goal = target.descriptor_.Get();
     if (renameat(descriptor_.Get(), name.c_str(), goal, newName.c_str()) == 0) return true;
     if (errno == ENOENT) return false;
-    Refuse(target.PathOf(newName), "replaced", errno);
+    Refuse(PathOf(name), "moved to " + Quoted(target.PathOf(newName)), errno);
 }
 
 void Folder::RemoveFile(const std::string& name) const {

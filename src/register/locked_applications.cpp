@@ -43,8 +43,10 @@ LockedApplications::LockedApplications() {
         if (entry && entry->Name().starts_with(kTemporaryName)) RemoveTree(entry->NativePath());
     }
     std::string temporary = applications_.PathOf(kTemporaryName) + "XXXXXX";
-    if (mkdtemp(temporary.data()) == nullptr)
-        Refuse(path, "changed. Have it done by a user who may write there", errno);
+    if (mkdtemp(temporary.data()) == nullptr) {
+        throw Refusal{Quoted(path) + " can't be changed: " + std::strerror(errno) +
+                      ". Have it done by a user who may write there."};
+    }
     temporary_ = Folder::At(temporary);
     sigset_t signals;
     sigemptyset(&signals);

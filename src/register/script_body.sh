@@ -88,7 +88,7 @@ run() {
     done
     [ "$code" = 0 ] || [ -n "$asked" ] || [ $(($(date +%s) - started)) -gt 1 ] ||
         tell "The command ended at once with exit code $code. To see its messages, run this in a\
- terminal: $0"
+ terminal: \"$0\""
     exit "$code"
 }
 
