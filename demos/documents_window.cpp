@@ -10,10 +10,10 @@
 namespace dunvey::demo {
 namespace {
 
-/// Room for the frame that the window manager puts around a window, in points.
+/// The size in points of the window manager's frame.
 constexpr QSize kFrame(8, 36);
 
-/// The name of a document on one line.
+/// The file name, with control characters shown as "?".
 QString NameOf(const QByteArray& path) {
     QString name = QString::fromUtf8(path.mid(path.lastIndexOf('/') + 1));
     for (QChar& character : name) {
@@ -22,11 +22,11 @@ QString NameOf(const QByteArray& path) {
     return name;
 }
 
-QString Heading(int documents, int starts) {
-    return QStringLiteral("Process %1: %2 document(s) in %3 hand-over(s)")
+QString Heading(int documents, int commands) {
+    return QStringLiteral("Process %1: %2 document(s) in %3 command(s)")
         .arg(QCoreApplication::applicationPid())
         .arg(documents)
-        .arg(starts);
+        .arg(commands);
 }
 
 }  // namespace
@@ -47,25 +47,25 @@ void DocumentsWindow::Add(const QList<QByteArray>& documents) {
                                          NameOf(document), &list_);
         item->setToolTip(QString::fromUtf8(document));
     }
-    if (!documents.isEmpty()) ++starts_;
-    heading_.setText(Heading(list_.count(), starts_));
-    isBehind_ = true;
+    if (!documents.isEmpty()) ++commands_;
+    heading_.setText(Heading(list_.count(), commands_));
+    needsPaint_ = true;
     list_.viewport()->update();
 }
 
-void DocumentsWindow::TakePlace(int place, int places) {
-    const int columns = places > 4 ? 3 : 2;
-    const int rows = (places + columns - 1) / columns;
+void DocumentsWindow::Place(int index, int count) {
+    const int columns = count > 4 ? 3 : 2;
+    const int rows = (count + columns - 1) / columns;
     const QRect all = screen()->availableGeometry();
     const QSize cell(all.width() / columns, all.height() / rows);
     resize(cell - kFrame);
-    move(all.x() + place % columns * cell.width(), all.y() + place / columns * cell.height());
+    move(all.x() + index % columns * cell.width(), all.y() + index / columns * cell.height());
 }
 
 bool DocumentsWindow::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() == QEvent::Paint && isBehind_) {
-        isBehind_ = false;
-        QTimer::singleShot(0, this, shown_);  // once the paint has gone out to the screen
+    if (event->type() == QEvent::Paint && needsPaint_) {
+        needsPaint_ = false;
+        QTimer::singleShot(0, this, shown_);  // after the paint has been sent to the screen
     }
     return QWidget::eventFilter(watched, event);
 }

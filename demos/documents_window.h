@@ -9,24 +9,24 @@
 
 namespace dunvey::demo {
 
-/// The window of a stand-in: the documents that it was handed.
+/// The window of a stand-in, with the documents that it opened.
 class DocumentsWindow : public QWidget {
  public:
-    /// `shown` is called whenever everything added so far has been painted.
+    /// `shown` is called each time after added documents have been painted.
     DocumentsWindow(const QString& title, std::function<void()> shown);
 
-    /// Adds the documents, absolute paths, of one start.
+    /// Adds the documents, absolute paths, of one command.
     void Add(const QList<QByteArray>& documents);
-    /// Moves to the given place, 0-based, when the screen is shared among so many windows.
-    void TakePlace(int place, int places);
+    /// Moves the window to its part of the screen, the 0-based `index` of `count`.
+    void Place(int index, int count);
 
  private:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
     QLabel heading_;
     QListWidget list_;
-    int starts_ = 0;
-    bool isBehind_ = true;
+    int commands_ = 0;
+    bool needsPaint_ = true;
     std::function<void()> shown_;
 };
 

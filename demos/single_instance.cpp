@@ -15,7 +15,7 @@ namespace {
 /// The documents of a message: each ends with a zero byte.
 SingleInstance::Documents Read(const QByteArray& message) {
     SingleInstance::Documents documents = message.split('\0');
-    documents.removeLast();  // what stands behind the last zero byte
+    documents.removeLast();  // the empty rest after the last zero byte
     return documents;
 }
 
@@ -26,15 +26,15 @@ QByteArray Write(const SingleInstance::Documents& documents) {
     return message;
 }
 
-/// Gathers what a later start sends, until that one has hung up.
-void Gather(QLocalSocket* start,
-            const std::function<void(const SingleInstance::Documents&)>& receive) {
+/// Collects what a later process sends until it disconnects.
+void Collect(QLocalSocket* sender,
+             const std::function<void(const SingleInstance::Documents&)>& receive) {
     const auto message = std::make_shared<QByteArray>();
-    QObject::connect(start, &QLocalSocket::readyRead, start,
-                     [=] { message->append(start->readAll()); });
-    QObject::connect(start, &QLocalSocket::disconnected, start, [=] {
-        message->append(start->readAll());
-        start->deleteLater();
+    QObject::connect(sender, &QLocalSocket::readyRead, sender,
+                     [=] { message->append(sender->readAll()); });
+    QObject::connect(sender, &QLocalSocket::disconnected, sender, [=] {
+        message->append(sender->readAll());
+        sender->deleteLater();
         receive(Read(*message));
     });
 }
@@ -51,16 +51,16 @@ SingleInstance::~SingleInstance() {
     close(bundle_);
 }
 
-// The lock goes with its process, however that ends; a socket's file would stay behind.
+// A lock ends with its process; a socket's file would stay.
 bool SingleInstance::Lock() const {
     return flock(bundle_, LOCK_EX | LOCK_NB) == 0;
 }
 
-bool SingleInstance::StayOrHandOver(const Documents& documents,
-                                    std::function<void(const Documents&)> receive) {
-    // The other process may be about to listen, or about to end.
+bool SingleInstance::StartOrSend(const Documents& documents,
+                                 std::function<void(const Documents&)> receive) {
+    // Retried, since the other process may not listen yet or may be ending.
     while (!Lock()) {
-        if (HandOver(documents)) return false;
+        if (Send(documents)) return false;
         QThread::msleep(20);
     }
     Listen(std::move(receive));
@@ -71,13 +71,13 @@ void SingleInstance::Listen(std::function<void(const Documents&)> receive) {
     QLocalServer::removeServer(name_);
     server_.setSocketOptions(QLocalServer::UserAccessOption);
     QObject::connect(&server_, &QLocalServer::newConnection, &server_, [this, receive] {
-        while (QLocalSocket* start = server_.nextPendingConnection())
-            Gather(start, receive);
+        while (QLocalSocket* sender = server_.nextPendingConnection())
+            Collect(sender, receive);
     });
-    if (!server_.listen(name_)) qFatal("The socket %s can't be made.", qPrintable(name_));
+    if (!server_.listen(name_)) qFatal("The socket %s can't be created.", qPrintable(name_));
 }
 
-bool SingleInstance::HandOver(const Documents& documents) const {
+bool SingleInstance::Send(const Documents& documents) const {
     QLocalSocket first;
     first.connectToServer(name_);
     if (!first.waitForConnected()) return false;

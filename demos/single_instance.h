@@ -7,27 +7,26 @@
 
 namespace dunvey::demo {
 
-/// One process for each application: the first one stays and takes the documents of every later
-/// start, as applications of this kind do.
+/// Keeps one process for each application: the first process stays and receives the documents of
+/// every later one.
 class SingleInstance {
  public:
     using Documents = QList<QByteArray>;
 
-    /// `bundle` is the path that tells applications apart; it must be a folder that exists.
+    /// `bundle` is the path of an existing folder that identifies the application.
     explicit SingleInstance(const QByteArray& bundle);
     ~SingleInstance();
     SingleInstance(const SingleInstance&) = delete;
     SingleInstance& operator=(const SingleInstance&) = delete;
 
-    /// Makes this process the one that stays, with `receive` called for the documents of each later
-    /// start, and returns true. Where there is one already, hands the documents to it and returns
-    /// false.
-    bool StayOrHandOver(const Documents& documents, std::function<void(const Documents&)> receive);
+    /// Returns true if this is the first process; `receive` is then called with the documents of
+    /// each later one. Otherwise sends the documents to the first process and returns false.
+    bool StartOrSend(const Documents& documents, std::function<void(const Documents&)> receive);
 
  private:
     bool Lock() const;
     void Listen(std::function<void(const Documents&)> receive);
-    bool HandOver(const Documents& documents) const;
+    bool Send(const Documents& documents) const;
 
     QString name_;
     int bundle_;

@@ -1,6 +1,6 @@
-// Stands in for one version of the page-layout program: shows the documents that it is handed and
-// writes them to the file that DUNVEY_DEMO_LOG names. It stays until its window is closed or
-// SIGTERM comes. DUNVEY_DEMO_BUNDLE names the bundle where the program itself stands elsewhere.
+// Stands in for one version of the page-layout program: shows the documents that it opens and logs
+// them to the file in DUNVEY_DEMO_LOG. It ends when its window is closed or with SIGTERM.
+// DUNVEY_DEMO_BUNDLE names the bundle if the program isn't inside it.
 #include <sys/signalfd.h>
 #include <unistd.h>
 
@@ -37,40 +37,20 @@ QString Title(const QString& bundle) {
     return QFileInfo(bundle).completeBaseName() + (number.isEmpty() ? "" : " (" + number + ")");
 }
 
-/// Writes down what the application with this bundle is doing.
-class Logger {
- public:
-    explicit Logger(const QString& bundle) : bundle_(QFile::encodeName(bundle).toStdString()) {}
-
-    void Started(const Documents& documents) const {
-        std::vector<LogRecord> records = {Record("started")};
-        for (const QByteArray& document : documents)
-            records.push_back(Record("opened", document));
-        Write(records);
+/// Logs an event of the application with this bundle: once for each document, or once without one.
+void LogEvent(const QString& bundle, const std::string& event, const Documents& documents) {
+    const QByteArray log = qgetenv("DUNVEY_DEMO_LOG");
+    if (log.isEmpty()) return;
+    std::vector<LogRecord> records;
+    for (const QByteArray& document : documents) {
+        records.push_back({event, std::to_string(getpid()), QFile::encodeName(bundle).toStdString(),
+                           document.toStdString()});
     }
-    void Received(const Documents& documents) const {
-        std::vector<LogRecord> records;
-        for (const QByteArray& document : documents)
-            records.push_back(Record("received", document));
-        Write(records);
-    }
-    void Shown() const { Write({Record("shown")}); }
+    if (!Append(log.toStdString(), records)) qWarning("%s can't be written.", log.constData());
+}
 
- private:
-    LogRecord Record(const std::string& event, const QByteArray& document = {}) const {
-        return {event, std::to_string(getpid()), bundle_, document.toStdString()};
-    }
-    static void Write(const std::vector<LogRecord>& records) {
-        const QByteArray log = qgetenv("DUNVEY_DEMO_LOG");
-        if (log.isEmpty() || Append(log.toStdString(), records)) return;
-        qWarning("%s can't be written.", log.constData());
-    }
-
-    std::string bundle_;
-};
-
-/// Has SIGTERM end the program as closing its window does. Call it ahead of every thread.
-int BlockedTermination() {
+/// Returns a descriptor that becomes readable when SIGTERM arrives. Called before threads start.
+int OpenTermination() {
     sigset_t signals;
     sigemptyset(&signals);
     sigaddset(&signals, SIGTERM);
@@ -79,27 +59,25 @@ int BlockedTermination() {
 }
 
 void PlaceAmongOthers(DocumentsWindow& window, const QString& bundle) {
-    QDir folder(bundle);
-    folder.cdUp();
-    const QString own = folder.dirName();
-    folder.cdUp();
-    const QStringList all = folder.entryList(QDir::Dirs | QDir::NoDotAndDotDot);
-    window.TakePlace(static_cast<int>(all.indexOf(own)), static_cast<int>(all.size()));
+    const QDir folder(bundle + "/..");
+    const QStringList all = QDir(bundle + "/../..").entryList(QDir::Dirs | QDir::NoDotAndDotDot);
+    const auto index = all.indexOf(QDir(folder.canonicalPath()).dirName());
+    window.Place(static_cast<int>(index), static_cast<int>(all.size()));
 }
 
 int Run(const Documents& documents, int termination) {
     const QString bundle = OwnBundle();
-    const Logger log(bundle);
-    DocumentsWindow window(Title(bundle), [&] { log.Shown(); });
+    DocumentsWindow window(Title(bundle), [&] { LogEvent(bundle, "shown", {{}}); });
     SingleInstance instance(QFile::encodeName(bundle));
-    const bool stays = instance.StayOrHandOver(documents, [&](const Documents& received) {
-        log.Received(received);
+    const bool isFirst = instance.StartOrSend(documents, [&](const Documents& received) {
+        LogEvent(bundle, "received", received);
         window.Add(received);
         window.raise();
         window.activateWindow();
     });
-    if (!stays) return 0;
-    log.Started(documents);
+    if (!isFirst) return 0;
+    LogEvent(bundle, "opened", documents);
+    LogEvent(bundle, "started", {{}});
     window.Add(documents);
     PlaceAmongOthers(window, bundle);
     window.show();
@@ -112,11 +90,11 @@ int Run(const Documents& documents, int termination) {
 }  // namespace dunvey::demo
 
 int main(int argumentCount, char** arguments) {
-    // Paths are bytes: Qt would read them as text.
+    // Kept as bytes: Qt would decode paths as text.
     dunvey::demo::Documents documents;
     for (int i = 1; i < argumentCount; ++i)
         documents.append(arguments[i]);
-    const int termination = dunvey::demo::BlockedTermination();
+    const int termination = dunvey::demo::OpenTermination();
     int onlyName = 1;
     const QApplication application(onlyName, arguments);
     return dunvey::demo::Run(documents, termination);
