@@ -3,16 +3,14 @@
 #include <cstring>
 #include <string>
 
+#include "platform/processes/error_line.h"
+
 namespace dunvey {
 
 /// A failure; `text` says what, where and what to do.
 struct Refusal {
     std::string text;
 };
-
-inline std::string Quoted(const std::string& text) {
-    return "\"" + text + "\"";
-}
 
 /// Raises Refusal: the path can't be "read" or the like because of an errno.
 [[noreturn]] inline void Refuse(const std::string& path, const std::string& action, int error) {

@@ -3,77 +3,57 @@
 #include <fcntl.h>
 #include <unistd.h>
 
-#include <cstdio>
 #include <string_view>
-#include <utility>
 
 #include "platform/loop/application.h"
+#include "platform/processes/launch_loop.h"
+#include "platform/processes/process_setup.h"
 #include "platform/values/exceptions.h"
 
 namespace dunvey {
 namespace {
 
 constexpr std::string_view kPath = "PATH=";
-constexpr const char* kUsualPath = "/usr/local/bin:/usr/bin:/bin";
-/// What an interactive shell hands on as functions comes ahead of every program of the name.
+constexpr std::string_view kStandardPath = "/usr/local/bin:/usr/bin:/bin";
+/// A function exported by an interactive bash would take precedence over the helper of its name.
 constexpr std::string_view kFunction = "BASH_FUNC_";
+constexpr std::string_view kMark = "DUNVEY_OPENING=";
 
-Ref<FolderItem> HelpersFolder() {
-    return Application::ExecutableFile()->Parent()->Parent()->Child("Helpers");
+/// The folder as an entry of PATH. A colon in its path would end the entry, so such a folder is
+/// named by a descriptor, which stays open for as long as the process runs.
+std::string PathEntry(const std::string& folder) {
+    if (folder.find(':') == folder.npos) return folder;
+    static const int kDescriptor = open(folder.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC);
+    return "/proc/" + std::to_string(getpid()) + "/fd/" + std::to_string(kDescriptor);
 }
 
-/// The Helpers folder as an entry of PATH, where a colon in its own path would end it: by the
-/// descriptor of the open folder then, which stays for as long as this process does.
-std::string PathEntry(const std::string& path) {
-    if (path.find(':') == path.npos) return path;
-    static int folder = -1;
-    if (folder < 0) folder = open(path.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC);
-    return "/proc/" + std::to_string(getpid()) + "/fd/" + std::to_string(folder);
-}
-
-/// Whether every helper is there, which is said once if not.
-bool IsComplete(const std::string& entry, const std::string& folder) {
-    static bool isSaid = false;
+/// The Helpers folder as an entry of PATH.
+std::string HelpersEntry() {
+    const Ref<FolderItem> contents = Application::ExecutableFile()->Parent()->Parent();
+    const std::string folder = contents->Child("Helpers")->NativePath();
+    const std::string entry = PathEntry(folder);
     for (const char* name : {"open", "osascript", "ps"}) {
         if (access((entry + "/" + name).c_str(), X_OK) == 0) continue;
-        if (!std::exchange(isSaid, true)) {
-            std::fprintf(stderr,
-                         "Dunvey: its program \"%s/%s\" is missing. Install Dunvey again.\n",
-                         folder.c_str(), name);
-        }
-        return false;
+        throw RuntimeException("Dunvey's own program \"" + folder + "/" + name +
+                               "\" is missing. Install Dunvey again.");
     }
-    return true;
-}
-
-/// The search path with the helpers ahead of it; empty if one is missing.
-std::string SearchPath(const std::string& inherited) {
-    try {
-        const std::string folder = HelpersFolder()->NativePath();
-        const std::string entry = PathEntry(folder);
-        return IsComplete(entry, folder) ? entry + ":" + inherited : std::string();
-    } catch (const IOException& failure) {
-        std::fprintf(stderr, "Dunvey: its helpers can't be found: %s\n", failure.Message.c_str());
-        return {};
-    }
+    return entry;
 }
 
 }  // namespace
 
 std::vector<std::string> ShellEnvironment() {
     std::vector<std::string> environment;
-    std::string path = kUsualPath;
-    for (char** entry = environ; entry != nullptr && *entry != nullptr; ++entry) {
-        const std::string_view variable = *entry;
+    std::string path(kStandardPath);
+    for (std::string& variable : StartEnvironment()) {
         if (variable.starts_with(kPath)) {
             path = variable.substr(kPath.size());
-        } else if (!variable.starts_with(kFunction)) {
-            environment.emplace_back(variable);
+        } else if (!variable.starts_with(kFunction) && !variable.starts_with(kMark)) {
+            environment.push_back(std::move(variable));
         }
     }
-    path = SearchPath(path);
-    if (path.empty()) return {};
-    environment.push_back(std::string(kPath) + path);
+    environment.push_back(std::string(kPath) + HelpersEntry() + ":" + path);
+    environment.push_back(OpeningMark());
     return environment;
 }
 

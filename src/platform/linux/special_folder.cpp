@@ -1,59 +1,43 @@
 #include "platform/files/special_folder.h"
 
-#include <pwd.h>
 #include <sys/stat.h>
-#include <unistd.h>
 
 #include <cstdlib>
-#include <memory>
 #include <string>
 
-#include "platform/files/file_descriptor.h"
+#include "platform/files/path.h"
+#include "platform/linux/applications_folder.h"
 
 namespace dunvey::SpecialFolder {
 namespace {
 
-bool IsAbsolute(const char* path) {
-    return path != nullptr && path[0] == '/';
-}
-
-std::string Home() {
-    const char* home = std::getenv("HOME");
-    if (IsAbsolute(home)) return home;
-    const passwd* user = getpwuid(getuid());
-    return user != nullptr && IsAbsolute(user->pw_dir) ? user->pw_dir : "/";
-}
-
-/// Makes the folder with all those above it. Where that fails, whoever uses it will see.
+/// Makes the folder and its parents. A failure shows when the folder is used.
 void MakeFolders(const std::string& path) {
     for (size_t end = 0; end != std::string::npos;) {
         end = path.find('/', end + 1);
-        Uninterrupted([&] { return mkdir(path.substr(0, end).c_str(), 0700); });
+        mkdir(path.substr(0, end).c_str(), 0700);
     }
 }
 
 }  // namespace
 
 Ref<FolderItem> Applications() {
-    Ref<FolderItem> system = New<FolderItem>("/Applications");
-    return system->Directory() ? system : New<FolderItem>(Home() + "/Applications");
+    return New<FolderItem>(ApplicationsPath());
 }
 
 Ref<FolderItem> ApplicationData() {
-    // The XDG base directory rules: a relative path is to be ignored, and what is missing is made
-    // for the user alone.
+    // XDG base directories: a relative path is ignored, and missing folders get the mode 0700.
     const char* configuration = std::getenv("XDG_CONFIG_HOME");
-    Ref<FolderItem> folder =
-        New<FolderItem>(IsAbsolute(configuration) ? configuration : Home() + "/.config");
+    const bool isGiven = configuration != nullptr && configuration[0] == '/';
+    Ref<FolderItem> folder = New<FolderItem>(isGiven ? configuration : HomePath() + "/.config");
     if (!folder->Exists()) MakeFolders(folder->NativePath());
     return folder;
 }
 
 std::vector<std::string> ApplicationsPaths() {
     std::vector<std::string> paths = {Applications()->NativePath()};
-    const std::unique_ptr<char, decltype(&std::free)> resolved(realpath(paths[0].c_str(), nullptr),
-                                                               &std::free);
-    if (resolved && paths[0] != resolved.get()) paths.emplace_back(resolved.get());
+    const std::string real = RealPath(paths[0]);
+    if (!real.empty() && real != paths[0]) paths.push_back(real);
     return paths;
 }
 

@@ -2,9 +2,7 @@
 
 #include <unistd.h>
 
-#include <string>
-
-#include "platform/processes/system_call.h"
+#include "platform/files/file_descriptor.h"
 
 namespace dunvey {
 namespace {
@@ -29,7 +27,7 @@ void WriteErrorLine(std::string_view text) {
         text.remove_prefix(control == 0 ? 1 : control);
     }
     line += '\n';
-    WriteFully(STDERR_FILENO, line.data(), line.size());
+    WriteFully(STDERR_FILENO, line);
 }
 
 }  // namespace dunvey

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <string>
 #include <string_view>
 
 namespace dunvey {
@@ -8,5 +9,10 @@ namespace dunvey {
 /// among them, are written as "?": no file name can forge a line or control a terminal. A write
 /// that fails is ignored.
 void WriteErrorLine(std::string_view text);
+
+/// The text between quotation marks, for a message.
+inline std::string Quoted(std::string_view text) {
+    return '"' + std::string(text) + '"';
+}
 
 }  // namespace dunvey

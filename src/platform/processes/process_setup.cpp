@@ -4,14 +4,45 @@
 #include <signal.h>
 #include <unistd.h>
 
+#include <cstdlib>
+#include <optional>
+
+#include "platform/processes/error_line.h"
+
+extern char** environ;
+
 namespace dunvey {
+namespace {
+
+std::optional<std::vector<std::string>> kept;
+
+std::vector<std::string> CurrentEnvironment() {
+    std::vector<std::string> variables;
+    for (char** entry = environ; entry != nullptr && *entry != nullptr; ++entry)
+        variables.emplace_back(*entry);
+    return variables;
+}
+
+}  // namespace
 
 void SetUpProcess() {
-    signal(SIGPIPE, SIG_IGN);
     int opened = open("/dev/null", O_RDWR);
     while (opened >= 0 && opened <= STDERR_FILENO)
         opened = open("/dev/null", O_RDWR);
     if (opened > STDERR_FILENO) close(opened);
+    signal(SIGPIPE, SIG_IGN);
+    signal(SIGXFSZ, SIG_IGN);
+    kept = CurrentEnvironment();
+    if (!HasRaisedPrivileges()) return;
+    WriteErrorLine(
+        "Dunvey: the program file is set-user-ID, set-group-ID or has capabilities. Dunvey starts "
+        "other programs and must not run with raised rights. Remove them with chmod ug-s and "
+        "setcap -r.");
+    _exit(EXIT_FAILURE);
+}
+
+std::vector<std::string> StartEnvironment() {
+    return kept ? *kept : CurrentEnvironment();
 }
 
 }  // namespace dunvey

@@ -5,8 +5,9 @@
 
 namespace dunvey {
 
-/// The environment of a shell command, "NAME=value" each. Empty where the program's own commands
-/// aren't all there: then none may be run, as a stranger of the name would get the documents.
+/// The environment of Shell's commands, "NAME=value" each: that of the start, with OpeningMark and
+/// on Linux the bundle's Helpers folder first in PATH. Raises RuntimeException where one of the
+/// helpers is missing: another program of its name must not get the documents.
 std::vector<std::string> ShellEnvironment();
 
 }  // namespace dunvey

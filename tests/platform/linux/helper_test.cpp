@@ -22,8 +22,7 @@ namespace dunvey {
 void BecomeOldKernel() {
     sock_filter filter[] = {
         BPF_STMT(BPF_LD | BPF_W | BPF_ABS, offsetof(seccomp_data, nr)),
-        BPF_JUMP(BPF_JMP | BPF_JEQ | BPF_K, SYS_close_range, 1, 0),
-        BPF_JUMP(BPF_JMP | BPF_JEQ | BPF_K, SYS_pidfd_open, 0, 1),
+        BPF_JUMP(BPF_JMP | BPF_JEQ | BPF_K, SYS_close_range, 0, 1),
         BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_ERRNO | ENOSYS),
         BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_ALLOW),
     };
@@ -33,9 +32,9 @@ void BecomeOldKernel() {
 }
 
 bool Eventually(const std::function<bool()>& condition) {
-    for (int i = 0; i < 10'000; ++i) {
+    for (int i = 0; i < 2'000; ++i) {
         if (condition()) return true;
-        usleep(2'000);
+        usleep(5'000);
     }
     return false;
 }

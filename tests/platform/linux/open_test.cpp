@@ -115,6 +115,24 @@ TEST_F(OpenTest, TakesMoreFilesThanAUsualCommandLine) {
     EXPECT_EQ(record.arguments, files);
 }
 
+TEST_F(OpenTest, RestoresTheStackLimitUnlessTheArgumentsNeedMore) {
+    MakeRecorder(program_);
+    const auto softLimit = [this](size_t files) {
+        const Record record = OpenFiles(Words(files, "/" + std::string(200, 'x')), [] {
+            const rlimit limit{rlim_t{24} << 20, RLIM_INFINITY};
+            if (setrlimit(RLIMIT_STACK, &limit) != 0) _exit(97);
+            setenv("DUNVEY_STACK_LIMIT", "8388608", 1);
+        });
+        std::istringstream limits(ReadText(ProcessFile(record.process, "limits")));
+        for (std::string line; std::getline(limits, line);) {
+            if (line.starts_with("Max stack size")) return std::stoul(line.substr(14));
+        }
+        return 0UL;
+    };
+    EXPECT_EQ(softLimit(5'000), 8'388'608U);
+    EXPECT_EQ(softLimit(15'000), 24U << 20);
+}
+
 /// Sets up all that an application could inherit: a terminal, open files, signals, a home.
 void Entangle(const std::string& home) {
     TakeTerminal();
@@ -139,8 +157,14 @@ TEST_F(OpenTest, TheApplicationSharesNothingWithItsStarter) {
             if (isOldKernel) BecomeOldKernel();
         });
         const pid_t process = record.process;
-        // The parent is the one who adopts: the helper is gone. The terminal is none.
-        EXPECT_EQ(StateOf(process), (std::vector<int>{getpid(), process, process, 0}));
+        // Adopted by the test, in a group and a session of its own, which it doesn't lead: so it
+        // can't acquire a terminal. It has none.
+        const std::vector<int> state = StateOf(process);
+        EXPECT_EQ(state[0], getpid());
+        EXPECT_EQ(state[1], process);
+        EXPECT_NE(state[2], process);
+        EXPECT_NE(state[2], getsid(0));
+        EXPECT_EQ(state[3], 0);
         EXPECT_EQ(Children(), std::vector<pid_t>{process});
         EXPECT_EQ(SignalSet(process, "SigBlk"), "0000000000000000");
         EXPECT_EQ(SignalSet(process, "SigIgn"), "0000000000000000");
@@ -175,6 +199,8 @@ TEST_F(OpenTest, OnlyItsOwnFolderLeavesTheSearchPath) {
         const std::string environment = '\0' + ReadText(ProcessFile(record.process, "environ"));
         EXPECT_NE(environment.find('\0' + expected + '\0'), std::string::npos) << given;
         EXPECT_NE(environment.find(std::string("\0OTHER=kept\0", 12)), std::string::npos);
+        const std::string mark = '\0' + ("DUNVEY_APPLICATION=" + bundle_) + '\0';
+        EXPECT_NE(environment.find(mark), std::string::npos);
         EXPECT_EQ(LinkTarget(ProcessFile(record.process, "cwd")), "/");
     }
 }
@@ -215,14 +241,13 @@ TEST_F(OpenTest, ALinkInTheBundleRunsAsTheBundlesProgram) {
     const std::string programs[] = {MakeRecorder(In("program elsewhere")),
                                     MakeStayingScript(In("script elsewhere"), "#!/bin/sh")};
     ASSERT_EQ(symlink(In("").c_str(), In("other way").c_str()), 0);
-    const std::string started = In("other way/An App.app/Contents/MacOS/An App");
     for (const std::string& program : programs) {
         unlink(program_.c_str());
         ASSERT_EQ(symlink(program.c_str(), program_.c_str()), 0);
         for (const std::string& path : {In("other way/An App.app"), bundle_, bundle_}) {
             EXPECT_EQ(Run("open", {path}).code, 0);
         }
-        EXPECT_NE(Run("ps", {"-ax", "-o", "comm"}).output.find("\n" + started + "\n"),
+        EXPECT_NE(Run("ps", {"-ax", "-o", "comm"}).output.find("\n" + program_ + "\n"),
                   std::string::npos);
         EXPECT_EQ(Children().size(), 1U);
         EndChildren();

@@ -1,31 +1,21 @@
 #include "platform/linux/helpers/bundle.h"
 
 #include <sys/stat.h>
-#include <unistd.h>
 
 #include <cerrno>
-#include <cstdlib>
-#include <memory>
 
-#include "platform/files/file_descriptor.h"
+#include "platform/files/path.h"
 
 namespace dunvey {
-namespace {
 
-using OwnedText = std::unique_ptr<char, decltype(&std::free)>;
-
-bool IsBelow(std::string_view path, std::string_view folder) {
-    return path.size() > folder.size() + 1 && path.starts_with(folder) &&
-           path[folder.size()] == '/';
+bool IsInBundle(std::string_view path) {
+    return path.starts_with('/') && path.find("/Contents/MacOS/") != path.npos;
 }
 
-}  // namespace
-
-std::string AbsolutePath(const std::string& path) {
-    if (path.starts_with('/')) return path;
-    const OwnedText folder(getcwd(nullptr, 0), &std::free);
-    if (!folder || folder.get()[0] != '/') return {};
-    return std::string(folder.get()) + "/" + path;
+std::string WithRealFolder(const std::string& path) {
+    const size_t name = path.rfind('/');
+    const std::string folder = RealPath(path.substr(0, name));
+    return folder.empty() ? path : folder + path.substr(name);
 }
 
 std::optional<Bundle> Bundle::At(const std::string& path) {
@@ -33,11 +23,10 @@ std::optional<Bundle> Bundle::At(const std::string& path) {
     bundle.path_ = AbsolutePath(path);
     while (bundle.path_.ends_with('/'))
         bundle.path_.pop_back();
-    const OwnedText real(realpath(bundle.Programs().c_str(), nullptr), &std::free);
-    if (!real) return std::nullopt;
-    bundle.realPrograms_ = real.get();
+    bundle.realPrograms_ = RealPath(bundle.Programs());
     struct stat status;
-    if (Uninterrupted([&] { return stat(real.get(), &status); }) != 0) return std::nullopt;
+    if (bundle.realPrograms_.empty() || stat(bundle.realPrograms_.c_str(), &status) != 0)
+        return std::nullopt;
     if (S_ISDIR(status.st_mode)) return bundle;
     errno = ENOTDIR;
     return std::nullopt;
@@ -48,7 +37,7 @@ std::string_view Bundle::Name() const {
 }
 
 bool Bundle::HasProgram(std::string_view path) const {
-    return IsBelow(path, realPrograms_);
+    return path.starts_with(realPrograms_ + "/");
 }
 
 }  // namespace dunvey

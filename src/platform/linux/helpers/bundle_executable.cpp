@@ -9,7 +9,7 @@
 
 #include "platform/bundles/property_list.h"
 #include "platform/files/file_descriptor.h"
-#include "platform/linux/helpers/message.h"
+#include "platform/processes/error_line.h"
 
 namespace dunvey {
 namespace {

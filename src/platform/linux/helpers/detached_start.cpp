@@ -10,15 +10,43 @@
 #include <csignal>
 #include <cstdlib>
 #include <ctime>
-#include <utility>
 
 #include "platform/files/file_descriptor.h"
+#include "platform/linux/applications_folder.h"
 #include "platform/linux/helpers/process_list.h"
+#include "platform/processes/shortage.h"
 
 namespace dunvey {
 namespace {
 
 constexpr int kFirstUnshared = STDERR_FILENO + 1;
+
+struct Pipe {
+    FileDescriptor reading;
+    FileDescriptor writing;
+};
+
+/// Returns 0 or the errno.
+int MakePipe(Pipe& made) {
+    int ends[2];
+    if (pipe2(ends, O_CLOEXEC) != 0) return errno;
+    made.reading = FileDescriptor(ends[0]);
+    made.writing = FileDescriptor(ends[1]);
+    return 0;
+}
+
+void Report(const Pipe& pipe, int value) {
+    WriteFully(pipe.writing.Get(), {reinterpret_cast<const char*>(&value), sizeof value});
+}
+
+/// Waits for a report; 0 if the pipe is closed without one.
+int ReadReport(Pipe& pipe) {
+    pipe.writing.Close();
+    int value = 0;
+    const ssize_t count =
+        ReadFully(pipe.reading.Get(), reinterpret_cast<char*>(&value), sizeof value);
+    return count == sizeof value ? value : 0;
+}
 
 bool CloseRangeOnExec() {
 #if defined(SYS_close_range)
@@ -29,7 +57,7 @@ bool CloseRangeOnExec() {
 #endif
 }
 
-/// Has everything but the standard streams closed by a start that succeeds.
+/// Sets close-on-exec on all descriptors but the standard streams.
 void CloseInheritedOnExec() {
     if (CloseRangeOnExec()) return;
     DIR* entries = opendir("/proc/self/fd");
@@ -48,69 +76,66 @@ void ResetSignals() {
     sigprocmask(SIG_SETMASK, &none, nullptr);
 }
 
-bool EnterHomeFolder() {
-    const char* home = std::getenv("HOME");
-    return (home != nullptr && home[0] == '/' && chdir(home) == 0) || chdir("/") == 0;
-}
-
-/// The child's part. Ends in the new program, or writes its errno to the pipe.
-[[noreturn]] void BecomeProgram(char* const* arguments, int emptyDevice, int problemPipe) {
-    setsid();
+/// Runs in the second child. Becomes the program, which closes the pipe, or reports its errno.
+[[noreturn]] void BecomeProgram(char* const* arguments, int emptyDevice, const Pipe& problem) {
+    setpgid(0, 0);
     ResetSignals();
     for (int stream = STDIN_FILENO; stream <= STDERR_FILENO; ++stream)
         dup2(emptyDevice, stream);
     CloseInheritedOnExec();
-    if (EnterHomeFolder()) Uninterrupted([arguments] { return execv(arguments[0], arguments); });
-    const int error = errno;
-    WriteFully(problemPipe, {reinterpret_cast<const char*>(&error), sizeof error});
+    if (chdir(HomePath().c_str()) == 0 || chdir("/") == 0)
+        Uninterrupted([arguments] { return execv(arguments[0], arguments); });
+    Report(problem, errno);
     _exit(EXIT_FAILURE);
 }
 
-/// The kernel closes the pipe a little before the new program's words can be read. Without them a
-/// script looks like its bare interpreter, and whoever asks next whether it runs is told no.
-void WaitUntilVisible(pid_t child) {
+/// Sets the id of a new process, 0 in that process. Returns 0 or the errno.
+int Fork(pid_t& child) {
+    return Patiently([&child] {
+        child = fork();
+        return child < 0 ? errno : 0;
+    });
+}
+
+void WaitForEnd(pid_t child) {
+    Uninterrupted([child] { return waitpid(child, nullptr, 0); });
+}
+
+/// Runs in the first child, which leads the new session. Starts the second, which doesn't lead it
+/// and so can't acquire a terminal by opening one. Reports its process id, or the negative errno.
+[[noreturn]] void LeadSession(char* const* arguments, int emptyDevice, const Pipe& outcome) {
+    setsid();
+    Pipe problem;
+    pid_t program = 0;
+    int error = MakePipe(problem);
+    if (error == 0) error = Fork(program);
+    if (error == 0 && program == 0) BecomeProgram(arguments, emptyDevice, problem);
+    if (error == 0) {
+        error = ReadReport(problem);
+        if (error != 0) WaitForEnd(program);
+    }
+    Report(outcome, error == 0 ? program : -error);
+    _exit(EXIT_SUCCESS);
+}
+
+/// The pipe closes a moment before the new program's arguments can be read. Without them a script
+/// looks like its interpreter, and the next `open` would start it again.
+void WaitUntilVisible(pid_t program) {
     constexpr timespec kPause{0, 20'000};
-    const ProcessList processes;
-    siginfo_t ended{};
-    for (int i = 0; i < 5'000 && !processes.HasWords(child); ++i) {
-        const int waited =
-            waitid(P_PID, static_cast<id_t>(child), &ended, WEXITED | WNOHANG | WNOWAIT);
-        if (waited != 0 || ended.si_pid == child) return;
+    for (int i = 0; i < 5'000 && ProcessList::Arguments(program).empty(); ++i) {
+        // The program of a process that has ended can't be read.
+        if (ProcessList::Program(program).empty()) return;
         nanosleep(&kPause, nullptr);
     }
 }
 
-/// Gives back an errno once the child has become the program or has failed.
-int OutcomeOf(pid_t child, FileDescriptor problems) {
-    int error = 0;
-    const ssize_t count = ReadFully(problems.Get(), reinterpret_cast<char*>(&error), sizeof error);
-    // Without a message it runs, and mustn't be waited for.
-    if (count != static_cast<ssize_t>(sizeof error)) {
-        WaitUntilVisible(child);
-        return 0;
-    }
-    Uninterrupted([child] { return waitpid(child, nullptr, 0); });
-    return error;
-}
-
-/// Takes the places of missing standard streams, so that no other descriptor gets one of them.
-/// Returns the empty device on a place behind them.
+/// Opens /dev/null for missing standard streams, so that no other descriptor gets their numbers.
+/// Returns one more beyond them.
 FileDescriptor OpenEmptyDevice() {
     int descriptor = Uninterrupted([] { return open("/dev/null", O_RDWR | O_CLOEXEC); });
     while (descriptor >= 0 && descriptor < kFirstUnshared)
         descriptor = Uninterrupted([descriptor] { return dup(descriptor); });
     return FileDescriptor(descriptor);
-}
-
-/// As fork does, but a machine that is short of processes or memory gets some moments to recover.
-pid_t ForkPatiently() {
-    constexpr timespec kPause{0, 50'000'000};
-    pid_t child = Uninterrupted(&fork);
-    for (int i = 1; i < 4 && child < 0 && (errno == EAGAIN || errno == ENOMEM); ++i) {
-        nanosleep(&kPause, nullptr);
-        child = Uninterrupted(&fork);
-    }
-    return child;
 }
 
 }  // namespace
@@ -122,15 +147,17 @@ int StartDetached(const std::string& path, const std::vector<std::string>& words
     arguments.push_back(nullptr);
 
     const FileDescriptor emptyDevice = OpenEmptyDevice();
-    int ends[2];
-    if (!emptyDevice || pipe2(ends, O_CLOEXEC) != 0) return errno;
-    FileDescriptor problems(ends[0]);
-    FileDescriptor problemPipe(ends[1]);
-    const pid_t child = ForkPatiently();
-    if (child < 0) return errno;
-    if (child == 0) BecomeProgram(arguments.data(), emptyDevice.Get(), problemPipe.Get());
-    problemPipe.Close();
-    return OutcomeOf(child, std::move(problems));
+    if (!emptyDevice) return errno;
+    Pipe outcome;
+    if (const int error = MakePipe(outcome)) return error;
+    pid_t leader = 0;
+    if (const int error = Fork(leader)) return error;
+    if (leader == 0) LeadSession(arguments.data(), emptyDevice.Get(), outcome);
+    const int result = ReadReport(outcome);
+    WaitForEnd(leader);
+    if (result == 0) return ECHILD;  // the leader was killed
+    if (result > 0) WaitUntilVisible(result);
+    return result > 0 ? 0 : -result;
 }
 
 }  // namespace dunvey

@@ -1,73 +1,94 @@
-// osascript -e SCRIPT APP: asks the processes of an application to end, as a small script says.
-#include <sys/syscall.h>
+// osascript -e SCRIPT APP: asks an application to quit, as a small script says.
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <csignal>
+#include <cstdlib>
 #include <cstring>
 #include <ctime>
 #include <optional>
 #include <string>
-#include <string_view>
 #include <vector>
 
-#include "platform/files/file_descriptor.h"
 #include "platform/linux/helpers/bundle.h"
-#include "platform/linux/helpers/bundle_processes.h"
-#include "platform/linux/helpers/message.h"
+#include "platform/linux/helpers/process_list.h"
+#include "platform/linux/helpers/program_windows.h"
 #include "platform/linux/helpers/quit_script.h"
+#include "platform/processes/error_line.h"
 
 namespace dunvey {
 namespace {
 
-/// A handle that stays with the process when its id passes to another one; none where the system
-/// has no such handles.
-FileDescriptor OpenProcess([[maybe_unused]] pid_t id) {
-#if defined(SYS_pidfd_open) && defined(SYS_pidfd_send_signal)
-    return FileDescriptor(static_cast<int>(syscall(SYS_pidfd_open, id, 0)));
-#else
-    return FileDescriptor();
-#endif
-}
-
-/// Sends the request to end. Returns 0 or the errno.
-int SendRequest([[maybe_unused]] const FileDescriptor& process, pid_t id) {
-#if defined(SYS_pidfd_open) && defined(SYS_pidfd_send_signal)
-    if (process) {
-        const long sent = syscall(SYS_pidfd_send_signal, process.Get(), SIGTERM, nullptr, 0);
-        return sent == 0 ? 0 : errno;
-    }
-#endif
-    return kill(id, SIGTERM) == 0 ? 0 : errno;
-}
-
-/// Asks one process to end if it still is the bundle's. False if it refused, after a message.
-bool AskToEnd(pid_t id, const Bundle& bundle, const ProcessList& processes) {
-    const FileDescriptor process = OpenProcess(id);
-    // Only now, behind the opening, is it certain whom the handle means.
-    if (!BelongsTo(bundle, processes, id)) return true;
-    const int error = SendRequest(process, id);
-    if (error == 0 || error == ESRCH) return true;
-    Complain("osascript", "process " + std::to_string(id) + " of " + Quoted(bundle.Path()) +
-                              " can't be asked to end: " + std::strerror(error) + ".");
+bool Complain(const Bundle& bundle, const std::string& problem) {
+    WriteErrorLine("osascript: " + Quoted(bundle.Path()) + " " + problem);
     return false;
+}
+
+/// Whether the process was started by the bundle: the program of a start script, for instance.
+bool IsMarked(const Bundle& bundle, pid_t process) {
+    const std::string application = ProcessList::Variable(process, "DUNVEY_APPLICATION");
+    if (application.empty()) return false;
+    if (application == bundle.Path()) return true;
+    const std::optional<Bundle> marked = Bundle::At(application);
+    return marked && marked->RealPrograms() == bundle.RealPrograms();
+}
+
+/// Sends SIGTERM. Returns whether none of the processes refused it.
+bool Terminate(const Bundle& bundle, const std::vector<pid_t>& processes) {
+    bool isDone = true;
+    for (const pid_t id : processes) {
+        if (kill(id, SIGTERM) == 0 || errno == ESRCH) continue;
+        isDone = Complain(bundle, "can't be asked to quit, process " + std::to_string(id) + ": " +
+                                      std::strerror(errno) + ".");
+    }
+    return isDone;
+}
+
+bool IsSet(const char* variable) {
+    const char* const value = std::getenv(variable);
+    return value != nullptr && *value != '\0';
+}
+
+/// Asks a running application to quit. SIGTERM loses unsaved work, so it is for programs that
+/// certainly have no window. Returns whether the request was sent or isn't needed.
+bool AskToQuit(const Bundle& bundle, const std::vector<pid_t>& processes) {
+    const auto isProgram = [&](pid_t id) {
+        return std::find(processes.begin(), processes.end(), id) != processes.end() ||
+               IsMarked(bundle, id);
+    };
+    switch (IsSet("DISPLAY") ? RequestClose(isProgram) : CloseRequest::NoWindow) {
+        case CloseRequest::Sent:
+        case CloseRequest::Asking:
+            return true;
+        case CloseRequest::Refused:
+            return Complain(bundle, "has no window that can be asked to close. Quit it yourself.");
+        case CloseRequest::Hidden:
+            return Complain(bundle, "shows no window that could be closed. Quit it yourself.");
+        case CloseRequest::NoAnswer:
+            return Complain(bundle, "can't be asked to quit: the X server doesn't answer.");
+        case CloseRequest::NoWindow:
+            break;
+    }
+    if (!IsSet("WAYLAND_DISPLAY")) return Terminate(bundle, processes);
+    return Complain(bundle,
+                    "has no X11 window, and Wayland windows can't be asked to close. "
+                    "Quit it yourself.");
 }
 
 bool QuitApplication(const std::string& path) {
     const std::optional<Bundle> bundle = Bundle::At(path);
     if (!bundle) {
-        Complain("osascript",
-                 Quoted(path) + " is no application, its folder Contents/MacOS can't be reached: " +
-                     std::strerror(errno) + ".");
+        WriteErrorLine("osascript: " + Quoted(path) +
+                       " is no application: its folder Contents/MacOS can't be reached: " +
+                       std::strerror(errno) + ".");
         return false;
     }
-    const ProcessList processes;
-    bool isDone = true;
-    for (const pid_t id : ProcessesOf(*bundle, processes)) {
-        if (id == getpid() || id == getppid()) continue;
-        isDone = AskToEnd(id, *bundle, processes) && isDone;
-    }
-    return isDone;
+    std::optional<std::vector<pid_t>> processes = ProcessList::Of(*bundle);
+    if (!processes) return Complain(*bundle, "isn't found: /proc can't be read. Is it mounted?");
+    std::erase(*processes, getpid());
+    std::erase(*processes, getppid());
+    return processes->empty() || AskToQuit(*bundle, *processes);
 }
 
 void Delay(double seconds) {
@@ -78,8 +99,8 @@ void Delay(double seconds) {
         continue;
 }
 
-/// Goes through the steps, behind one that fails too: the pause keeps a caller that asks again and
-/// again from spinning.
+/// Continues after a step that fails: without the delay, a caller that repeats the request would
+/// spin.
 bool Run(const std::vector<QuitStep>& steps, const std::string& path) {
     bool isDone = true;
     for (const QuitStep& step : steps) {
@@ -95,17 +116,18 @@ bool Run(const std::vector<QuitStep>& steps, const std::string& path) {
 }  // namespace dunvey
 
 int main(int argumentCount, char** arguments) {
+    using namespace dunvey;
     const std::vector<std::string> words(arguments + 1, arguments + argumentCount);
     if (words.size() != 3 || words[0] != "-e" || words[2].empty()) {
-        dunvey::Complain("osascript", "usage: osascript -e SCRIPT APPLICATION");
+        WriteErrorLine("usage: osascript -e SCRIPT APPLICATION");
         return 2;
     }
-    const auto steps = dunvey::ReadQuitScript(words[1]);
+    const auto steps = ReadQuitScript(words[1]);
     if (!steps) {
-        dunvey::Complain("osascript",
-                         "the script isn't understood. Only \"quit application NAME\" and \"delay "
-                         "SECONDS\" may stand between \"on run {NAME}\" and \"end run\".");
+        WriteErrorLine(
+            "osascript: the script isn't understood. Only \"quit application NAME\" and \"delay "
+            "SECONDS\" may stand between \"on run {NAME}\" and \"end run\".");
         return 2;
     }
-    return dunvey::Run(*steps, words[2]) ? 0 : 1;
+    return Run(*steps, words[2]) ? 0 : 1;
 }

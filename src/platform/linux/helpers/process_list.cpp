@@ -1,31 +1,127 @@
 #include "platform/linux/helpers/process_list.h"
 
+#include <fcntl.h>
+#include <sys/stat.h>
+
 #include <algorithm>
+#include <cerrno>
+#include <cstdlib>
+#include <ctime>
 
-#include "platform/linux/helpers/program_file.h"
+#include "platform/files/file_descriptor.h"
+#include "platform/linux/helpers/folder_names.h"
+#include "platform/linux/helpers/script_line.h"
+#include "platform/linux/program_link.h"
 
-namespace dunvey {
+namespace dunvey::ProcessList {
+namespace {
 
-std::vector<pid_t> ProcessList::Ids() const {
+constexpr size_t kMostArguments = 8;
+
+std::string FileOf(pid_t id, const char* name) {
+    return "/proc/" + std::to_string(id) + "/" + name;
+}
+
+/// The start of a file in /proc, up to `limit` bytes.
+std::string ReadStart(const std::string& path, size_t limit) {
+    const FileDescriptor file = OpenFile(path, O_RDONLY);
+    std::string text(limit, '\0');
+    const ssize_t count = file ? ReadFully(file.Get(), text.data(), limit) : -1;
+    text.resize(count > 0 ? static_cast<size_t>(count) : 0);
+    return text;
+}
+
+/// For at most 2 ms a process that replaces its program, as `env` does, shows no arguments.
+std::vector<std::string> SettledArguments(pid_t id) {
+    constexpr timespec kPause{0, 100'000};
+    std::vector<std::string> arguments = Arguments(id);
+    for (int i = 0; i < 20 && arguments.empty(); ++i) {
+        nanosleep(&kPause, nullptr);
+        arguments = Arguments(id);
+    }
+    return arguments;
+}
+
+/// The argument as an absolute path, a relative one joined to the process's current folder.
+std::string Absolute(pid_t id, const std::string& argument) {
+    if (argument.starts_with('/') || argument.empty()) return argument;
+    const size_t steps = argument.starts_with("./") ? 2 : 0;
+    return ProgramLink(FileOf(id, "cwd")) + "/" + argument.substr(steps);
+}
+
+/// The script in a bundle that the process runs, by its arguments; empty if there is none.
+std::string BundleScript(pid_t id, const std::vector<std::string>& arguments) {
+    for (size_t i = 1; i < arguments.size(); ++i) {
+        if (arguments[i].starts_with('-')) continue;
+        const std::string path = Absolute(id, arguments[i]);
+        if (!IsInBundle(path)) continue;
+        if (ScriptLine(path).IsRunBy({arguments.begin(), arguments.begin() + i}))
+            return WithRealFolder(path);
+    }
+    return {};
+}
+
+bool IsSameFile(const std::string& left, const std::string& right) {
+    struct stat leftStatus;
+    struct stat rightStatus;
+    return stat(left.c_str(), &leftStatus) == 0 && stat(right.c_str(), &rightStatus) == 0 &&
+           leftStatus.st_dev == rightStatus.st_dev && leftStatus.st_ino == rightStatus.st_ino;
+}
+
+}  // namespace
+
+std::vector<pid_t> Ids() {
+    const auto names = FolderNames("/proc");
+    if (!names) return {};
     std::vector<pid_t> ids;
-    ProcessFolder::IdsBuffer some;
-    ssize_t count;
-    while ((count = folder_.NextIds(some)) > 0)
-        ids.insert(ids.end(), some, some + count);
-    if (count < 0) return {};
+    for (const std::string& name : *names) {
+        const pid_t id = std::atoi(name.c_str());  // 0 for a name that is no number
+        if (id > 0) ids.push_back(id);
+    }
     std::sort(ids.begin(), ids.end());
     return ids;
 }
 
-ProgramFile ProcessList::Program(pid_t id) const {
-    ProgramFinder finder(folder_);
-    const ProgramPath program = finder.Find(id);
-    return {{program.path.data, program.path.size}, program.hasLinks};
+std::string Program(pid_t id) {
+    const std::string executable = ProgramLink(FileOf(id, "exe"));
+    const bool isHidden = executable.empty() && errno == EACCES;
+    if (executable.empty() && !isHidden) return {};
+    const std::vector<std::string> arguments = isHidden ? Arguments(id) : SettledArguments(id);
+    const std::string script = BundleScript(id, arguments);
+    if (!script.empty()) return script;
+    if (IsInBundle(executable) || arguments.empty() || !IsInBundle(arguments[0])) return executable;
+    // A link in the bundle to a program elsewhere. The kernel doesn't show another user's
+    // executable.
+    const bool isProgram = isHidden || IsSameFile(arguments[0], FileOf(id, "exe"));
+    return isProgram ? WithRealFolder(arguments[0]) : executable;
 }
 
-bool ProcessList::HasWords(pid_t id) const {
-    ProcessFolder::WordsBuffer buffer;
-    return !folder_.Words(id, buffer).IsEmpty();
+std::vector<std::string> Arguments(pid_t id) {
+    const std::string text = ReadStart(FileOf(id, "cmdline"), 8192);
+    std::vector<std::string> arguments;
+    for (size_t begin = 0; begin < text.size() && arguments.size() < kMostArguments;) {
+        const size_t end = text.find('\0', begin);
+        if (end == text.npos) break;  // the last one isn't complete
+        arguments.push_back(text.substr(begin, end - begin));
+        begin = end + 1;
+    }
+    return arguments;
 }
 
-}  // namespace dunvey
+std::string Variable(pid_t id, const std::string& name) {
+    constexpr size_t kLimit = size_t{2} << 20;
+    const std::string text = '\0' + ReadStart(FileOf(id, "environ"), kLimit);
+    const std::string start = '\0' + name + "=";
+    const size_t place = text.find(start);
+    if (place == text.npos) return {};
+    return text.c_str() + place + start.size();
+}
+
+std::optional<std::vector<pid_t>> Of(const Bundle& bundle) {
+    std::vector<pid_t> ids = Ids();
+    if (ids.empty()) return std::nullopt;
+    std::erase_if(ids, [&](pid_t id) { return !bundle.HasProgram(Program(id)); });
+    return ids;
+}
+
+}  // namespace dunvey::ProcessList

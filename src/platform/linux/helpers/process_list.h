@@ -2,37 +2,31 @@
 
 #include <sys/types.h>
 
+#include <optional>
 #include <string>
 #include <vector>
 
-#include "platform/linux/helpers/process_folder.h"
+#include "platform/linux/helpers/bundle.h"
 
-namespace dunvey {
+/// The processes of the machine as /proc shows them at each call.
+namespace dunvey::ProcessList {
 
-/// The file that a process runs.
-struct ProgramFile {
-    /// The absolute path; empty if it can't be read. See ProgramPath.
-    std::string path;
-    /// Whether the path may lead through links.
-    bool hasLinks = false;
-};
+/// The ids of all processes, ascending; none if /proc can't be read.
+std::vector<pid_t> Ids();
 
-/// The processes of the system, as they are at each call.
-class ProcessList {
- public:
-    /// The ids of all processes, ascending; none if the system doesn't tell.
-    std::vector<pid_t> Ids() const;
+/// The path of what the process runs: a bundle's script or program, whichever name of the bundle it
+/// was started under, else its executable. The links of the folder are resolved. Empty for a kernel
+/// thread, for a process that has ended, and for another user's that isn't a bundle's.
+std::string Program(pid_t id);
 
-    /// The script that the process runs, else its executable. Without a path for a process that has
-    /// ended, has no executable (the kernel's own) or is not ours to look at.
-    ProgramFile Program(pid_t id) const;
+/// The first arguments, at most eight and 8 KiB of them. Empty while the process is being started.
+std::vector<std::string> Arguments(pid_t id);
 
-    /// Whether the words that the process was started with can be read: not while it is just being
-    /// started.
-    bool HasWords(pid_t id) const;
+/// The value of a variable in the environment that the process was started with. Empty if it isn't
+/// set or belongs to another user.
+std::string Variable(pid_t id, const std::string& name);
 
- private:
-    ProcessFolder folder_;
-};
+/// The ids of the processes that run the bundle's programs, ascending. None if /proc can't be read.
+std::optional<std::vector<pid_t>> Of(const Bundle& bundle);
 
-}  // namespace dunvey
+}  // namespace dunvey::ProcessList

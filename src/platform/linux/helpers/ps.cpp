@@ -1,52 +1,56 @@
-// ps -ax -o comm: a heading, then the full path of what each process runs, one a line. It is
-// started in every run and does without the C++ library, whose start would take half of its time.
-#include <signal.h>
-#include <stdlib.h>
+// ps -ax -o comm: a heading, then the full path of what each process runs, one a line.
 #include <unistd.h>
 
-#include "platform/linux/helpers/complaint.h"
-#include "platform/linux/helpers/program_lines.h"
-#include "platform/processes/system_call.h"
+#include <csignal>
+#include <cstring>
+
+#include "platform/files/file_descriptor.h"
+#include "platform/linux/helpers/installed_bundles.h"
+#include "platform/linux/helpers/process_list.h"
+#include "platform/processes/error_line.h"
 
 namespace dunvey {
 namespace {
 
-bool IsKnownCall(int count, char** arguments) {
-    static constexpr Slice kArguments[] = {"-ax", "-o", "comm"};
-    int place = 1;
-    for (const Slice& known : kArguments) {
-        if (place >= count || !(known == arguments[place])) return false;
-        ++place;
+void AddLine(std::string& list, const std::string& path) {
+    for (const char byte : path)
+        list += static_cast<unsigned char>(byte) < ' ' || byte == '\x7F' ? '?' : byte;
+    list += '\n';
+}
+
+/// The list; empty if /proc can't be read.
+std::string ListPrograms() {
+    const std::vector<pid_t> ids = ProcessList::Ids();
+    if (ids.empty()) return {};
+    InstalledBundles bundles;
+    std::string list = "COMM\n";
+    for (const pid_t id : ids) {
+        const std::string program = ProcessList::Program(id);
+        if (program.empty()) continue;
+        for (const std::string& name : bundles.NamesOf(program))
+            AddLine(list, name);
     }
-    return place == count;
+    return list;
 }
 
-[[noreturn]] void Fail(Slice problem, Slice detail = {}) {
-    Complain("ps", problem, detail);
-    exit(1);
-}
-
-/// Ends the process, with all in place: to give memory back takes time.
-[[noreturn]] void PrintProcesses() {
-    const ProcessFolder folder;
-    ProgramLines programs(folder);
-    Row<char> lines;
-    AddLine(lines, "COMM");
-    if (!programs.AddTo(lines)) Fail("the processes can't be read from /proc. Is it mounted?");
-    if (lines.IsCutShort()) Fail("there isn't enough memory for the list. End some programs.");
-    const int error = WriteFully(STDOUT_FILENO, lines.begin(), lines.Count());
-    if (error != 0) Fail("the list can't be written: ", strerror(error));
-    exit(0);
+int Fail(const std::string& problem) {
+    WriteErrorLine("ps: " + problem);
+    return 1;
 }
 
 }  // namespace
 }  // namespace dunvey
 
 int main(int argumentCount, char** arguments) {
-    signal(SIGPIPE, SIG_IGN);  // a closed pipe is a failed write, not a sudden end
-    if (!dunvey::IsKnownCall(argumentCount, arguments)) {
-        dunvey::Complain("ps", "usage: ps -ax -o comm");
+    using namespace dunvey;
+    std::signal(SIGPIPE, SIG_IGN);  // a closed pipe is a failed write
+    const std::vector<std::string> given(arguments + 1, arguments + argumentCount);
+    if (given != std::vector<std::string>{"-ax", "-o", "comm"}) {
+        WriteErrorLine("usage: ps -ax -o comm");
         return 2;
     }
-    dunvey::PrintProcesses();
+    const std::string list = ListPrograms();
+    if (list.empty()) return Fail("the processes can't be read from /proc. Is it mounted?");
+    const int error = WriteFully(STDOUT_FILENO, list);
+    return error == 0 ? 0 : Fail(std::string("the list can't be written: ") + std::strerror(error));
 }

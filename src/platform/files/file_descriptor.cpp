@@ -1,4 +1,4 @@
-#include "platform/processes/system_call.h"
+#include "platform/files/file_descriptor.h"
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -7,17 +7,17 @@
 namespace dunvey {
 
 int FileDescriptor::Close() {
-    const int number = number_;
-    number_ = -1;
+    const int number = std::exchange(number_, -1);
     if (number < 0 || close(number) == 0) return 0;
     return errno == EINTR ? 0 : errno;
 }
 
-FileDescriptor OpenFile(const char* path, int flags, mode_t mode) {
-    return FileDescriptor(Uninterrupted([&] { return open(path, flags | O_CLOEXEC, mode); }));
+FileDescriptor OpenFile(const std::string& path, int flags, mode_t mode) {
+    return FileDescriptor(
+        Uninterrupted([&] { return open(path.c_str(), flags | O_CLOEXEC, mode); }));
 }
 
-FileDescriptor OpenRegularFile(const char* path, int& error) {
+FileDescriptor OpenRegularFile(const std::string& path, int& error) {
     FileDescriptor file = OpenFile(path, O_RDONLY | O_NONBLOCK | O_NOCTTY);
     struct stat status;
     if (!file || fstat(file.Get(), &status) != 0) {
@@ -41,12 +41,12 @@ ssize_t ReadFully(int descriptor, char* buffer, size_t count) {
     return static_cast<ssize_t>(done);
 }
 
-int WriteFully(int descriptor, const char* bytes, size_t count) {
-    while (count > 0) {
-        const ssize_t written = Uninterrupted([&] { return write(descriptor, bytes, count); });
+int WriteFully(int descriptor, std::string_view bytes) {
+    while (!bytes.empty()) {
+        const ssize_t written =
+            Uninterrupted([&] { return write(descriptor, bytes.data(), bytes.size()); });
         if (written < 0) return errno;
-        bytes += written;
-        count -= static_cast<size_t>(written);
+        bytes.remove_prefix(static_cast<size_t>(written));
     }
     return 0;
 }

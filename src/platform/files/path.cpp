@@ -1,0 +1,28 @@
+#include "platform/files/path.h"
+
+#include <unistd.h>
+
+#include <cstdlib>
+#include <memory>
+
+namespace dunvey {
+namespace {
+
+using OwnedText = std::unique_ptr<char, decltype(&std::free)>;
+
+}  // namespace
+
+std::string AbsolutePath(const std::string& path) {
+    if (path.starts_with('/')) return path;
+    const OwnedText folder(getcwd(nullptr, 0), &std::free);
+    // The kernel reports a folder outside the process's root as "(unreachable)/...".
+    if (!folder || folder.get()[0] != '/') return {};
+    return std::string(folder.get()) + "/" + path;
+}
+
+std::string RealPath(const std::string& path) {
+    const OwnedText resolved(realpath(path.c_str(), nullptr), &std::free);
+    return resolved ? resolved.get() : std::string();
+}
+
+}  // namespace dunvey

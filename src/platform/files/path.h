@@ -1,0 +1,14 @@
+#pragma once
+
+#include <string>
+
+namespace dunvey {
+
+/// The path, a relative one joined to the current folder. Empty if the current folder is gone.
+std::string AbsolutePath(const std::string& path);
+
+/// The absolute path without links, "." and "..". Empty, with errno set, if the file can't be
+/// reached.
+std::string RealPath(const std::string& path);
+
+}  // namespace dunvey

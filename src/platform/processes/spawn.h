@@ -1,0 +1,32 @@
+#pragma once
+
+#include <sys/types.h>
+
+#include <string>
+#include <vector>
+
+#include "platform/files/file_descriptor.h"
+
+namespace dunvey {
+
+/// The number that a started program finds its `script` descriptor under.
+constexpr int kScriptDescriptor = 3;
+
+/// A program to start. `script`, if not -1, becomes its descriptor 3.
+struct SpawnRequest {
+    std::string path;
+    std::vector<std::string> arguments;
+    std::vector<std::string> environment;
+    int output = -1;
+    int script = -1;
+};
+
+/// Starts the program with an empty standard input, `output` as standard output, this process's
+/// standard error, no signal blocked and each at its default. Sets its process id. Returns 0 or an
+/// errno.
+int Spawn(const SpawnRequest& request, pid_t& process);
+
+/// A duplicate above kScriptDescriptor with close-on-exec, or none, with errno set.
+FileDescriptor Lifted(int descriptor);
+
+}  // namespace dunvey

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <sys/resource.h>
+
+#include <string>
+
+namespace dunvey {
+
+/// Raises the soft stack limit to 24 MiB and restores it when destroyed. Started programs inherit
+/// the limit, and a quarter of it, up to 6 MiB, is what their arguments may take.
+class RaisedStackLimit {
+ public:
+    RaisedStackLimit();
+    ~RaisedStackLimit();
+    RaisedStackLimit(const RaisedStackLimit&) = delete;
+    RaisedStackLimit& operator=(const RaisedStackLimit&) = delete;
+
+    /// For the environment of a started program, which can restore the limit for its own children:
+    /// "DUNVEY_STACK_LIMIT=BYTES". Empty if nothing was raised.
+    std::string Variable() const;
+
+ private:
+    rlimit before_{};
+    bool isRaised_ = false;
+};
+
+}  // namespace dunvey
