@@ -5,7 +5,6 @@
 #include "platform/bundles/property_list.h"
 #include "platform/files/folder_item.h"
 #include "platform/text/text.h"
-#include "register/refusal.h"
 #include "register/texts.h"
 
 namespace dunvey {
@@ -27,13 +26,6 @@ std::string Entry(const std::string& key, const std::string& value) {
     }
     if (value.empty()) return {};
     return "\t<key>" + key + "</key>\n\t<string>" + escaped + "</string>\n";
-}
-
-std::string Joined(const std::vector<std::string>& words) {
-    std::string line;
-    for (const std::string& word : words)
-        line += ShellWord(word) + " ";
-    return line;
 }
 
 }  // namespace
@@ -76,9 +68,9 @@ std::string ScriptText(const std::string& name, const Command& command) {
     return "#!/bin/sh\n# Written by dunvey-register, which can also remove it.\nname=" +
            ShellWord(name) + "\nwine=" + (isWine ? ShellWord(command.words[0]) : "") + "\n" +
            (isWine ? "export WINEPREFIX=" + ShellWord(command.winePrefix) + "\n" : "") +
-           "find_missing() {\n    for file in " + Joined(RequiredFiles(command)) +
+           "find_missing() {\n    for file in " + ShellWords(RequiredFiles(command)) +
            "; do\n        [ -e \"$file\" ] || return\n    done\n    file=\n}\nstart() {\n    run " +
-           Joined(command.words) + "\"$@\"\n}\n\n" + kScriptBody;
+           ShellWords(command.words) + "\"$@\"\n}\n\n" + kScriptBody;
 }
 
 }  // namespace dunvey

@@ -14,7 +14,6 @@
 #include "platform/text/hex_text.h"
 #include "platform/text/shown_text.h"
 #include "platform/text/text.h"
-#include "register/refusal.h"
 
 namespace dunvey {
 namespace {
@@ -123,12 +122,17 @@ bool ReturnsAtOnce(const Command& command) {
            HasName(words, {"xdg-open", "gio", "kde-open", "kde-open5", "exo-open", "gtk-launch"});
 }
 
-std::string ShownCommand(const Command& command) {
+std::string ShellWords(const Words& words) {
     std::string line;
-    if (!command.winePrefix.empty()) line = "WINEPREFIX=" + ShellWord(command.winePrefix) + " ";
-    for (const std::string& word : command.words)
+    for (const std::string& word : words)
         line += ShellWord(word) + " ";
-    line = OneLine(line);
+    return line;
+}
+
+std::string ShownCommand(const Command& command) {
+    const std::string prefix =
+        command.winePrefix.empty() ? "" : "WINEPREFIX=" + ShellWord(command.winePrefix) + " ";
+    std::string line = OneLine(prefix + ShellWords(command.words));
     line.pop_back();
     // The conversion replaces bytes that aren't valid UTF-8.
     const EncodedText wide = ConvertEncoding({line, Encodings::UTF8}, Encodings::UTF16);

@@ -27,6 +27,9 @@ std::vector<std::string> RequiredFiles(const Command& command);
 /// wouldn't count as running.
 bool ReturnsAtOnce(const Command& command);
 
+/// The words as for a shell, with a blank after each.
+std::string ShellWords(const std::vector<std::string>& words);
+
 /// The command as one line of valid UTF-8, quoted as for a shell.
 std::string ShownCommand(const Command& command);
 

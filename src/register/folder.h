@@ -1,5 +1,6 @@
 #pragma once
 
+#include <csignal>
 #include <string>
 #include <string_view>
 
@@ -15,6 +16,7 @@ class Folder {
     Folder() = default;
     /// The folder at a path; links in the path are followed.
     static Folder At(const std::string& path);
+    void CheckReadable() const;
     explicit operator bool() const { return static_cast<bool>(descriptor_); }
 
     const std::string& Path() const { return path_; }
@@ -43,6 +45,26 @@ class Folder {
 
     FileDescriptor descriptor_;
     std::string path_;
+};
+
+/// The applications folder, created if it is missing and locked against other dunvey-register
+/// processes, with a temporary folder in it whose files can be renamed into place. SIGHUP, SIGINT
+/// and SIGTERM are blocked. Temporary folders that killed processes left are removed.
+class LockedApplications {
+ public:
+    LockedApplications();
+    ~LockedApplications();
+    LockedApplications(const LockedApplications&) = delete;
+    LockedApplications& operator=(const LockedApplications&) = delete;
+
+    const Folder& Applications() const { return applications_; }
+    const Folder& Temporary() const { return temporary_; }
+
+ private:
+    Folder applications_;
+    Folder temporary_;
+    FileDescriptor lock_;
+    sigset_t signalsBefore_;
 };
 
 }  // namespace dunvey

@@ -7,7 +7,7 @@
 
 #include "platform/files/streams.h"
 #include "platform/values/exceptions.h"
-#include "register/refusal.h"
+#include "register/request.h"
 
 namespace dunvey {
 namespace {

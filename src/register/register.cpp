@@ -12,7 +12,6 @@
 #include "platform/processes/error_line.h"
 #include "platform/text/shown_text.h"
 #include "platform/text/text.h"
-#include "register/refusal.h"
 #include "register/registration.h"
 #include "register/request.h"
 #include "register/texts.h"

@@ -1,16 +1,13 @@
 #include "register/registration.h"
 
-#include <fcntl.h>
-
-#include <cerrno>
 #include <optional>
 
 #include "platform/bundles/property_list.h"
 #include "platform/files/special_folder.h"
+#include "platform/processes/error_line.h"
 #include "platform/text/text.h"
+#include "register/folder.h"
 #include "register/icon_file.h"
-#include "register/locked_applications.h"
-#include "register/refusal.h"
 #include "register/version_check.h"
 #include "version/stable_sort_by.h"
 
@@ -153,8 +150,8 @@ std::vector<Registered> RegisteredApplications(std::vector<std::string>& problem
     const Ref<FolderItem> item = SpecialFolder::Applications();
     const std::string& path = item->NativePath();
     if (!item->Exists()) return all;
-    if (!OpenFile(path, O_RDONLY | O_DIRECTORY)) Refuse(path, "read", errno);
     const Folder applications = Folder::At(path);
+    applications.CheckReadable();
     for (int64_t i = 1; i <= item->Count(); ++i) {
         const Ref<FolderItem> entry = item->TrueItem(i);
         if (!entry) continue;

@@ -5,7 +5,6 @@
 
 #include "platform/text/encoding.h"
 #include "platform/text/shown_text.h"
-#include "register/refusal.h"
 
 namespace dunvey {
 namespace {

@@ -27,6 +27,11 @@ struct UsageError {
     std::string text;
 };
 
+/// A failure; `text` says what, where and what to do.
+struct Refusal {
+    std::string text;
+};
+
 /// Parses the arguments. Raises UsageError, also for a name or a version that can't be used.
 Request ReadRequest(const std::vector<std::string>& arguments);
 

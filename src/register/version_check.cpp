@@ -1,7 +1,8 @@
 #include "register/version_check.h"
 
+#include "platform/processes/error_line.h"
 #include "platform/text/text.h"
-#include "register/refusal.h"
+#include "register/request.h"
 #include "version/application_version.h"
 #include "version/installed_apps.h"
 #include "version/version_name.h"
