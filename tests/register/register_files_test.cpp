@@ -6,22 +6,20 @@
 namespace dunvey::test {
 namespace {
 
-/// What the program makes, leaves alone and removes.
+/// What dunvey-register creates, leaves alone and removes.
 class RegisterFilesTest : public RegisterWorld {
  protected:
-    static constexpr const char* kName = "Adobe InDesign CS6";
-
     int RegisterOne(const Words& options = {}) {
         return RegisterCommand(kName, "8.0.1", {"/bin/true"}, options);
     }
-    /// Expects the call to end with the code, to say something, and to change no application.
+    /// Expects the exit code, a message and no change of the applications.
     void ExpectRefused(const Words& words, int code, const std::string& preparation = {},
                        const std::string& message = {}) {
         const std::string before = Tree();
         EXPECT_EQ(Register(words, preparation), code) << ::testing::PrintToString(words);
         EXPECT_TRUE(folder_.Read("stderr").starts_with("dunvey-register: "))
             << folder_.Read("stderr");
-        EXPECT_NE(folder_.Read("stderr").find(message), std::string::npos);
+        EXPECT_TRUE(Has("stderr", message)) << folder_.Read("stderr");
         EXPECT_EQ(Tree(), before) << ::testing::PrintToString(words);
     }
     static Words Call(const std::string& name, const std::string& version) {
@@ -38,55 +36,34 @@ std::string Icns(const std::string& type, const std::string& part) {
     return IconFile({IconPart(type, part)});
 }
 
-TEST_F(RegisterFilesTest, WrongCallsMakeNothing) {
-    std::vector<std::string> names = {"",
-                                      ".",
-                                      "..",
-                                      "CS6",
-                                      "Adobe InDesign",
-                                      "Adobe InDesign ",
-                                      "Adobe InDesignCS6",
-                                      "adobe indesign CS6",
-                                      " Adobe InDesign CS6",
-                                      "../Adobe InDesign CS6",
-                                      "Adobe InDesign CS6/x",
-                                      "Adobe InDesign /../../x",
-                                      "Adobe InDesign a\nb",
-                                      "Adobe InDesign \x1B[2J",
-                                      "Adobe InDesign \xFF",
-                                      "Adobe InDesign \xEF\xBF\xBE"};
-    names.push_back("Adobe InDesign " + std::string(237, 'x'));
-    for (const std::string& name : names) {
+TEST_F(RegisterFilesTest, WrongArgumentsCreateNothing) {
+    const std::string tooLong = "Adobe InDesign " + std::string(237, 'x');
+    for (const char* name :
+         {"", ".", "..", "CS6", "Adobe InDesign", "Adobe InDesign ", "Adobe InDesignCS6",
+          "adobe indesign CS6", " Adobe InDesign CS6", "../Adobe InDesign CS6",
+          "Adobe InDesign CS6/x", "Adobe InDesign /../../x", "Adobe InDesign a\nb",
+          "Adobe InDesign \x1B[2J", "Adobe InDesign \xFF", "Adobe InDesign \xEF\xBF\xBE",
+          tooLong.c_str()}) {
         ExpectRefused(Call(name, "8.0.1"), 2);
         ExpectRefused({"--remove", name}, 2);
     }
-    for (const char* version :
-         {"", ".", "8.", ".8", "8..1", "8a", "-8", " 8", "8\n", "eight", "08.1"})
+    for (const char* version : {"", ".", "8.", ".8", "8..1", "8a", "-8", " 8", "8\n", "x", "08.1"})
         ExpectRefused(Call(kName, version), 2);
-    const Words kCalls[] = {{},
-                            {"--list", "x"},
-                            {"--remove"},
-                            {"--remove", kName, "x"},
-                            {"list"},
-                            {"--name", kName, "--version", "8"},
-                            {"--name", kName, "--version", "8", "--"},
-                            {"--name", kName, "--version", "8", "--", ""},
-                            {"--name", kName, "--version", "--", "/bin/true"},
-                            {"--name", kName, "--name", kName, "--version", "8", "--", "/bin/true"},
-                            {"--name", kName, "--version=", "--", "/bin/true"},
-                            {"--name", kName, "--version", "8", "-x", "/bin/true"},
-                            {"/bin/true", "--name", kName, "--version", "8"},
-                            {"--name", kName, "--", "/bin/true"},
-                            {"--version", "8", "--", "/bin/true"}};
-    for (const Words& call : kCalls)
-        ExpectRefused(call, 2);
+    for (const char* arguments :
+         {"", "--list x", "--remove", "--remove \"$N\" x", "list", "--name \"$N\" --version 8",
+          "--name \"$N\" --version 8 --", "--name \"$N\" --version 8 -- ''",
+          "--name \"$N\" --version -- /bin/true", "--name \"$N\" --version= -- /bin/true",
+          "--name \"$N\" --name \"$N\" --version 8 /bin/true",
+          "--name \"$N\" --version 8 -x /bin/true", "/bin/true --name \"$N\" --version 8",
+          "--name \"$N\" -- /bin/true", "--version 8 -- /bin/true"})
+        ExpectRefused({}, 2, "N='Adobe InDesign CS6'; set -- " + std::string(arguments) + ";");
 }
 
-TEST_F(RegisterFilesTest, WhatItDidNotMakeStays) {
+TEST_F(RegisterFilesTest, WhatItDidNotCreateStays) {
     folder_.MakeFolder("elsewhere");
     folder_.MakeFolder("Applications");
     ASSERT_EQ(RegisterCommand("Adobe InDesign 2021", "16", {"/bin/true"}), 0);
-    // Each makes something by the name; the last two lead to one that it did make.
+    // Each creates an entry of the name; the last two lead to an application that is registered.
     const char* kScripts[] = {
         "mkdir \"$1\" \"$1/$1.app\"",
         "mkdir \"$1\"; echo mine >\"$1/$1.app\"",
@@ -114,11 +91,11 @@ TEST_F(RegisterFilesTest, WhatItDidNotMakeStays) {
 }
 
 TEST_F(RegisterFilesTest, RenewalAndRemovalKeepTheUsersFiles) {
-    folder_.Write("picture.png", Png(128, 128));
+    folder_.Write("image.png", Png(128, 128));
     ASSERT_EQ(Script("mkdir \"Applications/$1\"; echo mine >\"Applications/$1/notes\"", {kName}),
               0);
     const std::string before = Tree();
-    ASSERT_EQ(RegisterOne({"--icon", "picture.png"}), 0) << folder_.Read("stderr");
+    ASSERT_EQ(RegisterOne({"--icon", "image.png"}), 0) << folder_.Read("stderr");
     const std::string icon = BundleOf(kName) + "/Contents/Resources/Application.icns";
     EXPECT_EQ(folder_.Read(icon), Icns("ic07", Png(128, 128)));
     ASSERT_EQ(Script("echo mine >\"$1/Contents/MacOS/plug-in\"", {BundleOf(kName)}), 0);
@@ -127,11 +104,10 @@ TEST_F(RegisterFilesTest, RenewalAndRemovalKeepTheUsersFiles) {
         << folder_.Read("stderr");
     EXPECT_EQ(List(), "Adobe InDesign CS6  8.1  /bin/sh -c true\n");
     EXPECT_EQ(folder_.Read(icon), Icns("ic07", Png(128, 128)));
-    EXPECT_NE(folder_.Read(BundleOf(kName) + "/Contents/Info.plist").find("Application.icns"),
-              std::string::npos);
+    EXPECT_TRUE(Has(BundleOf(kName) + "/Contents/Info.plist", "Application.icns"));
 
     ASSERT_EQ(Register({"--remove", kName}), 0);
-    EXPECT_NE(folder_.Read("stderr").find(BundleOf(kName)), std::string::npos);
+    EXPECT_TRUE(Has("stderr", BundleOf(kName)));
     EXPECT_EQ(List(), "");
     ASSERT_EQ(Script("cd \"$1\"; find . -type f >\"$HOME/left\"", {BundleOf(kName)}), 0);
     EXPECT_EQ(folder_.Read("left"), "./Contents/MacOS/plug-in\n");
@@ -142,7 +118,7 @@ TEST_F(RegisterFilesTest, RenewalAndRemovalKeepTheUsersFiles) {
     EXPECT_EQ(Tree(), before);
 }
 
-TEST_F(RegisterFilesTest, PicturesBecomeTheIconOrAreRefused) {
+TEST_F(RegisterFilesTest, ImagesBecomeTheIconOrAreRefused) {
     const std::string icon = BundleOf(kName) + "/Contents/Resources/Application.icns";
     const std::pair<uint32_t, const char*> kSizes[] = {{1, "icp4"},   {16, "icp4"},  {17, "icp5"},
                                                        {64, "icp6"},  {128, "ic07"}, {256, "ic08"},
@@ -157,18 +133,11 @@ TEST_F(RegisterFilesTest, PicturesBecomeTheIconOrAreRefused) {
     ASSERT_EQ(RegisterOne({"--icon", "icon"}), 0);
     EXPECT_EQ(folder_.Read(icon), whole);
 
-    const std::string kBroken[] = {"",
-                                   "icns",
-                                   "GIF89a",
-                                   whole.substr(0, whole.size() - 1),
-                                   whole + "x",
-                                   Png(16, 16).substr(0, 23),
-                                   Png(0, 16),
-                                   Png(16, 1025),
-                                   Png(0xFFFFFFFF, 16)};
     Words call = Call(kName, "8");
     call.insert(call.begin(), {"--icon", "icon"});
-    for (const std::string& bytes : kBroken) {
+    for (const std::string& bytes :
+         {std::string("icns"), std::string("GIF89a"), whole.substr(0, whole.size() - 1),
+          whole + "x", Png(16, 16).substr(0, 23), Png(0, 16), Png(16, 1025), Png(~0U, 16)}) {
         folder_.Write("icon", bytes);
         ExpectRefused(call, 1);
     }
@@ -187,7 +156,7 @@ TEST_F(RegisterFilesTest, FailureLeavesNothingBehind) {
     Words longCall = Call(kName, "8");
     longCall.emplace_back(9000, 'x');
     ExpectRefused(longCall, 1, limit);
-    // What was made before is as it was.
+    // What was registered before is unchanged.
     ASSERT_EQ(RegisterOne(), 0);
     ExpectRefused(longCall, 1, limit);
 
@@ -229,7 +198,7 @@ TEST_F(RegisterFilesTest, FilesThatTheUserChangedStay) {
     Words call = Call(kName, "8");
     call.insert(call.begin(), {"--icon", "icon"});
     ExpectRefused(call, 1);
-    const std::string script = contents + "MacOS/" + kName;
+    const std::string script = ScriptOf(kName);
     folder_.Write(script, folder_.Read(script) + "# mine\n");
     ExpectRefused(Call(kName, "8"), 1);
     EXPECT_EQ(Register({"--remove", kName}), 0);
@@ -296,7 +265,7 @@ TEST_F(RegisterFilesTest, ListIsSortedAndAlignedAndMarksWhatIsMissing) {
                           ")\nAdobe InDesign 2021  16     /bin/true\n");
     ASSERT_EQ(Script("rm -r Applications; echo >Applications"), 0);
     EXPECT_EQ(Register({"--list"}), 1);
-    EXPECT_NE(folder_.Read("stderr").find("can't be read"), std::string::npos);
+    EXPECT_TRUE(Has("stderr", "Not a directory"));
 }
 
 }  // namespace
