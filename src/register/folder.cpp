@@ -12,6 +12,7 @@
 #include <cstring>
 
 #include "platform/files/special_folder.h"
+#include "platform/processes/error_line.h"
 #include "register/request.h"
 
 namespace dunvey {

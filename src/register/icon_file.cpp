@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "platform/files/streams.h"
+#include "platform/processes/error_line.h"
 #include "platform/values/exceptions.h"
 #include "register/request.h"
 

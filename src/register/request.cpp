@@ -3,6 +3,7 @@
 #include <map>
 #include <string_view>
 
+#include "platform/processes/error_line.h"
 #include "platform/text/encoding.h"
 #include "platform/text/shown_text.h"
 
