@@ -12,9 +12,9 @@ set(CPACK_VERBATIM_VARIABLES ON)
 set(CPACK_PRE_BUILD_SCRIPTS ${CMAKE_CURRENT_LIST_DIR}/DebianFiles.cmake)
 set(CPACK_DUNVEY_DEBIAN_FILES ${PROJECT_SOURCE_DIR}/packaging/linux)
 
-# A new build of the same version is an upgrade too.
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
-set(CPACK_DEBIAN_PACKAGE_RELEASE ${DUNVEY_BUILD_NUMBER})
+# Raised for a new package of the same version, with an entry in packaging/linux/changelog.
+set(CPACK_DEBIAN_PACKAGE_RELEASE 1)
 set(CPACK_DEBIAN_PACKAGE_SECTION utils)
 set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
 set(CPACK_DEBIAN_COMPRESSION_TYPE xz)

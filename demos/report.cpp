@@ -58,7 +58,7 @@ bool IsOpening(const LogRecord& record) {
 }
 
 Ref<FolderItem> ItemOf(const std::string& word) {
-    return New<FolderItem>(PathOfWord(word));
+    return New<FolderItem>(PathOfArgument(word));
 }
 
 std::string NameOf(const std::string& bundle) {

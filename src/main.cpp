@@ -1,7 +1,8 @@
+#include <dlfcn.h>
+
 #include "app/process_start.h"
+#include "platform/loop/application.h"
 #include "platform/loop/desktop.h"
-#include "platform/loop/desktop_plugin.h"
-#include "platform/loop/early_loading.h"
 #include "platform/loop/event_loop.h"
 #include "platform/loop/launch_documents.h"
 #include "platform/processes/process_setup.h"
@@ -10,10 +11,24 @@ using namespace dunvey;
 
 namespace {
 
-std::unique_ptr<Desktop> LoadQtDesktop() {
-    EarlyLoading::BeginWithoutLibraries();
-    // The toolkit changes the environment, which nobody may read meanwhile.
-    return LoadDesktopPlugin("libDunveyQt.so", &EarlyLoading::Await);
+constexpr const char* kPlugin = "libDunveyQt.so";
+
+[[noreturn]] void RefusePlugin() {
+    const char* const reason = dlerror();
+    throw DesktopUnavailableException(std::string("The part that shows windows can't be loaded: ") +
+                                      (reason != nullptr ? reason : "unknown reason") +
+                                      ". Install Dunvey again; Qt is needed, as its package says.");
+}
+
+/// Makes the desktop of the plug-in in the bundle's PlugIns folder.
+std::unique_ptr<Desktop> LoadDesktop() {
+    const Ref<FolderItem> contents = Application::ExecutableFile()->Parent()->Parent();
+    const std::string path = contents->Child("PlugIns")->Child(kPlugin)->NativePath();
+    void* const plugin = dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL);
+    if (plugin == nullptr) RefusePlugin();
+    void* const make = dlsym(plugin, "DunveyMakeDesktop");
+    if (make == nullptr) RefusePlugin();
+    return std::unique_ptr<Desktop>(reinterpret_cast<MakeDesktop*>(make)());
 }
 
 }  // namespace
@@ -21,7 +36,7 @@ std::unique_ptr<Desktop> LoadQtDesktop() {
 int main(int argc, char** argv) {
     SetUpProcess();
     EventLoop loop;
-    Desktop::SetLoader(&LoadQtDesktop, &EarlyLoading::Begin);
-    KeepLaunchWords({argv + (argc > 0 ? 1 : 0), argv + argc});
+    Desktop::SetLoader(&LoadDesktop);
+    if (argc > 1) launchArguments.assign(argv + 1, argv + argc);
     return _Main();
 }

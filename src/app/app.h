@@ -1,11 +1,10 @@
 #pragma once
 
 #include <cstdint>
-#include <optional>
+#include <string>
 #include <vector>
 
 #include "app/drop_timer.h"
-#include "app/run_rescue.h"
 #include "platform/files/folder_item.h"
 #include "platform/loop/application.h"
 #include "platform/values/reference.h"
@@ -13,60 +12,51 @@
 
 namespace dunvey {
 
-/// The application object. It gathers the documents of one run, decides for each and hands them on;
-/// then the program ends.
+/// The application object. It gathers the documents of one run, decides for each, opens them and
+/// ends the program.
 class App : public Application {
  public:
-    /// The registered application object as an App; nil if it is none. Raises NilObjectException
-    /// before there is one.
+    /// The registered application object as an App; nil if it is another class. Raises
+    /// NilObjectException if there is none.
     static Ref<App> Instance() { return Application::Current().As<App>(); }
 
     /// Ends a run of documents; nil until Event_Open makes it.
     Ref<DropTimer> t;
-    /// The documents of this run, in the order of arrival until they are sorted.
+    /// The documents of this run, in the order of arrival until JudgeToOpen sorts them.
     std::vector<Ref<FileClass>> Files;
     /// Whether a further document is still taken. Once False it stays False.
     bool CanAccepted = true;
-    /// Whether a document was left out because its question could not be shown anywhere.
+    /// Whether a document was left out because there is no screen to ask on.
     bool CouldNotAsk = false;
 
     void Event_Open() override;
     void Event_Close() override;
     void Event_OpenDocument(const Ref<FolderItem>& document) override;
-    std::vector<std::string> DocumentExtensions() const override;
-    /// The menu's About item. Returns whether the command was dealt with.
+    /// The menu's About item. Returns whether the command was handled.
     virtual bool _FileAbout_Action();
-    /// Decides for each document of the run whether the user must be asked, asks, and hands the run
-    /// on. Returns when every document has been dealt with.
+    /// Decides for each document of the run, asks the user where need be, and calls OpenFile.
+    /// Returns when all windows have closed and all commands have ended.
     virtual void JudgeToOpen();
     App() = default;
 
-    /// Puts the caption with the program's name, in the user's language, on the menu's About item.
+    std::vector<std::string> DocumentExtensions() const override;
+    /// Sets the caption of the menu's About item: the program's name in the user's language.
     void localizeMenuText();
-    /// Decides for the documents from that position on, then sorts the run again and hands it on.
-    void JudgeFrom(int64_t first);
     /// Shows the chooser for the document at `idx` and returns when it has closed. Raises
     /// DesktopUnavailableException without a screen.
     void createNewWindow(int64_t idx, bool IsBootingApp, bool IsBootingOtherApp, bool IsInstalled,
                          bool NeedJudgment);
     /// Asks the operating system's application object to terminate.
     void terminate();
-    /// Drops the documents that were withdrawn and hands the others to their applications, one
-    /// command for each run of equal WillUseVer, in the order of Files.
+    /// Removes the withdrawn documents from Files and opens the others, one command for each run of
+    /// equal WillUseVer, in the order of Files.
     void OpenFile();
 
  private:
-    /// Decides for one document, with what runs at this moment, and asks if need be.
     void Judge(int64_t idx);
-    /// Hands on the documents from that position on, where a group begins.
-    void OpenFrom(int64_t first);
-
-    // From the start until the documents are judged.
-    std::optional<RunAtRisk> intake_;
 };
 
-/// The item "FileAbout" of the application's menu bar; nil where there is no menu bar or none such
-/// in it.
+/// The item "FileAbout" of the application's menu bar; nil if there is none.
 Ref<ApplicationMenuItem> FileAbout();
 
 }  // namespace dunvey

@@ -1,14 +1,14 @@
 #pragma once
 
-#include "platform/loop/timer.h"
+#include "platform/loop/event_loop.h"
 
 namespace dunvey {
 
-/// Learns that the documents of a run have stopped coming: each arrival stops it and starts it
-/// again, so it fires when no further one is waiting.
+/// Ends the gathering of documents. Each arrival restarts it, so it fires when no further document
+/// is waiting.
 class DropTimer : public Timer {
  protected:
-    /// Ends the gathering for good, has the run decided and handed on, and quits.
+    /// Stops the intake for good, decides and opens the run, and quits.
     void Event_Action() override;
 };
 

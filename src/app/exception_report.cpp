@@ -1,10 +1,10 @@
 #include "app/exception_report.h"
 
-#include <cstdio>
 #include <string>
 
 #include "platform/controls/message_dialog.h"
 #include "platform/loop/desktop.h"
+#include "platform/processes/error_line.h"
 #include "platform/values/exceptions.h"
 
 namespace dunvey {
@@ -14,13 +14,15 @@ struct Report {
     std::string name;
     std::string message;
     std::string origin;
+    bool isMissingScreen = false;
 };
 
 Report Describe(const std::exception_ptr& exception) {
     try {
         std::rethrow_exception(exception);
     } catch (const RuntimeException& failure) {
-        return {failure.Name(), failure.Message, failure.Origin()};
+        const auto* const screen = dynamic_cast<const DesktopUnavailableException*>(&failure);
+        return {failure.Name(), failure.Message, failure.Origin(), screen != nullptr};
     } catch (const std::exception& failure) {
         return {"std::exception", failure.what(), "unknown place"};
     } catch (...) {
@@ -28,20 +30,10 @@ Report Describe(const std::exception_ptr& exception) {
     }
 }
 
-bool IsMissingScreen(const std::exception_ptr& exception) {
-    try {
-        std::rethrow_exception(exception);
-    } catch (const DesktopUnavailableException&) {
-        return true;
-    } catch (...) {
-        return false;
-    }
-}
-
 void ShowReport(const Report& report) {
     MessageDialog dialog;
     dialog.Icon = MessageDialog::kStop;
-    dialog.Message = "Dunvey has to end: " + report.name;
+    dialog.Message = ExceptionText::kMustEnd("") + report.name;
     dialog.Explanation = report.message + " (" + report.origin + ")";
     dialog.ActionButton->Caption = "OK";
     dialog.ShowModal();
@@ -51,16 +43,13 @@ void ShowReport(const Report& report) {
 
 void ReportException(const std::exception_ptr& exception) {
     const Report report = Describe(exception);
-    if (IsMissingScreen(exception)) {
-        std::fprintf(stderr, "Dunvey: %s\n", report.message.c_str());
-        return;
-    }
-    std::fprintf(stderr, "Dunvey: unhandled %s: %s (%s)\n", report.name.c_str(),
-                 report.message.c_str(), report.origin.c_str());
+    if (report.isMissingScreen) return WriteErrorLine("Dunvey: " + report.message);
+    WriteErrorLine("Dunvey: unhandled " + report.name + ": " + report.message + " (" +
+                   report.origin + ")");
     try {
         ShowReport(report);
     } catch (...) {
-        // No screen, or the screen itself is what failed: standard error has it.
+        // No screen, or it is the screen that failed: standard error has the report.
     }
 }
 

@@ -1,11 +1,22 @@
 #pragma once
 
+#include <array>
 #include <exception>
+
+#include "menus/localized.h"
 
 namespace dunvey {
 
-/// Tells of an exception that nothing caught: its name, its message and where it comes from, on
+/// Reports an exception that nothing caught: its name, its message and where it was raised, on
 /// standard error and, where there is a screen, in a dialog.
 void ReportException(const std::exception_ptr& exception);
 
+/// The text of that dialog.
+namespace ExceptionText {
+
+/// The name of the exception follows.
+inline constexpr LocalizedText kMustEnd{"ExceptionText.kMustEnd", "Dunvey has to end: "};
+inline constexpr std::array kAll = {kMustEnd};
+
+}  // namespace ExceptionText
 }  // namespace dunvey

@@ -3,23 +3,34 @@
 #include <string>
 #include <vector>
 
+#include "version/file_class.h"
+
 namespace dunvey {
 
-/// What is running, as far as one document cares.
+/// What is running, as far as one document is concerned.
 struct RunningFlags {
     /// The document's own application runs.
     bool IsBootingApp = false;
-    /// An application other than the document's runs.
+    /// Another application than the document's runs.
     bool IsBootingOtherApp = false;
 };
 
-/// Reads the flags from the names of the running applications. Two entries count as another one
-/// running, even if both are the document's.
+/// The flags for a document whose application has that bundle name. Two running names count as
+/// another application, even if both are the document's.
 RunningFlags JudgeRunning(const std::vector<std::string>& running, const std::string& appName);
 
-/// Whether the user must be asked because the program can't go on by itself.
-inline bool NeedsJudgment(const RunningFlags& running, bool isInstalled) {
-    return (!running.IsBootingApp && running.IsBootingOtherApp) || !isInstalled;
-}
+/// Whether the user must be asked because the program can't decide by itself.
+bool NeedsJudgment(const RunningFlags& flags, bool isInstalled);
+
+/// What is to be done with a document while the Command key is up.
+struct OpenDecision : RunningFlags {
+    /// An installed application belongs to the document.
+    bool IsInstalled = false;
+    /// The user must be asked; otherwise the document is opened in that application.
+    bool NeedJudgment = false;
+};
+
+/// Decides for a document; `running` holds the bundle names of the running applications.
+OpenDecision DecideToOpen(const FileClass& document, const std::vector<std::string>& running);
 
 }  // namespace dunvey

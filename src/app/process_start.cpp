@@ -11,14 +11,25 @@
 namespace dunvey {
 namespace {
 
-/// The platform's own initialisation, which brings the documents of the launch and calls back once
-/// it is done.
+/// The platform's own initialisation: queues the documents of the launch and calls back.
 void InitializeFramework(void (*initialized)()) {
     PostLaunchDocuments(EventLoop::Current());
     initialized();
 }
 
-/// Lets the objects go in the order in which they stand on each other.
+/// Runs the application; returns its exit code.
+int RunApplication() {
+    try {
+        return EventLoop::Current().Run(*Application::Current());
+    } catch (const DesktopUnavailableException&) {
+        if (!IsNothingToOpen()) throw;
+        // Each argument has been refused on standard error; without a screen nothing is left to do.
+        Application::Current()->Close();
+        return 0;
+    }
+}
+
+/// Frees the objects before the desktop that shows them.
 void FinalizeModules() {
     Application::Register(nullptr);
     Desktop::Install(nullptr);
@@ -54,7 +65,7 @@ int _Main() {
     try {
         _EarlyStartup();
         InitializeFramework(&_LateStartup);
-        exitCode = EventLoop::Current().Run(*Application::Current());
+        exitCode = RunApplication();
     } catch (...) {
         ReportException(std::current_exception());
     }

@@ -2,16 +2,15 @@
 
 namespace dunvey {
 
-/// The steps of process start and the run of the program, from the making of the application object
-/// to the last finaliser. The event loop must exist. Returns the exit code: what Quit was given, 1
-/// after a failure that nothing caught, which has then been reported.
+/// Starts the program, runs it and frees its objects. The event loop must exist. Returns the exit
+/// code: the one given to Quit, or 1 after an exception that nothing caught, which is reported.
 int _Main();
 
 void _EarlyStartup();
 void _InitFileTypes();
 void _NewAppInstance();
 void _ApplicationAddMenuHandlers();
-/// Has no work.
+/// Does nothing.
 void _LateStartup();
 
 }  // namespace dunvey

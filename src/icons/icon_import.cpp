@@ -1,7 +1,5 @@
 #include "icons/icon_import.h"
 
-#include <cstdio>
-
 #include "menus/general.h"
 #include "menus/localized.h"
 #include "persistence/preferences.h"
@@ -9,6 +7,7 @@
 #include "platform/loop/application.h"
 #include "platform/loop/desktop.h"
 #include "platform/processes/apple_script.h"
+#include "platform/processes/error_line.h"
 #include "version/application_version.h"
 #include "version/installed_apps.h"
 
@@ -59,7 +58,7 @@ void GetIconFile() {
         ShowAlertWillIconCopy();
     } catch (const DesktopUnavailableException&) {
         // The documents are opened all the same, and the next start asks again.
-        std::fputs("Dunvey: the document icons aren't imported without a screen.\n", stderr);
+        WriteErrorLine("Dunvey: the document icons aren't imported without a screen.");
         return;
     }
     if (Import(sources)) {

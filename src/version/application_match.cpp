@@ -8,7 +8,7 @@
 namespace dunvey::InDesign {
 namespace {
 
-/// Compared as text: "7" is the first field of 7.0.4 and of 7.5.3 alike.
+/// Compares text: "7" is the first field of both 7.0.4 and 7.5.3.
 bool Matches(const std::string& applicationVersion, const std::string& documentVersion) {
     const std::vector<std::string> fields = SplitB(applicationVersion, ".");
     if (fields[0] == documentVersion) return true;

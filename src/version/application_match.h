@@ -4,9 +4,9 @@
 
 namespace dunvey::InDesign {
 
-/// Ties a record to the installed applications by its Ver: fills App, WillUseApp and AppName. Among
-/// several that match the last one wins. AppName is what the last application looked at left there,
-/// so it can be the composed name although App was found.
+/// Finds the installed application of a record by its Ver; sets App, WillUseApp and AppName. Of
+/// several that match, the last one wins. Each application sets AppName, to its own name or to the
+/// composed one, so the last one decides: AppName can be the composed name although App was found.
 void MatchApplication(FileClass& record);
 
 }  // namespace dunvey::InDesign

@@ -7,8 +7,8 @@
 
 namespace dunvey::InDesign {
 
-/// The version text of an application, such as "8.1.0": what its property list says. "0.0.0" where
-/// it can't be told, "2.0.?" where the name holds "2.0". Reads the disk on every call.
+/// The version text of an application, such as "8.1.0", from its property list. "0.0.0" if it isn't
+/// known, "2.0.?" if the name contains "2.0". Reads the disk at every call.
 std::string AppVersion(const Ref<FolderItem>& application);
 
 }  // namespace dunvey::InDesign

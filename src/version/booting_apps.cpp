@@ -18,9 +18,9 @@ constexpr const char* kBundleInPath =
 
 constexpr const char* kStart = "/Applications/Adobe InDesign ";
 
-/// The line with the applications folder as the patterns have it, also where that is the user's
-/// own; empty for a process of another place, a copy of that folder further down among them. The
-/// patterns aren't anchored: what stands ahead of a match would stay in the result.
+/// The line with the applications folder written as in the patterns, also where it is the user's
+/// own; empty for a process outside of it. The patterns aren't anchored: text before a match would
+/// stay in the name.
 std::string SeenFromApplications(const std::string& line, const std::vector<std::string>& folders) {
     std::string seen = line;
     for (const std::string& folder : folders) {

@@ -9,15 +9,14 @@
 namespace dunvey::InDesign {
 
 /// The bundle names of the running versions, such as "Adobe InDesign CS6.app", one for each process
-/// in the order of the process list. It goes stale at once: whoever reads it refreshes it first.
+/// in the order of the process list. Refresh it before each use.
 extern std::vector<std::string> BootingAppNames;
 
-/// Refills BootingAppNames from `ps`. A `ps` that fails leaves it empty, which reads as nothing
-/// running.
+/// Refills BootingAppNames from `ps`. A `ps` that fails leaves it empty: nothing runs.
 void GetBootingAppNames();
 
-/// Refreshes BootingAppNames. Whether some version runs and the given application, which must not
-/// be nil, isn't among those that do.
+/// Refreshes BootingAppNames. True if a version runs and the given application, which must not be
+/// nil, doesn't.
 bool IsBootedDiffApp(const Ref<FolderItem>& application);
 
 }  // namespace dunvey::InDesign

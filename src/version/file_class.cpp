@@ -1,33 +1,24 @@
 #include "version/file_class.h"
 
-#include <algorithm>
-#include <array>
-#include <string_view>
-
-#include "platform/text/text.h"
+#include "platform/text/file_extension.h"
 #include "version/application_match.h"
 #include "version/header_version.h"
 
 namespace dunvey::InDesign {
 namespace {
 
-constexpr std::array<std::string_view, 4> kExtensions = {"indd", "indb", "indl", "indt"};
-
-bool IsAccepted(const std::string& extension) {
-    const std::string lowered = Lowercase(extension);
-    return std::find(kExtensions.begin(), kExtensions.end(), lowered) != kExtensions.end();
-}
+const std::vector<std::string> kExtensions = {"indd", "indb", "indl", "indt"};
 
 }  // namespace
 
-std::vector<std::string> DocumentExtensions() {
-    return {kExtensions.begin(), kExtensions.end()};
+const std::vector<std::string>& DocumentExtensions() {
+    return kExtensions;
 }
 
 Ref<FileClass> MakeNewFileClass(const Ref<FolderItem>& item) {
     if (!item || !item->Exists()) return nullptr;
-    const std::string extension = SplitB(item->Name(), ".").back();
-    if (!IsAccepted(extension)) return nullptr;
+    const std::string extension = FileExtension(item->Name());
+    if (!IsExtensionIn(kExtensions, extension)) return nullptr;
     Ref<FileClass> record = New<FileClass>();
     record->File = item;
     record->FileExt = extension;

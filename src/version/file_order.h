@@ -7,8 +7,8 @@
 
 namespace dunvey::InDesign {
 
-/// Sorts the records in place by the numeric value of WillUseVer, ascending, and returns the same
-/// array. Records of equal value keep their order; text that is no number counts as 0.
+/// Sorts the records in place, ascending by the numeric value of WillUseVer, and returns the same
+/// array. Equal records keep their order; text that isn't a number counts as 0.
 std::vector<Ref<FileClass>>& SortFilesByVer(std::vector<Ref<FileClass>>& files);
 
 }  // namespace dunvey::InDesign

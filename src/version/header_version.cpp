@@ -13,8 +13,8 @@ namespace {
 
 constexpr int64_t kHeaderBytes = 48;
 
-/// How the header of one kind of document is told, in one byte order: by a marker that is searched
-/// for, then by an expression that cuts out the two version bytes.
+/// The header of one kind of document in one byte order, as hexadecimal text: a marker to search
+/// for, then an expression that captures the two version bytes.
 struct HeaderForm {
     std::string_view probe;
     std::string_view expression;
@@ -39,7 +39,7 @@ constexpr std::array<DocumentKind, 4> kKinds = {{
      {"424f4f4b424f4f4b0200000f7", ".+424f4f4b424f4f4b0200000f70000000(..)000000(..).*"}},
     {"indl",
      {"4c4942524152593401700f0", ".+4c4942524152593401700f0000(..)000000(..).*"},
-     // Any eighth letter will do in this byte order.
+     // In this byte order the type word may end in any letter.
      {"4c494252415259", ".+4c494252415259..0200000f70000000(..)000000(..).*"}},
 }};
 
@@ -60,8 +60,7 @@ std::string CutVersion(const std::string& hex, const DocumentKind& kind) {
         if (InStr(0, hex, form.probe) == 0) continue;
         const std::string cut =
             RegExXojo::Replace(hex, std::string(form.expression), "\\1.\\2", 0, true);
-        // The text comes back whole where the expression doesn't match: its first bytes are no
-        // version, and every document begins with 06.
+        // Without a match the text comes back unchanged. Its first and last byte are no version.
         return cut == hex ? std::string() : cut;
     }
     return {};

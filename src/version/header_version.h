@@ -9,9 +9,9 @@
 
 namespace dunvey::InDesign {
 
-/// The version out of a document's header: major and minor number, each 0 to 255; 0 and 0 where
-/// none is found or the file can't be read. Reads the first 48 bytes, and only the pattern of the
-/// given extension is tried; the extension's letter case doesn't count.
+/// The version in a document's header: major and minor number, each 0 to 255; 0 and 0 if none is
+/// found or the file can't be read. Reads the first 48 bytes and tries only the patterns of the
+/// given extension, whose letter case doesn't count.
 std::vector<int64_t> GetVerHexToDec(const Ref<FolderItem>& item, const std::string& extension);
 
 }  // namespace dunvey::InDesign

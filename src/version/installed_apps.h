@@ -8,15 +8,15 @@
 
 namespace dunvey::InDesign {
 
-/// The bundles of the installed versions, ascending by major version, in name order within one. The
-/// last one counts as the newest. Empty until GetInstalledApps.
+/// The bundles of the installed versions, ascending by major version, then by name. The last one
+/// counts as the newest. Empty until GetInstalledApps.
 extern std::vector<Ref<FolderItem>> InstalledApps;
 
-/// Fills InstalledApps anew from the top level of the applications folder: each folder whose name
+/// Refills InstalledApps from the top level of the applications folder: each folder whose name
 /// begins with "Adobe InDesign" and that holds a bundle of the same name.
 void GetInstalledApps();
 
-/// Sorts InstalledApps in place by the number ahead of the first "." of AppVersion.
+/// Sorts InstalledApps in place by the number before the first "." of AppVersion.
 void SortAppsByVer();
 
 }  // namespace dunvey::InDesign

@@ -1,19 +1,19 @@
 #include "version/launch_command.h"
 
-#include <cstdio>
-
+#include "platform/processes/error_line.h"
 #include "platform/processes/shell.h"
 
 namespace dunvey::InDesign {
 
 void OpenWith(const Ref<FolderItem>& application, const std::string& files) {
-    if (!application || files.empty()) return;
+    if (files.empty()) return;
+    if (!application) {
+        WriteErrorLine("Dunvey: no application was found or chosen. Not opened: " + files);
+        return;
+    }
     const std::string path = application->ShellPath();
     if (!application->Exists()) {
-        // It was there when the documents were judged. Nobody is asked again, but it can be found
-        // out.
-        const std::string line = "Dunvey: " + path + " is gone. Not opened: " + files + "\n";
-        std::fputs(line.c_str(), stderr);
+        WriteErrorLine("Dunvey: " + path + " is gone. Not opened: " + files);
         return;
     }
     Shell shell;

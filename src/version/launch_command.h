@@ -7,10 +7,10 @@
 
 namespace dunvey::InDesign {
 
-/// Hands documents to an application in one shell command and returns when that has ended. `files`
-/// holds the ShellPath of each document, joined by blanks, and goes out unchanged. Nothing happens
-/// for an application that is nil or doesn't exist, or for an empty text. No failure is reported
-/// but on standard error.
+/// Opens documents in an application with one shell command and returns when that has ended.
+/// `files` holds the ShellPath of each document, joined by blanks, and is used unchanged. An empty
+/// text does nothing; an application that is nil or doesn't exist costs one line on standard error.
+/// The command's own failure isn't looked at.
 void OpenWith(const Ref<FolderItem>& application, const std::string& files);
 
 }  // namespace dunvey::InDesign

@@ -6,9 +6,8 @@
 
 namespace dunvey {
 
-/// Sorts the array in place, ascending by the number that `key` gives for an element; each key is
-/// read once. Elements of equal keys keep their order, as in an exchange sort that swaps on a
-/// strict difference only.
+/// Sorts the array in place, ascending by the number that `key` returns for an element; it is
+/// called once for each. Elements of equal keys keep their order.
 template <typename T, typename Key>
 void StableSortBy(std::vector<T>& array, Key&& key) {
     std::vector<std::pair<double, T>> keyed;

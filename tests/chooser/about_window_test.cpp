@@ -27,7 +27,7 @@ TEST_F(About, TellsTheProgramsNameAndVersionAndIsTheOnlyOne) {
     ChooseAbout();
     const Ref<AboutWindow> window = AboutWindow::Instance();
     EXPECT_EQ(window->LabelName()->Text(), "chooser_tests");
-    EXPECT_EQ(window->LabelVersion()->Text(), "Version 1.0.0 (1)");
+    EXPECT_EQ(window->LabelVersion()->Text(), "Version 1.0.0 (10000)");
     EXPECT_EQ(window->LabelCopyright()->Text(), Application::LongVersion());
     ChooseAbout();
     EXPECT_EQ(AboutWindow::Instance(), window);

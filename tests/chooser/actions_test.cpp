@@ -223,8 +223,8 @@ TEST_F(ChooserActions, WithoutAScreenOnlyTheQuestionsAreLeftOut) {
     const std::string said = ::testing::internal::GetCapturedStderr();
     EXPECT_EQ(code, 1);
     EXPECT_EQ(Opened(), Starts{"CS6: a.indd"});
-    EXPECT_EQ(said, "Dunvey: " + folder_.Path() +
-                        "/lost\\ one.indd isn't opened, since it must be asked with which version. "
+    EXPECT_EQ(said, "Dunvey: \"" + folder_.Path() +
+                        "/lost one.indd\" isn't opened: it must be asked in which version. "
                         "No display.\n");
     headless::TheMachine().commandKey = true;
     EXPECT_EQ(Open({document_}), 0) << "the key alone is no question";

@@ -4,6 +4,7 @@
 
 #include <set>
 
+#include "app/exception_report.h"
 #include "menus/general.h"
 #include "menus/spoken.h"
 #include "platform/linux/dock_texts.h"
@@ -26,9 +27,11 @@ TEST_F(LocalizedTexts, JapaneseHasARowOfItsOwnForEachAndNoOther) {
         keys.emplace(text.key);
     for (const DockText& text : Dock::kAll)
         keys.emplace(text.key);
+    for (const LocalizedText& text : ExceptionText::kAll)
+        keys.emplace(text.key);
     EXPECT_EQ(Localized::kAll.size(), 21U);
     EXPECT_EQ(LocalizedMenu::kAll.size(), 14U);
-    EXPECT_EQ(keys.size(), 42U) << "no key stands twice";
+    EXPECT_EQ(keys.size(), 43U) << "no key stands twice";
     const TranslationTable& japanese = TranslationsInto("ja");
     for (const auto& [key, text] : japanese)
         EXPECT_EQ(keys.count(key), 1U) << key;
@@ -45,6 +48,8 @@ TEST_F(LocalizedTexts, JapaneseHasARowOfItsOwnForEachAndNoOther) {
     for (const LocalizedText& text : Spoken::kAll)
         differs(text);
     for (const DockText& text : Dock::kAll)
+        differs(text);
+    for (const LocalizedText& text : ExceptionText::kAll)
         differs(text);
 }
 

@@ -70,6 +70,10 @@ TEST_F(RoadTest, PathsUrisAndOddWords) {
                       "--help", "-psn_0_1", "file://elsewhere/a.indd", "none.indd"}),
               0);
     EXPECT_EQ(Starts(1), Lines{"CS6: a b.indd|-dash.indd|a b.indd|"});
+    const std::string said = folder_.Read("stderr");
+    EXPECT_EQ(std::count(said.begin(), said.end(), '\n'), 5) << said;
+    EXPECT_EQ(Dunvey({"none.indd", folder_.Write("note.txt", "")}), 0);
+    EXPECT_EQ(Starts(1).size(), 1U);
 }
 
 TEST_F(RoadTest, WhatIsNoReadableDocumentHoldsNothingUp) {
@@ -88,7 +92,8 @@ TEST_F(RoadTest, WhatIsNoReadableDocumentHoldsNothingUp) {
                       std::string(5000, 'p') + ".indd", folder_ / "gone.indd"}),
               1);
     const std::string said = folder_.Read("stderr");
-    EXPECT_EQ(std::count(said.begin(), said.end(), '\n'), 4) << "each that must be asked about";
+    EXPECT_EQ(std::count(said.begin(), said.end(), '\n'), 9)
+        << "each refused and each that must be asked about";
     EXPECT_EQ(Starts(1), Lines{"CS6: " + longName + "|deep.indd|"});
 }
 
@@ -211,7 +216,7 @@ TEST_F(RoadTest, ABrokenLibraryBelowTheToolkitKeepsNoOtherDocumentBack) {
               1);
     EXPECT_EQ(Starts(1), Lines{"CS6: a.indd|"});
     const std::string errors = folder_.Read("stderr");
-    EXPECT_NE(errors.find("asked.indd isn't opened"), std::string::npos) << errors;
+    EXPECT_NE(errors.find("asked.indd\" isn't opened"), std::string::npos) << errors;
     EXPECT_NE(errors.find("can't be loaded"), std::string::npos) << errors;
 }
 

@@ -1,7 +1,5 @@
 #include "platform/linux/dock_window.h"
 
-#include <sys/stat.h>
-
 #include <algorithm>
 
 #include "platform/linux/dock_texts.h"
@@ -9,7 +7,6 @@
 #include "platform/loop/event_loop.h"
 #include "platform/loop/launch_documents.h"
 #include "platform/pictures/workspace.h"
-#include "platform/text/text.h"
 
 namespace dunvey {
 namespace {
@@ -18,17 +15,8 @@ constexpr Size kDesign{340, 292};
 /// Visible on light and dark windows.
 constexpr Color kFrameColor{0x808080};
 
-/// Doesn't open the file: opening a FIFO could block.
-bool IsFile(const std::string& path) {
-    struct stat status {};
-    return path.starts_with("/") && stat(path.c_str(), &status) == 0 && S_ISREG(status.st_mode);
-}
-
-bool IsDocument(const std::string& path, const std::vector<std::string>& extensions) {
-    if (!IsFile(path)) return false;
-    const std::string extension = Lowercase(SplitB(FolderItem(path).Name(), ".").back());
-    return extensions.empty() ||
-           std::find(extensions.begin(), extensions.end(), extension) != extensions.end();
+std::vector<std::string> DocumentsAmong(const std::vector<std::string>& words) {
+    return TakeIn(words, Application::Current()->DocumentExtensions()).documents;
 }
 
 Ref<Picture> BundleIcon(int64_t size) {
@@ -44,16 +32,6 @@ Ref<Picture> BundleIcon(int64_t size) {
 
 }  // namespace
 
-std::vector<std::string> DocumentsAmong(const std::vector<std::string>& words,
-                                        const std::vector<std::string>& extensions) {
-    std::vector<std::string> documents;
-    for (const std::string& word : words) {
-        std::string path = PathOfWord(word);
-        if (IsDocument(path, extensions)) documents.push_back(std::move(path));
-    }
-    return documents;
-}
-
 DockWindow::DockWindow() : Window(kDesign) {
     SetTitle(Application::ExecutableFile()->Name());
     SetMenuBar(Application::Current()->MenuBar());
@@ -66,7 +44,7 @@ DockWindow::DockWindow() : Window(kDesign) {
     line_->SetDesign({30, 162, 280, 28}, {.Left = true, .Top = true});
     line_->SetTextAlign(Label::kAlignCentre);
     // With arguments the dock is shown only if none of them is a document.
-    line_->SetText(LaunchWords().empty() ? Dock::kDropDocuments("") : Dock::kNothingToOpen(""));
+    line_->SetText(IsNothingToOpen() ? Dock::kNothingToOpen("") : Dock::kDropDocuments(""));
     choose_->SetName("choose");
     choose_->SetDesign({80, 240, 180, 28}, {.Left = true, .Top = true});
     choose_->SetCaption(Dock::kChooseDocuments(""));
@@ -100,17 +78,15 @@ void DockWindow::PaintIcon(Graphics& graphics) const {
 }
 
 bool DockWindow::Drag(UserAction, const std::vector<std::string>& words) {
-    const bool has = !DocumentsAmong(words, Application::Current()->DocumentExtensions()).empty();
+    const bool has = !DocumentsAmong(words).empty();
     line_->SetText(has ? Dock::kDropDocuments("") : Dock::kNothingToOpen(""));
     return has;
 }
 
 void DockWindow::Take(UserAction key, const std::vector<std::string>& words) {
     if (IsClosed() || !Drag(key, words)) return;
-    for (const std::string& path :
-         DocumentsAmong(words, Application::Current()->DocumentExtensions())) {
+    for (const std::string& path : DocumentsAmong(words))
         EventLoop::Current().PostOpenDocument(New<FolderItem>(path));
-    }
     Withdraw();
 }
 

@@ -11,12 +11,6 @@
 
 namespace dunvey {
 
-/// The documents among `words`, each a path or a `file:` URI of this machine, as absolute paths. A
-/// document is a regular file with one of the extensions, in any letter case; without extensions
-/// every regular file is one.
-std::vector<std::string> DocumentsAmong(const std::vector<std::string>& words,
-                                        const std::vector<std::string>& extensions);
-
 /// The window shown while the program waits for documents: a place to drop them and a button to
 /// choose them. Needs the registered application. Closing it ends the program.
 class DockWindow final : public Window {

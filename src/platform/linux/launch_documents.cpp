@@ -1,12 +1,16 @@
 #include "platform/loop/launch_documents.h"
 
+#include "platform/loop/application.h"
+#include "platform/processes/error_line.h"
+
 namespace dunvey {
 
 void PostLaunchDocuments(EventLoop& loop) {
-    for (const std::string& word : LaunchWords()) {
-        const std::string path = PathOfWord(word);
-        if (!path.empty()) loop.PostOpenDocument(New<FolderItem>(path));
-    }
+    const Intake intake = TakeIn(launchArguments, Application::Current()->DocumentExtensions());
+    for (const std::string& refusal : intake.refusals)
+        WriteErrorLine("Dunvey: " + refusal);
+    for (const std::string& path : intake.documents)
+        loop.PostOpenDocument(New<FolderItem>(path));
 }
 
 }  // namespace dunvey

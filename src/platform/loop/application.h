@@ -10,7 +10,7 @@
 
 namespace dunvey {
 
-/// The application object: its events, and what it knows of the program.
+/// The application object: its events, its menu bar and the program's version.
 class Application {
  public:
     Application() = default;
@@ -18,34 +18,35 @@ class Application {
     Application(const Application&) = delete;
     Application& operator=(const Application&) = delete;
 
-    /// Delivered first by the event loop.
+    /// The first event that the event loop delivers.
     virtual void Event_Open() {}
     /// Fired once, when the program is about to end in an orderly way.
     virtual void Event_Close() {}
-    /// Delivered for each document that is handed to the application, after Event_Open.
+    /// Delivered for each document to be opened, after Event_Open.
     virtual void Event_OpenDocument(const Ref<FolderItem>& document) = 0;
 
-    /// The extensions of the documents that it takes, in small letters; none if it takes any file.
+    /// The extensions of the documents that it opens, in lower case; empty if it opens any file.
     virtual std::vector<std::string> DocumentExtensions() const { return {}; }
 
-    /// The registered application object; raises NilObjectException before there is one.
+    /// The registered application object; raises NilObjectException if there is none.
     static Ref<Application> Current();
-    /// Registers the application object; nil takes it away.
+    /// Registers the application object; nil removes it.
     static void Register(Ref<Application> application);
 
     /// The application's menu bar; nil for none.
     const Ref<dunvey::MenuBar>& MenuBar() const { return menuBar_; }
     void SetMenuBar(Ref<dunvey::MenuBar> menuBar) { menuBar_ = std::move(menuBar); }
 
-    /// Fires Event_Close, the first time it is called.
+    /// Fires Event_Close; a second call does nothing.
     void Close();
     /// Whether Close has been called.
     bool IsClosing() const { return closing_; }
 
-    /// The running executable, links resolved. Two parents up is the bundle's Contents folder.
+    /// The running executable, links resolved. Its parent's parent is the bundle's Contents folder.
     static Ref<FolderItem> ExecutableFile();
 
-    /// The program's own version numbers, set at build: 1.2.3 with the build number beside it.
+    /// The program's version, set at build: 1.2.3 is Major.Minor.Bug; NonRelease is the build
+    /// number.
     static int64_t MajorVersion();
     static int64_t MinorVersion();
     static int64_t BugVersion();
@@ -53,7 +54,7 @@ class Application {
     /// The version as the user reads it, such as "1.2.3".
     static std::string LongVersion();
 
-    /// Switches high-resolution drawing on or off. It holds for a desktop loaded later.
+    /// Switches high-resolution drawing on or off for a desktop that is loaded later.
     static void _SetSupportsHiDPI(bool supported);
     static bool SupportsHiDPI();
 

@@ -2,16 +2,15 @@
 
 #include <chrono>
 
-/// The time that timers go by. Its body is a choice of file: the machine's clock in the program, a
-/// virtual one in tests.
+/// The clock of timers. Tests link a virtual one instead of the machine's.
 namespace dunvey::Clock {
 
 using Time = std::chrono::nanoseconds;
 
-/// The time since some fixed moment; it never goes back.
+/// The time since a fixed moment; it never goes back.
 Time Now();
 
-/// Returns when the time has come.
+/// Returns at that time, at once if it has passed.
 void SleepUntil(Time time);
 
 }  // namespace dunvey::Clock

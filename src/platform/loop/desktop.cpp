@@ -8,20 +8,14 @@ namespace dunvey {
 namespace {
 
 Desktop::Loader loadDesktop = nullptr;
-void (*prepareDesktop)() = nullptr;
-// Never destroyed with the process: where the toolkit ends that from below, windows still stand on
-// it. An orderly end takes it away.
+// A plain pointer: where Qt ends the process because the display is gone, open windows still use
+// it.
 Desktop* installed = nullptr;
 
 }  // namespace
 
-void Desktop::SetLoader(Loader loader, void (*prepare)()) {
+void Desktop::SetLoader(Loader loader) {
     loadDesktop = loader;
-    prepareDesktop = prepare;
-}
-
-void Desktop::Prepare() {
-    if (installed == nullptr && prepareDesktop != nullptr) prepareDesktop();
 }
 
 void Desktop::Install(std::unique_ptr<Desktop> desktop) {
@@ -35,10 +29,6 @@ Desktop& Desktop::Current() {
         installed = loadDesktop().release();
     }
     return *installed;
-}
-
-void Desktop::Abandon() {
-    installed = nullptr;
 }
 
 bool Desktop::IsLoaded() {

@@ -4,7 +4,6 @@
 
 #include "platform/loop/application.h"
 #include "platform/loop/desktop.h"
-#include "platform/loop/timer.h"
 #include "platform/values/exceptions.h"
 
 namespace dunvey {
@@ -12,7 +11,20 @@ namespace {
 
 EventLoop* current = nullptr;
 
+void WakeDesktop() {
+    if (Desktop::IsLoaded()) Desktop::Current().Wake();
+}
+
 }  // namespace
+
+void Timer::SetMode(int mode) {
+    if (mode_ != kOff) std::erase(EventLoop::Current().timers_, this);
+    mode_ = mode;
+    if (mode_ == kOff) return;
+    due_ = Clock::Now() + std::chrono::milliseconds(period_);
+    EventLoop::Current().timers_.push_back(this);
+    WakeDesktop();
+}
 
 EventLoop::EventLoop() {
     current = this;
@@ -29,20 +41,10 @@ EventLoop& EventLoop::Current() {
 
 void EventLoop::PostOpenDocument(Ref<FolderItem> document) {
     documents_.push_back(std::move(document));
-    if (Desktop::IsLoaded()) Desktop::Current().Wake();
-}
-
-void EventLoop::AddTimer(Timer& timer) {
-    timers_.push_back(&timer);
-    if (Desktop::IsLoaded()) Desktop::Current().Wake();
+    WakeDesktop();
 }
 
 int EventLoop::Run(Application& application) {
-    struct Ending {
-        explicit Ending(EventLoop& ending) : loop(ending) {}
-        ~Ending() { loop.ended_ = true; }
-        EventLoop& loop;
-    } const ending(*this);
     ended_ = false;
     application_ = nullptr;
     try {
@@ -51,60 +53,55 @@ int EventLoop::Run(Application& application) {
         for (;;)
             Turn();
     } catch (const EndException& end) {
+        ended_ = true;
         return end.ExitCode;
+    } catch (...) {
+        ended_ = true;
+        throw;
     }
 }
 
 void EventLoop::Turn() {
     const std::optional<Clock::Time> wait = UntilNext();
-    if (Desktop::IsLoaded() || !wait) {
-        RunDesktop();
-        return;
-    }
+    if (Desktop::IsLoaded() || !wait) return RunDesktop();
     if (*wait > Clock::Time::zero()) Clock::SleepUntil(Clock::Now() + *wait);
     ServeNext();
 }
 
 void EventLoop::RunDesktop() {
+    // A loop that starts with an exception kept would serve nothing and never end.
+    RaiseKept();
     Desktop::Current().RunLoop();
     RaiseKept();
-}
-
-void EventLoop::DeliverNext(Application& application) {
-    const Ref<FolderItem> document = std::move(documents_.front());
-    documents_.pop_front();
-    application.Event_OpenDocument(document);
-}
-
-void EventLoop::DeliverDocuments(Application& application) {
-    while (!documents_.empty())
-        DeliverNext(application);
 }
 
 bool EventLoop::ServeNext() {
     if (ended_) return false;
     if (Deliverable()) {
-        DeliverNext(*application_);
+        const Ref<FolderItem> document = std::move(documents_.front());
+        documents_.pop_front();
+        application_->Event_OpenDocument(document);
         return true;
     }
-    Timer* timer = NextTimer();
-    if (timer == nullptr || timer->Due() > Clock::Now()) return false;
-    timer->Fire();
+    Timer* const timer = NextTimer();
+    if (timer == nullptr || timer->due_ > Clock::Now()) return false;
+    timer->SetMode(Timer::kOff);
+    timer->Event_Action();
     return true;
 }
 
 std::optional<Clock::Time> EventLoop::UntilNext() const {
     if (ended_) return std::nullopt;
     if (Deliverable()) return Clock::Time::zero();
-    const Timer* timer = NextTimer();
+    const Timer* const timer = NextTimer();
     if (timer == nullptr) return std::nullopt;
-    return std::max(Clock::Time::zero(), timer->Due() - Clock::Now());
+    return std::max(Clock::Time::zero(), timer->due_ - Clock::Now());
 }
 
 Timer* EventLoop::NextTimer() const {
     const auto next = std::min_element(
         timers_.begin(), timers_.end(),
-        [](const Timer* left, const Timer* right) { return left->Due() < right->Due(); });
+        [](const Timer* left, const Timer* right) { return left->due_ < right->due_; });
     return next == timers_.end() ? nullptr : *next;
 }
 
@@ -118,30 +115,25 @@ void EventLoop::RaiseKept() {
 }
 
 void ModalLoop::Run() {
-    EventLoop& loop = EventLoop::Current();
     struct Nesting {
-        explicit Nesting(EventLoop& outer, ModalLoop& inner) : outer_(outer) {
-            outer_.nested_.push_back(&inner);
-            inner.running_ = true;
-        }
+        std::vector<ModalLoop*>& loops;
         ~Nesting() {
-            outer_.nested_.back()->running_ = false;
-            outer_.nested_.pop_back();
-            // A loop further out that was left meanwhile could not end before this one.
-            if (!outer_.nested_.empty() && outer_.nested_.back()->left_) {
-                Desktop::Current().LeaveLoop();
-            }
+            loops.pop_back();
+            // An outer loop that was left meanwhile ends now.
+            if (!loops.empty() && loops.back()->left_) Desktop::Current().LeaveLoop();
         }
-        EventLoop& outer_;
-    } nesting(loop, *this);
+    };
+    EventLoop& loop = EventLoop::Current();
+    loop.nested_.push_back(this);
+    const Nesting nesting{loop.nested_};
     while (!left_)
         loop.RunDesktop();
 }
 
 void ModalLoop::Leave() {
     left_ = true;
-    EventLoop& loop = EventLoop::Current();
-    if (running_ && loop.nested_.back() == this) Desktop::Current().LeaveLoop();
+    const std::vector<ModalLoop*>& loops = EventLoop::Current().nested_;
+    if (!loops.empty() && loops.back() == this) Desktop::Current().LeaveLoop();
 }
 
 void RuntimeBackgroundTask() {

@@ -13,11 +13,38 @@ namespace dunvey {
 
 class Application;
 class ModalLoop;
-class Timer;
 
-/// The one event loop of the process: the queue of open-document events, the timers and the stack
-/// of nested loops. It needs no toolkit: a run in which nothing is asked never loads one. With a
-/// desktop loaded, that runs the loop and serves what is kept here.
+/// A timer of the event loop. A new one is off.
+class Timer {
+ public:
+    enum : int { kOff = 0, kOnce = 1 };
+
+    Timer() = default;
+    virtual ~Timer() { SetMode(kOff); }
+    Timer(const Timer&) = delete;
+    Timer& operator=(const Timer&) = delete;
+
+    /// The wait in milliseconds.
+    int Period() const { return period_; }
+    void SetPeriod(int milliseconds) { period_ = milliseconds; }
+    int Mode() const { return mode_; }
+    /// kOff stops it; kOnce starts the wait, or restarts it. It is off again when it fires.
+    void SetMode(int mode);
+
+ protected:
+    /// What the timer does when it fires.
+    virtual void Event_Action() = 0;
+
+ private:
+    friend class EventLoop;
+    int period_ = 0;
+    int mode_ = kOff;
+    Clock::Time due_{};
+};
+
+/// The event loop of the process: the queue of open-document events, the timers and the stack of
+/// nested loops. It works without a desktop, which a run that asks nothing never loads. A loaded
+/// desktop runs its own loop and serves this queue and these timers from there.
 class EventLoop {
  public:
     EventLoop();
@@ -25,31 +52,26 @@ class EventLoop {
     EventLoop(const EventLoop&) = delete;
     EventLoop& operator=(const EventLoop&) = delete;
 
-    /// The process's loop. There must be one.
+    /// The loop of the process; raises RuntimeException if there is none.
     static EventLoop& Current();
 
-    /// Queues the event that hands a document to the application. It may come before there is an
-    /// application; it is delivered after Event_Open, in the order of arrival.
+    /// Queues an open-document event, also before there is an application. Events are delivered
+    /// after Event_Open, in their order.
     void PostOpenDocument(Ref<FolderItem> document);
 
-    /// Hands all documents that wait to the application, at once. For a run that is cut short.
-    void DeliverDocuments(Application& application);
-
-    /// Runs the application from Event_Open to its end and returns the exit code that Quit was
-    /// given. An exception that no event has caught passes through.
+    /// Runs the application from Event_Open until Quit and returns the exit code given to Quit.
+    /// Other exceptions that no event catches pass through.
     int Run(Application& application);
 
-    void AddTimer(Timer& timer);
-    void RemoveTimer(Timer& timer) { std::erase(timers_, &timer); }
-
-    /// Serves one event: the oldest document, else the timer that is due longest. False if there
-    /// was none.
+    /// Serves one event: the oldest document, else the timer that has been due the longest. False
+    /// if there was none.
     bool ServeNext();
-    /// How long until ServeNext has something to do: zero for at once, none for never.
+    /// The time until ServeNext has something to do: zero for now, nullopt for never.
     std::optional<Clock::Time> UntilNext() const;
 
-    /// The one door through which a toolkit's callbacks enter. No exception may cross a toolkit's
-    /// loop, so it is caught here, the innermost loop is left, and it goes on from there.
+    /// Every callback of a desktop runs through this. An exception must not cross the desktop's own
+    /// loop: it is kept, the innermost loop is left, and it is raised again from there. Until then
+    /// further callbacks are skipped.
     template <typename Callback>
     void Enter(Callback&& callback) {
         if (failure_) return;
@@ -62,10 +84,10 @@ class EventLoop {
 
  private:
     friend class ModalLoop;
+    friend class Timer;
     friend void RuntimeBackgroundTask();
 
     bool Deliverable() const { return application_ != nullptr && !documents_.empty(); }
-    void DeliverNext(Application& application);
     Timer* NextTimer() const;
     void Turn();
     void RunDesktop();
@@ -73,7 +95,7 @@ class EventLoop {
     void RaiseKept();
 
     Application* application_ = nullptr;
-    /// Once the run has ended nothing is served any more, also while a report of its end is shown.
+    /// True after Run: nothing is served while the report of an exception is shown.
     bool ended_ = false;
     std::deque<Ref<FolderItem>> documents_;
     std::vector<Timer*> timers_;
@@ -81,8 +103,8 @@ class EventLoop {
     std::exception_ptr failure_;
 };
 
-/// A loop nested in the event loop, as a modal window or dialog runs it. Loops end from the inside
-/// out, whatever the order in which they are asked to.
+/// A loop nested in the event loop, as a modal window or dialog runs it. An outer loop that is left
+/// first still ends after the inner one.
 class ModalLoop {
  public:
     /// Returns after Leave. An exception that ended the loop passes through.
@@ -90,13 +112,11 @@ class ModalLoop {
     void Leave();
 
  private:
-    friend class EventLoop;
-    bool running_ = false;
     bool left_ = false;
 };
 
-/// Gives other scheduled work a turn: with a desktop loaded, what the user has done meanwhile and
-/// what the event loop has to serve. An exception of theirs passes through.
+/// Serves waiting events of a loaded desktop; without one it does nothing. Exceptions of the events
+/// pass through.
 void RuntimeBackgroundTask();
 
 /// Ends the program: fires Event_Close on the application and unwinds the stack with EndException.

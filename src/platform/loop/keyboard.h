@@ -1,7 +1,7 @@
 #pragma once
 
 /// The keys held down at this instant, from the hardware state, not from the event queue. False
-/// where the state can't be read. On Linux Control stands for Command and Alt for Option.
+/// where the state can't be read. On Linux Command is the Control key and Option is Shift.
 namespace dunvey::Keyboard {
 
 bool AsyncCommandKey();

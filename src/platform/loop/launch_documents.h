@@ -7,18 +7,30 @@
 
 namespace dunvey {
 
-/// The path that a word of the start names: a path, or a local `file:` URI, which is decoded. Every
-/// word is a file name or nothing, also one that begins with "-". Empty for the empty word. A URI
-/// of another machine, or one that can't be decoded, counts as a path.
-std::string PathOfWord(const std::string& word);
+/// What the arguments of a start, or the URIs of a drop, name.
+struct Intake {
+    /// The paths of the documents, absolute or relative as they were given.
+    std::vector<std::string> documents;
+    /// A line for each argument that is no document, with the reason.
+    std::vector<std::string> refusals;
+};
 
-/// Keeps the words of the start, without the program's own name.
-void KeepLaunchWords(std::vector<std::string> words);
-const std::vector<std::string>& LaunchWords();
+/// The path that an argument names: itself, or the decoded path of a local `file:` URI. Empty for a
+/// URI that can't be decoded or names a file of another computer.
+std::string PathOfArgument(const std::string& argument);
 
-/// Brings the documents of the launch into the event loop. On Linux they are the words of the
-/// start, one open-document event each, in their order. On macOS they come through the desktop,
-/// which is loaded here, and the words are nothing.
+/// Sorts arguments. A document is a regular file, or a link to one, with one of the extensions in
+/// any ASCII letter case. An argument that begins with "-" is a file name. No file is opened.
+Intake TakeIn(const std::vector<std::string>& arguments,
+              const std::vector<std::string>& extensions);
+
+/// The arguments of the start, without the program's own name; set by main.
+extern std::vector<std::string> launchArguments;
+
+/// Queues the documents of the launch. On Linux they are the arguments; one that is no document is
+/// reported on standard error. On macOS documents arrive through the desktop, which is loaded here.
 void PostLaunchDocuments(EventLoop& loop);
+/// Whether the launch had arguments, none of them a document of the application.
+bool IsNothingToOpen();
 
 }  // namespace dunvey

@@ -6,7 +6,6 @@
 
 #include "platform/controls/message_dialog.h"
 #include "platform/loop/application.h"
-#include "platform/loop/timer.h"
 #include "platform/values/exceptions.h"
 #include "support/world.h"
 
@@ -163,6 +162,11 @@ TEST_F(EventLoopTest, LoopsEndFromTheInsideOut) {
     });
     outer.Run();
     EXPECT_EQ(log_, "outer left inner ended ");
+}
+
+TEST_F(EventLoopTest, ALoopDoesNotStartWhileAnExceptionIsKept) {
+    loop_.Enter([] { throw IOException("lost"); });
+    EXPECT_THROW(ModalLoop().Run(), IOException);
 }
 
 TEST_F(EventLoopTest, TheScriptIsStrict) {

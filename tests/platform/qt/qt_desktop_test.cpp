@@ -11,7 +11,7 @@
 
 #include "platform/controls/message_dialog.h"
 #include "platform/loop/application.h"
-#include "platform/loop/timer.h"
+#include "platform/loop/event_loop.h"
 
 namespace dunvey {
 namespace {
