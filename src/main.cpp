@@ -5,6 +5,8 @@
 #include "platform/loop/desktop.h"
 #include "platform/loop/event_loop.h"
 #include "platform/loop/launch_documents.h"
+#include "platform/processes/error_line.h"
+#include "platform/processes/launch_loop.h"
 #include "platform/processes/process_setup.h"
 
 using namespace dunvey;
@@ -35,6 +37,12 @@ std::unique_ptr<Desktop> LoadDesktop() {
 
 int main(int argc, char** argv) {
     SetUpProcess();
+    if (IsOpeningLoop()) {
+        WriteErrorLine(
+            "Dunvey: nothing is opened. A command registered with dunvey-register starts Dunvey "
+            "again and again: give it another command.");
+        return 1;
+    }
     EventLoop loop;
     Desktop::SetLoader(&LoadDesktop);
     if (argc > 1) launchArguments.assign(argv + 1, argv + argc);

@@ -83,14 +83,15 @@ void App::Judge(int64_t idx) {
     const Ref<FileClass> document = At(Files, idx);
     InDesign::GetBootingAppNames();
     const OpenDecision decision = DecideToOpen(*document, InDesign::BootingAppNames);
-    if (!decision.NeedJudgment && !Keyboard::AsyncCommandKey()) return;
+    const bool needJudgment = decision.question != Question::kNothing;
+    if (!needJudgment && !Keyboard::AsyncCommandKey()) return;
     try {
         createNewWindow(idx, decision.IsBootingApp, decision.IsBootingOtherApp,
-                        decision.IsInstalled, decision.NeedJudgment);
+                        decision.IsInstalled, needJudgment);
         if (!document->WillOpen) ReportLeftOut(*document, "its window was closed.");
     } catch (const DesktopUnavailableException& failure) {
         // The user asked for a window that nothing else calls for: opened without one.
-        if (!decision.NeedJudgment) return;
+        if (!needJudgment) return;
         document->WillOpen = false;
         CouldNotAsk = true;
         ReportLeftOut(*document, "it must be asked in which version. " + failure.Message);

@@ -16,14 +16,15 @@ RunningFlags JudgeRunning(const std::vector<std::string>& running, const std::st
     }
 }
 
-bool NeedsJudgment(const RunningFlags& flags, bool isInstalled) {
-    return (!flags.IsBootingApp && flags.IsBootingOtherApp) || !isInstalled;
+Question QuestionFor(const RunningFlags& flags, bool isInstalled) {
+    if (!flags.IsBootingApp && flags.IsBootingOtherApp) return Question::kAnotherRuns;
+    return isInstalled ? Question::kNothing : Question::kNotInstalled;
 }
 
 OpenDecision DecideToOpen(const FileClass& document, const std::vector<std::string>& running) {
     const RunningFlags flags = JudgeRunning(running, document.AppName);
     const bool isInstalled = static_cast<bool>(document.App);
-    return {flags, isInstalled, NeedsJudgment(flags, isInstalled)};
+    return {flags, isInstalled, QuestionFor(flags, isInstalled)};
 }
 
 }  // namespace dunvey

@@ -19,15 +19,22 @@ struct RunningFlags {
 /// another application, even if both are the document's.
 RunningFlags JudgeRunning(const std::vector<std::string>& running, const std::string& appName);
 
+/// Why the user must be asked; kNothing if the program can decide by itself.
+enum class Question { kNothing, kAnotherRuns, kNotInstalled };
+
+Question QuestionFor(const RunningFlags& flags, bool isInstalled);
+
 /// Whether the user must be asked because the program can't decide by itself.
-bool NeedsJudgment(const RunningFlags& flags, bool isInstalled);
+inline bool NeedsJudgment(const RunningFlags& flags, bool isInstalled) {
+    return QuestionFor(flags, isInstalled) != Question::kNothing;
+}
 
 /// What is to be done with a document while the Command key is up.
 struct OpenDecision : RunningFlags {
     /// An installed application belongs to the document.
     bool IsInstalled = false;
-    /// The user must be asked; otherwise the document is opened in that application.
-    bool NeedJudgment = false;
+    /// kNothing: the document is opened in that application.
+    Question question = Question::kNothing;
 };
 
 /// Decides for a document; `running` holds the bundle names of the running applications.

@@ -15,6 +15,11 @@ const std::vector<std::string>& DocumentExtensions() {
     return kExtensions;
 }
 
+std::string VersionText(const std::vector<int64_t>& version) {
+    const bool isHalfVersion = version[0] == 7 && version[1] == 5;
+    return isHalfVersion ? "7.5" : Str(version[0]);
+}
+
 Ref<FileClass> MakeNewFileClass(const Ref<FolderItem>& item) {
     if (!item || !item->Exists()) return nullptr;
     const std::string extension = FileExtension(item->Name());
@@ -23,8 +28,7 @@ Ref<FileClass> MakeNewFileClass(const Ref<FolderItem>& item) {
     record->File = item;
     record->FileExt = extension;
     record->Vers = GetVerHexToDec(item, extension);
-    const bool halfVersion = record->Vers[0] == 7 && record->Vers[1] == 5;
-    record->Ver = halfVersion ? "7.5" : Str(record->Vers[0]);
+    record->Ver = VersionText(record->Vers);
     record->WillUseVer = record->Ver;
     MatchApplication(*record);
     record->WillOpen = true;

@@ -39,6 +39,9 @@ namespace InDesign {
 /// The extensions of the four kinds, in lower case.
 const std::vector<std::string>& DocumentExtensions();
 
+/// The version text of a header's version: "7.5" for 7 and 5, else the major number in decimal.
+std::string VersionText(const std::vector<int64_t>& version);
+
 /// Makes the record of a document: reads its version and finds its application. Nil, without a
 /// message, for an item that is nil, doesn't exist, or isn't of one of the four kinds.
 Ref<FileClass> MakeNewFileClass(const Ref<FolderItem>& item);

@@ -43,49 +43,57 @@ constexpr std::array<DocumentKind, 4> kKinds = {{
      {"4c494252415259", ".+4c494252415259..0200000f70000000(..)000000(..).*"}},
 }};
 
-std::string HeaderHex(const Ref<FolderItem>& item) {
+/// The first 48 bytes as hexadecimal text; false if the file can't be read.
+bool ReadHex(const Ref<FolderItem>& item, std::string& hex) {
     try {
         const Ref<BinaryStream> stream = BinaryStream::Open(item, false);
         const std::string block = stream->Read(kHeaderBytes);
         stream->Close();
-        return Lowercase(EncodeHex(block));
+        hex = Lowercase(EncodeHex(block));
+        return true;
     } catch (const IOException&) {
-        return {};
+        return false;
     }
-}
-
-/// The two captured pairs of digits with a dot between them; empty if there is no version.
-std::string CutVersion(const std::string& hex, const DocumentKind& kind) {
-    for (const HeaderForm& form : {kind.littleEndian, kind.bigEndian}) {
-        if (InStr(0, hex, form.probe) == 0) continue;
-        const std::string cut =
-            RegExXojo::Replace(hex, std::string(form.expression), "\\1.\\2", 0, true);
-        // Without a match the text comes back unchanged. Its first and last byte are no version.
-        return cut == hex ? std::string() : cut;
-    }
-    return {};
 }
 
 int64_t HexadecimalByte(const std::string& digits) {
     return Truncate(Val("&h" + digits));
 }
 
+/// Reads the version with one byte order's form, whose marker is in the text.
+void ReadVersion(const std::string& hex, const HeaderForm& form, HeaderReading& reading) {
+    const std::string cut =
+        RegExXojo::Replace(hex, std::string(form.expression), "\\1.\\2", 0, true);
+    // Without a match the text comes back unchanged. Its first and last byte are no version.
+    reading.state = cut.empty() || cut == hex ? HeaderReading::kNoMatch : HeaderReading::kFound;
+    if (reading.state == HeaderReading::kFound)
+        reading.version = {HexadecimalByte(LeftB(cut, 2)), HexadecimalByte(RightB(cut, 2))};
+}
+
 }  // namespace
 
-std::vector<int64_t> GetVerHexToDec(const Ref<FolderItem>& item, const std::string& extension) {
-    std::vector<int64_t> version = {0, 0};
-    const std::string hex = HeaderHex(item);
-    if (hex.empty()) return version;
+HeaderReading ReadHeader(const Ref<FolderItem>& item, const std::string& extension) {
+    HeaderReading reading;
+    std::string hex;
+    if (!ReadHex(item, hex)) {
+        reading.state = HeaderReading::kUnreadable;
+        return reading;
+    }
     const std::string lowered = Lowercase(extension);
     for (const DocumentKind& kind : kKinds) {
         if (kind.extension != lowered) continue;
-        const std::string cut = CutVersion(hex, kind);
-        if (cut.empty()) break;
-        version[0] = HexadecimalByte(LeftB(cut, 2));
-        version[1] = HexadecimalByte(RightB(cut, 2));
-        break;
+        for (const HeaderForm* form : {&kind.littleEndian, &kind.bigEndian}) {
+            if (InStr(0, hex, form->probe) == 0) continue;
+            reading.littleEndian = form == &kind.littleEndian;
+            ReadVersion(hex, *form, reading);
+            break;
+        }
     }
-    return version;
+    return reading;
+}
+
+std::vector<int64_t> GetVerHexToDec(const Ref<FolderItem>& item, const std::string& extension) {
+    return ReadHeader(item, extension).version;
 }
 
 }  // namespace dunvey::InDesign

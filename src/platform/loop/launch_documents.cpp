@@ -38,18 +38,22 @@ bool IsThisComputer(const std::string& name) {
 
 /// Why the path isn't taken in; empty if it is.
 std::string ReasonToRefuse(const std::string& path, const std::vector<std::string>& extensions) {
-    struct stat status {};
-    if (Uninterrupted([&] { return stat(path.c_str(), &status); }) != 0) {
-        const char* const reason = std::strerror(errno);
-        if (path.starts_with("-")) return "there is no such file, and Dunvey takes no options";
-        if (path.find("://") != path.npos) return "only files of this computer can be opened";
-        return reason;
+    switch (RefusalOf(path, extensions)) {
+        case Refusal::kNone:
+            return {};
+        case Refusal::kFolder:
+            return "it is a folder";
+        case Refusal::kNotRegular:
+            return "it is not a regular file";
+        case Refusal::kOtherKind:
+            return "it is not of a kind that Dunvey opens";
+        case Refusal::kMissing:
+            break;
     }
-    if (S_ISDIR(status.st_mode)) return "it is a folder";
-    if (!S_ISREG(status.st_mode)) return "it is not a regular file";
-    const std::string extension = FileExtension(FolderItem(path).Name());
-    if (extensions.empty() || IsExtensionIn(extensions, extension)) return {};
-    return "it is not of a kind that Dunvey opens";
+    const char* const reason = std::strerror(errno);
+    if (path.starts_with("-")) return "there is no such file, and Dunvey takes no options";
+    if (path.find("://") != path.npos) return "only files of this computer can be opened";
+    return reason;
 }
 
 }  // namespace
@@ -65,6 +69,16 @@ std::string PathOfArgument(const std::string& argument) {
         encoded.erase(0, path);
     }
     return encoded.starts_with("/") ? DecodePercent(encoded) : std::string();
+}
+
+Refusal RefusalOf(const std::string& path, const std::vector<std::string>& extensions) {
+    struct stat status {};
+    if (Uninterrupted([&] { return stat(path.c_str(), &status); }) != 0) return Refusal::kMissing;
+    if (S_ISDIR(status.st_mode)) return Refusal::kFolder;
+    if (!S_ISREG(status.st_mode)) return Refusal::kNotRegular;
+    const std::string extension = FileExtension(FolderItem(path).Name());
+    const bool isKnown = extensions.empty() || IsExtensionIn(extensions, extension);
+    return isKnown ? Refusal::kNone : Refusal::kOtherKind;
 }
 
 Intake TakeIn(const std::vector<std::string>& arguments,

@@ -19,8 +19,14 @@ struct Intake {
 /// URI that can't be decoded or names a file of another computer.
 std::string PathOfArgument(const std::string& argument);
 
-/// Sorts arguments. A document is a regular file, or a link to one, with one of the extensions in
-/// any ASCII letter case. An argument that begins with "-" is a file name. No file is opened.
+/// Why a path isn't taken in; kNone if it is.
+enum class Refusal { kNone, kMissing, kFolder, kNotRegular, kOtherKind };
+
+/// A document is a regular file, or a link to one, with one of the extensions in any ASCII letter
+/// case; without extensions every file is one. The file isn't opened. Sets errno with kMissing.
+Refusal RefusalOf(const std::string& path, const std::vector<std::string>& extensions);
+
+/// Sorts arguments. One that begins with "-" is a file name.
 Intake TakeIn(const std::vector<std::string>& arguments,
               const std::vector<std::string>& extensions);
 
