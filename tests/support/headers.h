@@ -4,7 +4,7 @@
 
 namespace dunvey::test {
 
-/// The 16 bytes that every document begins with.
+/// The first 16 bytes of every document.
 inline const std::string kDocumentMark =
     "\x06\x06\xED\xF5\xD8\x1D\x46\xE5\xBD\x31\xEF\xE7\xFE\x74\xB7\x1D";
 
@@ -24,7 +24,7 @@ inline std::string Header(const std::string& typeWord, int major, int minor,
     return block;
 }
 
-/// The bytes that a hexadecimal text stands for.
+/// The bytes of a text of hexadecimal digits.
 inline std::string Bytes(const std::string& hexadecimal) {
     std::string bytes;
     for (size_t i = 0; i + 1 < hexadecimal.size(); i += 2) {
@@ -33,7 +33,7 @@ inline std::string Bytes(const std::string& hexadecimal) {
     return bytes;
 }
 
-/// A header found in the wild: the file it was in and the version it must give.
+/// The header of a real file, with the file's extension and the expected version.
 struct SampleHeader {
     const char* extension;
     const char* version;
@@ -42,43 +42,34 @@ struct SampleHeader {
 
 inline constexpr SampleHeader kSampleHeaders[] = {
     {"indd", "3",
-     "0606edf5d81d46e5bd31efe7fe74b71d444f43554d454e540200000f7000000003000000000000000100111bac000"
-     "0"
-     "00"},
+     "0606edf5d81d46e5bd31efe7fe74b71d444f43554d454e540200000f70000000"
+     "03000000000000000100111bac000000"},
     {"indd", "2",
-     "0606edf5d81d46e5bd31efe7fe74b71d444f43554d454e5401700f000002000000000000000100000088c51100000"
-     "0"
-     "00"},
+     "0606edf5d81d46e5bd31efe7fe74b71d444f43554d454e5401700f0000020000"
+     "00000000000100000088c51100000000"},
     // Type word LIBRARY2, little-endian: no version is read.
     {"indl", "0",
-     "0606edf5d81d46e5bd31efe7fe74b71d4c4942524152593201700f0000020000000000000004000000aed21100000"
-     "0"
-     "00"},
+     "0606edf5d81d46e5bd31efe7fe74b71d4c4942524152593201700f0000020000"
+     "000000000004000000aed21100000000"},
     // An older layout without the marker.
     {"indd", "0",
-     "b7000000560000000100000002000000410000004c000000490000000200000044000000080000004100000001000"
-     "0"
-     "00"},
+     "b7000000560000000100000002000000410000004c0000004900000002000000"
+     "44000000080000004100000001000000"},
     {"indd", "7",
-     "0606edf5d81d46e5bd31efe7fe74b71d444f43554d454e5401700f000007000000000000000100000058fe5600000"
-     "0"
-     "00"},
+     "0606edf5d81d46e5bd31efe7fe74b71d444f43554d454e5401700f0000070000"
+     "00000000000100000058fe5600000000"},
     {"indd", "7.5",
-     "0606edf5d81d46e5bd31efe7fe74b71d444f43554d454e5401700f0000070000000500000001000000892f0300000"
-     "0"
-     "00"},
+     "0606edf5d81d46e5bd31efe7fe74b71d444f43554d454e5401700f0000070000"
+     "000500000001000000892f0300000000"},
     {"indd", "9",
-     "0606edf5d81d46e5bd31efe7fe74b71d444f43554d454e5401700f0000090000000000000001000000be2c0700000"
-     "0"
-     "00"},
+     "0606edf5d81d46e5bd31efe7fe74b71d444f43554d454e5401700f0000090000"
+     "000000000001000000be2c0700000000"},
     {"indd", "10",
-     "0606edf5d81d46e5bd31efe7fe74b71d444f43554d454e5401700f00000a00000000000000010000007b650100000"
-     "0"
-     "00"},
+     "0606edf5d81d46e5bd31efe7fe74b71d444f43554d454e5401700f00000a0000"
+     "0000000000010000007b650100000000"},
     {"indd", "16",
-     "0606edf5d81d46e5bd31efe7fe74b71d444f43554d454e5401700f00001000000000000000010000009a222500000"
-     "0"
-     "00"},
+     "0606edf5d81d46e5bd31efe7fe74b71d444f43554d454e5401700f0000100000"
+     "0000000000010000009a222500000000"},
 };
 
 }  // namespace dunvey::test

@@ -13,7 +13,7 @@ inline std::string BigEndian(size_t number) {
     return bytes;
 }
 
-/// A part of an icon file; its header tells the truth.
+/// A part of an icon file with a correct header.
 inline std::string IconPart(const std::string& type, const std::string& data) {
     return type + BigEndian(data.size() + 8) + data;
 }
@@ -39,13 +39,13 @@ inline std::string Packed(size_t count, uint8_t value) {
     return packed;
 }
 
-/// A square in one colour: red, green and blue, packed.
+/// A square in one colour: the packed red, green and blue channels.
 inline std::string PlainColors(size_t pixels, uint8_t red, uint8_t green, uint8_t blue) {
     const size_t count = pixels * pixels;
     return Packed(count, red) + Packed(count, green) + Packed(count, blue);
 }
 
-/// The same with alpha ahead.
+/// The same after an alpha channel.
 inline std::string PlainArgb(size_t pixels, uint8_t alpha, uint8_t red, uint8_t green,
                              uint8_t blue) {
     return "ARGB" + Packed(pixels * pixels, alpha) + PlainColors(pixels, red, green, blue);

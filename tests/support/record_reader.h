@@ -8,7 +8,7 @@
 
 namespace dunvey {
 
-/// One start of the recorder program.
+/// One run of the recorder program.
 struct Record {
     pid_t process = 0;
     /// The path of the recorder's executable.
@@ -17,8 +17,8 @@ struct Record {
     std::vector<std::string> arguments;
 };
 
-/// The records in the file, in the order of the starts; none if there is no file. A record that is
-/// damaged or not whole ends the list.
+/// The records of the file in the order of the runs; none if there is no file. A damaged or
+/// incomplete record ends the list.
 inline std::vector<Record> ReadRecords(const std::string& path) {
     std::ifstream file(path, std::ios::binary);
     std::vector<Record> records;

@@ -13,7 +13,7 @@
 
 namespace dunvey::test {
 
-/// A folder that is gone with the object.
+/// A temporary folder, removed by the destructor.
 class TemporaryFolder {
  public:
     TemporaryFolder() {
@@ -33,7 +33,7 @@ class TemporaryFolder {
     const std::string& Path() const { return path_; }
     std::string operator/(const std::string& name) const { return path_ + "/" + name; }
 
-    /// Makes the folder with all those above it, relative to this one; returns its path.
+    /// Creates a folder and its parents, relative to this one; returns its path.
     std::string MakeFolder(const std::string& name) const {
         for (size_t end = 0; end != std::string::npos;) {
             end = name.find('/', end + 1);
@@ -42,7 +42,7 @@ class TemporaryFolder {
         return *this / name;
     }
 
-    /// Writes a file below this folder, its folder must exist; returns its path.
+    /// Writes a file in this folder or in an existing one below; returns its path.
     std::string Write(const std::string& name, const std::string& bytes) const {
         std::ofstream((*this / name), std::ios::binary) << bytes;
         return *this / name;
