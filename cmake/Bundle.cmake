@@ -3,13 +3,18 @@
 set(DUNVEY_CONTENTS ${CMAKE_BINARY_DIR}/Dunvey.app/Contents)
 set(DUNVEY_IDENTIFIER org.dunvey.Dunvey)
 
-# dunvey_bundle_resources(CONTENTS): copies all files of resources/ into a bundle.
+# dunvey_bundle_resources(CONTENTS): copies all files of resources/ into a bundle, and on Linux the program that
+# the copy script runs as root.
 function(dunvey_bundle_resources contents)
     file(GLOB_RECURSE files CONFIGURE_DEPENDS RELATIVE ${PROJECT_SOURCE_DIR}/resources
         ${PROJECT_SOURCE_DIR}/resources/*)
     foreach(file ${files})
         configure_file(${PROJECT_SOURCE_DIR}/resources/${file} ${contents}/Resources/${file} COPYONLY)
     endforeach()
+    if(NOT APPLE)
+        configure_file(${PROJECT_SOURCE_DIR}/src/platform/linux/helpers/write-icons
+            ${contents}/Helpers/write-icons COPYONLY)
+    endif()
 endfunction()
 
 dunvey_bundle_resources(${DUNVEY_CONTENTS})

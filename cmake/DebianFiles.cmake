@@ -9,6 +9,10 @@ file(COPY ${CPACK_DUNVEY_DEBIAN_FILES}/copyright ${CPACK_DUNVEY_DEBIAN_FILES}/ch
 file(RENAME ${documents}/changelog ${documents}/changelog.Debian)
 file(INSTALL ${CPACK_DUNVEY_DEBIAN_FILES}/lintian-overrides DESTINATION ${share}/lintian/overrides
     RENAME dunvey)
+# The action of polkit names the program by its absolute path.
+set(write_icons ${CPACK_PACKAGING_INSTALL_PREFIX}/${CPACK_DUNVEY_BUNDLE}/Helpers/write-icons)
+configure_file(${CPACK_DUNVEY_DEBIAN_FILES}/dunvey.policy.in
+    ${share}/polkit-1/actions/org.dunvey.Dunvey.policy @ONLY)
 # "-n" keeps the time of the build out of the files.
 file(GLOB pages ${share}/man/man1/*.1)
 execute_process(COMMAND gzip -9n ${documents}/changelog.Debian ${pages} COMMAND_ERROR_IS_FATAL ANY)

@@ -10,6 +10,8 @@ set(executable ${readable} OWNER_EXECUTE GROUP_EXECUTE WORLD_EXECUTE)
 install(TARGETS Dunvey RUNTIME DESTINATION ${bundle}/MacOS)
 install(TARGETS DunveyQt LIBRARY DESTINATION ${bundle}/PlugIns PERMISSIONS ${readable})
 install(TARGETS helper_ps helper_open helper_osascript RUNTIME DESTINATION ${bundle}/Helpers)
+install(PROGRAMS ${PROJECT_SOURCE_DIR}/src/platform/linux/helpers/write-icons
+    DESTINATION ${bundle}/Helpers)
 install(FILES ${DUNVEY_CONTENTS}/Info.plist DESTINATION ${bundle})
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/resources/ DESTINATION ${bundle}/Resources
     FILE_PERMISSIONS ${readable} PATTERN "*.scpt" PERMISSIONS ${executable})

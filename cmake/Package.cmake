@@ -11,6 +11,7 @@ set(CPACK_GENERATOR DEB TGZ)
 set(CPACK_VERBATIM_VARIABLES ON)
 set(CPACK_PRE_BUILD_SCRIPTS ${CMAKE_CURRENT_LIST_DIR}/DebianFiles.cmake)
 set(CPACK_DUNVEY_DEBIAN_FILES ${PROJECT_SOURCE_DIR}/packaging/linux)
+set(CPACK_DUNVEY_BUNDLE ${CMAKE_INSTALL_LIBDIR}/dunvey/Dunvey.app/Contents)
 
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 # Raised for a new package of the same version, with an entry in packaging/linux/changelog.
@@ -19,6 +20,8 @@ set(CPACK_DEBIAN_PACKAGE_SECTION utils)
 set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
 set(CPACK_DEBIAN_COMPRESSION_TYPE xz)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+# Qt reads .icns files with this plug-in.
+set(CPACK_DEBIAN_PACKAGE_DEPENDS qt6-image-formats-plugins)
 # pkexec copies the document icons into the bundle where only root may write. The translations are those
 # of the file dialog. Displays without an X server need qt6-wayland.
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "pkexec, qt6-translations-l10n")

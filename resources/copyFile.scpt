@@ -1,8 +1,10 @@
 #!/bin/sh
-# Puts the two document icons into the bundle with the administrator's rights, which pkexec asks the
-# user for. The words: source and destination of the document icon, source and destination of the
-# book icon, each an absolute path written as one word of a shell, such as /opt/two\ words.
-# Prints nothing if both icons are in their places, else why not.
+# Copies the two document icons into this bundle with the rights of root, which pkexec asks the user for.
+# Arguments: source and destination of the document icon, source and destination of the book icon, each an
+# absolute path written as one shell word, such as /opt/two\ words. The destinations are the two icons of
+# this bundle. Prints nothing on success, else the reason.
+#
+# The sources are opened here, with the user's rights; root gets their bytes only (Helpers/write-icons).
 set -u
 LC_ALL=C
 export LC_ALL
@@ -15,9 +17,8 @@ fail() {
 [ $# -eq 4 ] || fail "Four paths are needed."
 command -v pkexec >/dev/null || fail "There is no pkexec, which asks for the administrator's rights."
 
-# The path that a shell word stands for, and an x, since a line feed at the end would get lost. The
-# word is read, never run: a backslash and the byte it stands for, a line feed in quotes, or a byte
-# that means itself; anything else isn't such a word.
+# Prints the path that a shell word stands for, and an x, since $() drops a line feed at the end. The word is
+# parsed, never run: a backslash and a byte, a line feed in single quotes, or a byte without special meaning.
 path_of() {
     awk 'BEGIN {
         line_feed = "\047\n\047"
@@ -45,45 +46,28 @@ path_of() {
     }' "$1" && printf x
 }
 
-# What the administrator runs. Both icons are written beside their places first, so that each of
-# them appears whole or not at all.
-administrator=$(cat <<'END'
-set -eu
-umask 022
-document=
-book=
-trap 'rm -f -- "$document" "$book"' EXIT
-trap 'exit 1' HUP INT TERM
-for source in "$1" "$3"; do
-    [ -f "$source" ] || { printf '%s\n' "No such file: $source"; exit 1; }
-done
-for destination in "$2" "$4"; do
-    [ ! -d "$destination" ] || { printf '%s\n' "A folder: $destination"; exit 1; }
-done
-document=$(mktemp "$2.XXXXXX")
-book=$(mktemp "$4.XXXXXX")
-cat <"$1" >"$document"
-cat <"$3" >"$book"
-chmod 644 "$document" "$book"
-mv -f "$document" "$2"
-mv -f "$book" "$4"
-END
-)
-
 document_source=$(path_of "$1") || fail "Not a path: $1"
 document_destination=$(path_of "$2") || fail "Not a path: $2"
 book_source=$(path_of "$3") || fail "Not a path: $3"
 book_destination=$(path_of "$4") || fail "Not a path: $4"
 
-# The administrator may read everything. A link mustn't turn that into a copy of someone's secrets.
-for source in "${document_source%x}" "${book_source%x}"; do
-    if [ -L "$source" ] && [ ! -r "$source" ]; then
-        fail "A link to what you may not read: $source"
-    fi
+resources=$(dirname "$0" && printf x)
+resources=${resources%??}
+for icon in "$document_destination|ID_Document_Icon" "$book_destination|ID_Book_Icon"; do
+    [ "${icon%|*}" = "$resources/${icon##*|}.icnsx" ] || fail "Not an icon of this bundle: ${icon%x|*}"
 done
+for source in "${document_source%x}" "${book_source%x}"; do
+    [ -f "$source" ] || fail "Not a file: $source"
+    [ -r "$source" ] || fail "Not readable: $source"
+done
+exec 3<"${document_source%x}" 4<"${book_source%x}"
+document_size=$(stat -Lc %s /dev/fd/3)
+book_size=$(stat -Lc %s /dev/fd/4)
 
-# Without a window to ask in, the question mustn't wait unseen on some terminal.
-message=$(pkexec --disable-internal-agent /bin/sh -c "$administrator" copyFile \
-    "${document_source%x}" "${document_destination%x}" \
-    "${book_source%x}" "${book_destination%x}" 2>&1) && exit 0
+# Without its own agent pkexec never asks on a terminal, where nobody may see the question.
+message=$({
+    printf '%s %s\n' "$document_size" "$book_size"
+    head -c "$document_size" <&3
+    head -c "$book_size" <&4
+} 2>/dev/null | pkexec --disable-internal-agent "${resources%/*}/Helpers/write-icons" 2>&1) && exit 0
 fail "${message:-pkexec ended with $?.}"

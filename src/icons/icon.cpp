@@ -8,10 +8,7 @@ namespace {
 Ref<Picture> Render(const NSImage& image, int64_t size) {
     const PixelRectangle rectangle{0, 0, size, size};
     Ref<Picture> picture = New<Picture>(size, size);
-    picture->DrawWhenSeen(
-        [rectangle, bitmap = image.CGImageForProposedRect(rectangle)](Bitmap& context) {
-            CGContextDrawImage(context, rectangle, bitmap());
-        });
+    CGContextDrawImage(picture->Pixels(), rectangle, image.CGImageForProposedRect(rectangle));
     return picture;
 }
 

@@ -3,8 +3,8 @@
 #include "menus/general.h"
 #include "menus/localized.h"
 #include "persistence/preferences.h"
+#include "platform/bundles/executable_path.h"
 #include "platform/controls/message_dialog.h"
-#include "platform/loop/application.h"
 #include "platform/loop/desktop.h"
 #include "platform/processes/apple_script.h"
 #include "platform/processes/error_line.h"
@@ -36,8 +36,7 @@ std::string RunCopyScript(const FolderItem& resources, const IconPair& sources,
 }
 
 bool Import(const IconPair& sources) {
-    const Ref<FolderItem> resources =
-        Application::ExecutableFile()->Parent()->Parent()->Child("Resources");
+    const Ref<FolderItem> resources = OwnResources();
     const IconPair destinations = IconsIn(*resources);
     if (IsThere(destinations.Document)) destinations.Document->Delete();
     if (IsThere(destinations.Book)) destinations.Book->Delete();

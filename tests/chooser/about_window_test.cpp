@@ -63,7 +63,7 @@ TEST_F(About, DrawsTheBundlesOwnIconAtTheSmallerSide) {
     EXPECT_EQ(surface.size, 40);
     const std::string executable = Application::ExecutableFile()->NativePath();
     const std::string bundle = executable.substr(0, executable.rfind("/Contents/"));
-    const Bitmap expected = user_->IconForFile(bundle)->CGImageForProposedRect({0, 0, 1, 1})();
+    const Bitmap expected = user_->IconForFile(bundle)->CGImageForProposedRect({0, 0, 1, 1});
     EXPECT_EQ(surface.pixel, expected.Pixels.at(0));
 }
 

@@ -11,11 +11,9 @@ class PlainImage final : public NSImage {
  public:
     explicit PlainImage(uint32_t color) : color_(color) {}
 
-    CGImage CGImageForProposedRect(const PixelRectangle& rectangle) const override {
-        return [rectangle, color = color_]() -> Bitmap {
-            const auto count = static_cast<size_t>(rectangle.Width * rectangle.Height);
-            return {rectangle.Width, rectangle.Height, std::vector<uint32_t>(count, color)};
-        };
+    Bitmap CGImageForProposedRect(const PixelRectangle& rectangle) const override {
+        const auto count = static_cast<size_t>(rectangle.Width * rectangle.Height);
+        return {rectangle.Width, rectangle.Height, std::vector<uint32_t>(count, color_)};
     }
 
  private:

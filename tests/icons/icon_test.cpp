@@ -14,20 +14,20 @@ class IconTest : public ::testing::Test {
     IconTest() { Desktop::Install(std::make_unique<headless::ScriptedDesktop>()); }
     ~IconTest() override { Desktop::Install(nullptr); }
 
-    /// Two bitmaps of the image, the smaller one first.
+    /// It has a bitmap of the image for 1 and one for 2 pixels each point.
     static void ExpectTwoResolutions(const Ref<Picture>& picture, const Ref<NSImage>& image,
                                      int64_t size) {
         ASSERT_TRUE(picture);
         EXPECT_EQ(picture->Width(), size);
         EXPECT_EQ(picture->Height(), size);
-        ASSERT_EQ(picture->Images().size(), 2u);
-        for (const int64_t place : {0, 1}) {
-            const Bitmap& bitmap = picture->Images()[static_cast<size_t>(place)]->Pixels();
-            const int64_t side = size * (place + 1);
+        for (const int64_t scale : {1, 2}) {
+            const Bitmap& bitmap = picture->PixelsFor(static_cast<double>(scale));
+            const int64_t side = size * scale;
             EXPECT_EQ(bitmap.Width, side);
             EXPECT_EQ(bitmap.Height, side);
-            EXPECT_EQ(bitmap.Pixels, image->CGImageForProposedRect({0, 0, side, side})().Pixels);
+            EXPECT_EQ(bitmap.Pixels, image->CGImageForProposedRect({0, 0, side, side}).Pixels);
         }
+        EXPECT_EQ(picture->PixelsFor(3).Width, size * 2);
     }
 
     test::TemporaryFolder folder_;
@@ -61,16 +61,14 @@ TEST_F(IconTest, TypesHaveIconsAndCautionIsOneOfThem) {
                          16);
 }
 
-TEST(CGContext, ABitmapIsDrawnOverWhatIsThereScaledAndCutOff) {
-    Bitmap context{3, 2, std::vector<uint32_t>(6, 0xFF808080)};
-    // Opaque red, half transparent black; twice as wide, beginning one pixel outside.
-    CGContextDrawImage(context, {-1, 0, 4, 1}, {2, 1, {0xFFFF0000, 0x80000000}});
-    EXPECT_EQ(context.Pixels, (std::vector<uint32_t>{0xFFFF0000, 0xFF404040, 0xFF404040, 0xFF808080,
-                                                     0xFF808080, 0xFF808080}));
+TEST(CGContext, AnImageOutsideTheContextIsCutOff) {
+    Bitmap context{3, 2, std::vector<uint32_t>(6)};
+    CGContextDrawImage(context, {-1, 1, 3, 2}, {3, 2, {1, 2, 3, 4, 5, 6}});
+    EXPECT_EQ(context.Pixels, (std::vector<uint32_t>{0, 0, 0, 2, 3, 0}));
     const std::vector<uint32_t> before = context.Pixels;
     CGContextDrawImage(context, {0, 0, 3, 2}, {});
-    CGContextDrawImage(context, {0, 0, 0, 0}, {1, 1, {0xFFFFFFFF}});
-    CGContextDrawImage(context, {9, -9, 3, 2}, {1, 1, {0xFFFFFFFF}});
+    CGContextDrawImage(context, {9, -9, 1, 1}, {1, 1, {7}});
+    CGContextDrawImage(context, {-9, 9, 1, 1}, {1, 1, {7}});
     EXPECT_EQ(context.Pixels, before);
 }
 

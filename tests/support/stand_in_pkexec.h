@@ -2,17 +2,15 @@
 
 #include <sys/stat.h>
 
-#include <algorithm>
 #include <cstdlib>
 #include <string>
-#include <vector>
 
 #include "support/temporary_folder.h"
 
 namespace dunvey::test {
 
-/// A program named pkexec that stands first in PATH while the object lives: it writes down its
-/// words and runs the command with the rights of the test.
+/// A program named pkexec that comes first in PATH during the object's life: it records its
+/// arguments and runs the command with the rights of the test.
 class StandInPkexec {
  public:
     explicit StandInPkexec(const TemporaryFolder& folder) : folder_(folder) {
@@ -22,9 +20,9 @@ class StandInPkexec {
             "#!/bin/sh\n"
             "here=$(dirname \"$0\")\n"
             "echo >>\"$here/calls\"\n"
-            "printf '%s\\0' \"$@\" >\"$here/words\"\n"
+            "printf '%s\\n' \"$@\" >\"$here/words\"\n"
             "if [ -f \"$here/refusal\" ]; then cat \"$here/refusal\" >&2; exit 126; fi\n"
-            "if [ -f \"$here/remove\" ]; then xargs -d '\\n' rm -r <\"$here/remove\"; fi\n"
+            "if [ -f \"$here/meanwhile\" ]; then . \"$here/meanwhile\"; fi\n"
             "[ \"$1\" = --disable-internal-agent ] && shift\n"
             "exec \"$@\"\n");
         chmod(path.c_str(), 0755);
@@ -34,31 +32,14 @@ class StandInPkexec {
     StandInPkexec(const StandInPkexec&) = delete;
     StandInPkexec& operator=(const StandInPkexec&) = delete;
 
-    /// From now on it says no, with this message.
+    /// From now on it refuses with this message.
     void Refuse(const std::string& message) { folder_.Write("bin/refusal", message); }
-    /// It removes these ahead of the command: what the program may not do and administrators may.
-    void RemovesAsAdministrator(const std::vector<std::string>& paths) {
-        std::string lines;
-        for (const std::string& path : paths)
-            lines += path + "\n";
-        folder_.Write("bin/remove", lines);
-    }
+    /// What happens while the user is asked: commands of a shell.
+    void Meanwhile(const std::string& commands) { folder_.Write("bin/meanwhile", commands); }
 
+    /// The arguments of the last call, each with a line feed.
+    std::string Arguments() const { return folder_.Read("bin/words"); }
     int Calls() const { return static_cast<int>(folder_.Read("bin/calls").size()); }
-    /// The last four words of the last call.
-    std::vector<std::string> LastPaths() const {
-        std::vector<std::string> words(1);
-        for (const char c : folder_.Read("bin/words")) {
-            if (c == '\0') {
-                words.emplace_back();
-            } else {
-                words.back() += c;
-            }
-        }
-        words.pop_back();
-        return {words.end() - static_cast<std::ptrdiff_t>(std::min<size_t>(4, words.size())),
-                words.end()};
-    }
 
  private:
     const TemporaryFolder& folder_;

@@ -6,38 +6,36 @@
 
 namespace dunvey {
 
-/// Whether the bytes begin like a property list in the binary form.
-bool IsBinaryPropertyList(std::string_view bytes);
-
-/// A property list in the binary form whose top value is a dictionary. Only what is asked for is
-/// looked at: a library that builds all values can be made to build more than there is memory,
-/// since a list of a few hundred bytes may refer to its values over and over.
+/// A binary property list whose top value is a dictionary. Only the values that are asked for are
+/// read. libplist builds the whole tree instead: a list of 200 bytes whose arrays refer to each
+/// other again and again then takes all memory, and 40,000 nested arrays take 8 seconds.
 class BinaryPropertyList {
  public:
+    static bool HasMark(std::string_view bytes) { return bytes.starts_with("bplist00"); }
+
     explicit BinaryPropertyList(std::string bytes);
 
-    /// Whether the bytes are whole enough to find the top dictionary.
     bool IsDictionary() const { return dictionary_.has_value(); }
-    /// The text under the key; none if there is none, or it is no text.
+    /// The text under an ASCII key; none if there is none, or the value is no text.
     std::optional<std::string> Text(std::string_view key) const;
 
  private:
-    /// A value with a count: where its contents begin, in bytes, and how many things they are.
+    /// A value that has a count: the offset of its contents, and how many elements they are.
     struct Value {
         unsigned kind = 0;
         size_t begin = 0;
         size_t count = 0;
     };
 
+    /// The big-endian number of `size` bytes at that offset; none outside the list.
     std::optional<size_t> Number(size_t begin, size_t size) const;
-    std::optional<size_t> Reference(size_t begin, size_t position) const;
-    std::optional<Value> ValueOf(size_t reference) const;
-    std::optional<std::string> TextOf(size_t reference) const;
+    /// The object with that number.
+    std::optional<Value> Object(std::optional<size_t> number) const;
+    std::optional<std::string> TextOf(std::optional<size_t> number) const;
 
     std::string bytes_;
     size_t offsetSize_ = 0;
     size_t referenceSize_ = 0;
-    size_t objects_ = 0;
     size_t offsets_ = 0;
     std::optional<Value> dictionary_;
 };

@@ -6,14 +6,8 @@
 namespace dunvey {
 namespace {
 
-constexpr std::string_view kExtension = ".icns";
-
-bool IsIconName(const std::string& name) {
-    return Lowercase(name).ends_with(kExtension);
-}
-
-bool IsFile(const FolderItem& item) {
-    return item.Exists() && !item.Directory();
+bool IsFile(const Ref<FolderItem>& item) {
+    return item->Exists() && !item->Directory();
 }
 
 }  // namespace
@@ -28,17 +22,19 @@ std::string BundleIconPath(const FolderItem& bundle) {
     const Ref<FolderItem> contents = bundle.Child("Contents");
     const Ref<FolderItem> resources = contents->Child("Resources");
     const std::string name = ReadBundleProperties(*contents).iconFile;
-    // A name with a slash, or with a byte that ends paths, could lead anywhere.
-    if (!name.empty() && name.find('/') == name.npos && name.find('\0') == name.npos) {
+    // A name with a slash could lead to any file.
+    if (!name.empty() && name.find('/') == name.npos) {
         for (const std::string& file : {name + ".icns", name}) {
             const Ref<FolderItem> icon = resources->Child(file);
-            if (IsFile(*icon)) return icon->NativePath();
+            if (IsFile(icon)) return icon->NativePath();
         }
     }
-    const int64_t count = resources->Count();
-    for (int64_t position = 1; position <= count; ++position) {
-        const Ref<FolderItem> entry = resources->Child(resources->TrueItem(position)->Name());
-        if (IsIconName(entry->Name()) && IsFile(*entry)) return entry->NativePath();
+    for (int64_t position = 1; position <= resources->Count(); ++position) {
+        const Ref<FolderItem> entry = resources->TrueItem(position);
+        if (!entry || !Lowercase(entry->Name()).ends_with(".icns")) continue;
+        // Links count as what they lead to.
+        const Ref<FolderItem> icon = resources->Child(entry->Name());
+        if (IsFile(icon)) return icon->NativePath();
     }
     return {};
 }

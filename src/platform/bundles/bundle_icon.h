@@ -6,12 +6,11 @@
 
 namespace dunvey {
 
-/// Whether the item is the folder of an application: by its name, or by what it holds.
+/// Whether the item is an application's folder: by its name, or by the property list in it.
 bool IsBundle(const FolderItem& item);
 
-/// The path of the bundle's icon file: the one that its property list names, with or without the
-/// extension, else the first one in its resource folder. Empty if there is none; whether it can be
-/// used isn't looked at.
+/// The path of the bundle's icon file: the one its property list names, with or without extension,
+/// else the first .icns file in its resource folder. Empty if there is none.
 std::string BundleIconPath(const FolderItem& bundle);
 
 }  // namespace dunvey

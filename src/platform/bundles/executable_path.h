@@ -2,10 +2,17 @@
 
 #include <string>
 
+#include "platform/files/folder_item.h"
+
 namespace dunvey {
 
-/// The absolute path of the running executable, links resolved. Raises IOException if the system
-/// doesn't tell.
+/// The absolute path of the running executable, links resolved. Raises IOException if it can't be
+/// found out.
 std::string ExecutablePath();
+
+/// The folder "Resources" of the running program's bundle.
+inline Ref<FolderItem> OwnResources() {
+    return FolderItem(ExecutablePath()).Parent()->Parent()->Child("Resources");
+}
 
 }  // namespace dunvey

@@ -4,20 +4,20 @@
 
 namespace dunvey {
 
-/// A kind of documents, as it is declared to the system's file-type machinery.
+/// A kind of document, as declared to the operating system.
 class FileType {
  public:
-    /// For the user.
+    /// Shown to the user.
     std::string Name;
-    /// Those of its files, joined by ";".
+    /// Extensions, joined by ";".
     std::string Extensions;
-    /// The four characters of its type code and of its creator code.
+    /// Four-character codes of type and creator.
     std::string MacType;
     std::string MacCreator;
     std::string MimeType;
-    /// Whether the type is another program's.
+    /// Whether another program owns the type.
     bool Imported = false;
-    /// The type identifier above its own one.
+    /// The type identifier of the parent type.
     std::string ConformsTo;
     std::string UTI;
 };

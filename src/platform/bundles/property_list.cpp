@@ -3,86 +3,60 @@
 #include <plist/plist.h>
 
 #include <cstdint>
-#include <optional>
-#include <utility>
+#include <memory>
+#include <string_view>
 
 #include "platform/bundles/binary_property_list.h"
-#include "platform/bundles/plain_property_list.h"
+#include "platform/files/file_descriptor.h"
+#include "platform/text/encoding.h"
 
 namespace dunvey {
-
 namespace {
 
-/// Out of a plain XML form. It stands in the bytes.
-class PlainDictionary final : public CFDictionaryMBS {
- public:
-    PlainDictionary(Ref<CFBinaryDataMBS> data, PlainPropertyList list)
-        : data_(std::move(data)), list_(std::move(list)) {}
-
-    Ref<CFStringMBS> Lookup(const CFStringMBS& key) const override {
-        const auto text = list_.Text(key.Text());
-        return text ? New<CFStringMBS>(std::string(*text)) : nullptr;
+/// The same XML in UTF-8 without a byte-order mark. libplist takes it for UTF-8 whatever encoding
+/// it declares.
+std::string XmlInUtf8(const std::string& bytes) {
+    constexpr std::string_view kMark = "\xEF\xBB\xBF";
+    constexpr std::string_view kBigEndianMark = "\xFE\xFF";
+    const std::string_view start = std::string_view(bytes).substr(0, 2);
+    const bool marked = start == kBigEndianMark || start == "\xFF\xFE";
+    const bool bigEndian = start == std::string_view("\0<", 2);
+    if (marked || bigEndian || start == std::string_view("<\0", 2)) {
+        return ConvertEncoding(
+                   {bigEndian ? std::string(kBigEndianMark) + bytes : bytes, Encodings::UTF16},
+                   Encodings::UTF8)
+            .Bytes;
     }
+    return bytes.starts_with(kMark) ? bytes.substr(kMark.size()) : bytes;
+}
 
- private:
-    Ref<CFBinaryDataMBS> data_;
-    PlainPropertyList list_;
-};
-
-/// Out of the XML form. Holds libplist's dictionary node and frees it in the end.
-class XmlDictionary final : public CFDictionaryMBS {
- public:
-    explicit XmlDictionary(plist_t node) : node_(node) {}
-    ~XmlDictionary() override { plist_free(node_); }
-    XmlDictionary(const XmlDictionary&) = delete;
-    XmlDictionary& operator=(const XmlDictionary&) = delete;
-
-    Ref<CFStringMBS> Lookup(const CFStringMBS& key) const override {
-        plist_t value = plist_dict_get_item(node_, key.Text().c_str());
-        if (value == nullptr || plist_get_node_type(value) != PLIST_STRING) return nullptr;
-        // A zero byte ends the text. The library's call that copies it would end the process.
+Ref<CFDictionaryMBS> FromXml(const std::string& xml) {
+    plist_t root = nullptr;
+    plist_from_xml(xml.data(), static_cast<uint32_t>(xml.size()), &root);
+    const std::shared_ptr<void> node(root, &plist_free);
+    if (!node || plist_get_node_type(root) != PLIST_DICT) return nullptr;
+    return New<CFDictionaryMBS>([node](const std::string& key) -> std::optional<std::string> {
+        const plist_t value = plist_dict_get_item(node.get(), key.c_str());
+        if (value == nullptr || plist_get_node_type(value) != PLIST_STRING) return std::nullopt;
+        // plist_get_string_val would end the process at a zero byte in the text.
         const char* text = plist_get_string_ptr(value, nullptr);
-        return text == nullptr ? nullptr : New<CFStringMBS>(text);
-    }
-
- private:
-    plist_t node_;
-};
-
-class BinaryDictionary final : public CFDictionaryMBS {
- public:
-    explicit BinaryDictionary(BinaryPropertyList list) : list_(std::move(list)) {}
-
-    Ref<CFStringMBS> Lookup(const CFStringMBS& key) const override {
-        std::optional<std::string> text = list_.Text(key.Text());
-        return text ? New<CFStringMBS>(std::move(*text)) : nullptr;
-    }
-
- private:
-    BinaryPropertyList list_;
-};
+        return text == nullptr ? std::nullopt : std::optional<std::string>(text);
+    });
+}
 
 Ref<CFDictionaryMBS> FromBinary(const std::string& bytes) {
     BinaryPropertyList list(bytes);
-    return list.IsDictionary() ? New<BinaryDictionary>(std::move(list)) : Ref<BinaryDictionary>();
-}
-
-Ref<CFDictionaryMBS> FromXml(const Ref<CFBinaryDataMBS>& data) {
-    const std::string& bytes = data->Bytes;
-    if (std::optional<PlainPropertyList> list = PlainPropertyList::Read(bytes)) {
-        return New<PlainDictionary>(data, std::move(*list));
-    }
-    plist_t node = nullptr;
-    plist_from_xml(bytes.data(), static_cast<uint32_t>(bytes.size()), &node);
-    if (node == nullptr) return nullptr;
-    if (plist_get_node_type(node) != PLIST_DICT) {
-        plist_free(node);
-        return nullptr;
-    }
-    return New<XmlDictionary>(node);
+    if (!list.IsDictionary()) return nullptr;
+    return New<CFDictionaryMBS>(
+        [list = std::move(list)](const std::string& key) { return list.Text(key); });
 }
 
 }  // namespace
+
+Ref<CFStringMBS> CFDictionaryMBS::Lookup(const CFStringMBS& key) const {
+    std::optional<std::string> text = lookup_(key.Text());
+    return text ? New<CFStringMBS>(*std::move(text)) : nullptr;
+}
 
 namespace CoreFoundationGlobalsMBS {
 
@@ -93,7 +67,7 @@ Ref<CFBinaryDataMBS> NewCFBinaryDataMBSStr(std::string bytes) {
 Ref<CFDictionaryMBS> NewCFObjectMBSFromXML(const Ref<CFBinaryDataMBS>& data) {
     const std::string& bytes = data->Bytes;
     if (bytes.empty() || bytes.size() > kPropertyListLimit) return nullptr;
-    return IsBinaryPropertyList(bytes) ? FromBinary(bytes) : FromXml(data);
+    return BinaryPropertyList::HasMark(bytes) ? FromBinary(bytes) : FromXml(XmlInUtf8(bytes));
 }
 
 Ref<CFStringMBS> NewCFStringMBS(std::string text) {
@@ -101,4 +75,15 @@ Ref<CFStringMBS> NewCFStringMBS(std::string text) {
 }
 
 }  // namespace CoreFoundationGlobalsMBS
+
+std::string ReadPropertyListFile(const std::string& path) {
+    int error = 0;
+    const FileDescriptor file = OpenRegularFile(path, error);
+    if (!file) return {};
+    std::string bytes(kPropertyListLimit + 1, '\0');
+    const ssize_t count = ReadFully(file.Get(), bytes.data(), bytes.size());
+    bytes.resize(count > 0 ? static_cast<size_t>(count) : 0);
+    return bytes.size() > kPropertyListLimit ? std::string() : bytes;
+}
+
 }  // namespace dunvey

@@ -1,14 +1,17 @@
 #pragma once
 
+#include <functional>
+#include <optional>
 #include <string>
-#include <string_view>
+#include <utility>
 
 #include "platform/values/reference.h"
 
 namespace dunvey {
 
-/// The largest property list that is parsed, in bytes. A million nested arrays crash the library;
-/// the lists of real applications have a few kilobytes.
+/// The largest property list that is parsed, in bytes; those of real applications have a few
+/// thousand. A million nested arrays overflow libplist's stack, the 37,000 that fit in here use a
+/// quarter of the usual 8 MiB.
 inline constexpr size_t kPropertyListLimit = 256 * 1024;
 
 /// Bytes as a data object.
@@ -18,14 +21,8 @@ class CFBinaryDataMBS {
     const std::string Bytes;
 };
 
-/// Any value of a property list.
-class CFObjectMBS {
- public:
-    virtual ~CFObjectMBS() = default;
-};
-
 /// A text value or a key.
-class CFStringMBS final : public CFObjectMBS {
+class CFStringMBS {
  public:
     explicit CFStringMBS(std::string text) : text_(std::move(text)) {}
     const std::string& Text() const { return text_; }
@@ -34,22 +31,34 @@ class CFStringMBS final : public CFObjectMBS {
     std::string text_;
 };
 
-/// A dictionary of a property list.
-class CFDictionaryMBS : public CFObjectMBS {
+/// The dictionary that is the top value of a property list.
+class CFDictionaryMBS {
  public:
-    /// The value under the key as text; nil if there is none or it is no text.
-    virtual Ref<CFStringMBS> Lookup(const CFStringMBS& key) const = 0;
+    /// Gives the text under a key; none if there is none, or the value is no text.
+    using TextLookup = std::function<std::optional<std::string>(const std::string& key)>;
+
+    explicit CFDictionaryMBS(TextLookup lookup) : lookup_(std::move(lookup)) {}
+    /// The value under the key as text; nil if there is none, or it is no text.
+    Ref<CFStringMBS> Lookup(const CFStringMBS& key) const;
+
+ private:
+    TextLookup lookup_;
 };
 
 namespace CoreFoundationGlobalsMBS {
 
 Ref<CFBinaryDataMBS> NewCFBinaryDataMBSStr(std::string bytes);
 
-/// Parses a property list, XML or binary. Nil for bytes that don't parse, that are more than
-/// kPropertyListLimit, or whose top value is no dictionary.
+/// Parses a property list, XML (UTF-8 or UTF-16) or binary. Nil for bytes that don't parse, for
+/// more than kPropertyListLimit of them, and if the top value is no dictionary.
 Ref<CFDictionaryMBS> NewCFObjectMBSFromXML(const Ref<CFBinaryDataMBS>& data);
 
 Ref<CFStringMBS> NewCFStringMBS(std::string text);
 
 }  // namespace CoreFoundationGlobalsMBS
+
+/// The bytes of the property list in a file; empty if it is missing, no regular file, unreadable or
+/// larger than kPropertyListLimit. Never waits for a FIFO.
+std::string ReadPropertyListFile(const std::string& path);
+
 }  // namespace dunvey

@@ -6,6 +6,7 @@
 
 #include <array>
 #include <cerrno>
+#include <climits>
 
 #include "platform/files/file_descriptor.h"
 
@@ -39,6 +40,14 @@ int CopyFile(const std::string& source, const std::string& target) {
     if (error == 0) error = closing;
     if (error != 0) Uninterrupted([&] { return unlink(target.c_str()); });
     return error;
+}
+
+int CopyFileOrLink(const std::string& source, const std::string& target) {
+    char path[PATH_MAX];
+    const ssize_t length = readlink(source.c_str(), path, sizeof path - 1);
+    if (length < 0) return CopyFile(source, target);
+    path[length] = '\0';
+    return symlink(path, target.c_str()) == 0 ? 0 : errno;
 }
 
 }  // namespace dunvey

@@ -1,32 +1,23 @@
 #include "platform/files/folder_item.h"
 
+#include <dirent.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <array>
 #include <cerrno>
+#include <memory>
 
 #include "platform/files/file_copy.h"
 #include "platform/files/file_descriptor.h"
+#include "platform/files/path.h"
 
 namespace dunvey {
 namespace {
 
-std::string CurrentDirectory() {
-    std::string buffer(256, '\0');
-    while (getcwd(buffer.data(), buffer.size()) == nullptr) {
-        // The folder is gone. Below what is no folder nothing can exist, whereas another folder
-        // might well hold a file of the name.
-        if (errno != ERANGE) return "/dev/null";
-        buffer.resize(buffer.size() * 2);
-    }
-    buffer.resize(buffer.find('\0'));
-    return buffer;
-}
-
-/// The path without doubled slashes, "." components and a slash at the end. ".." stays: behind a
-/// link it doesn't lead back.
+/// The path without doubled slashes, "." components and a slash at the end. ".." stays, since after
+/// a link it leads elsewhere.
 std::string Tidied(const std::string& path) {
     std::string tidy;
     for (size_t begin = 0; begin < path.size();) {
@@ -38,6 +29,19 @@ std::string Tidied(const std::string& path) {
     return tidy.empty() ? "/" : tidy;
 }
 
+/// The names in the folder as far as it can be read, in byte order.
+std::vector<std::string> NamesIn(const std::string& folder) {
+    std::vector<std::string> names;
+    const std::unique_ptr<DIR, int (*)(DIR*)> directory(opendir(folder.c_str()), &closedir);
+    if (!directory) return names;
+    while (const dirent* entry = readdir(directory.get())) {
+        std::string name = entry->d_name;
+        if (name != "." && name != "..") names.push_back(std::move(name));
+    }
+    std::sort(names.begin(), names.end());
+    return names;
+}
+
 /// Returns 0 or the errno.
 int Look(const std::string& path, bool followsLinks, struct stat& status) {
     const auto look = followsLinks ? &stat : &lstat;
@@ -46,8 +50,10 @@ int Look(const std::string& path, bool followsLinks, struct stat& status) {
 
 }  // namespace
 
-FolderItem::FolderItem(std::string path)
-    : path_(Tidied(!path.empty() && path[0] == '/' ? path : CurrentDirectory() + "/" + path)) {}
+FolderItem::FolderItem(std::string path) : path_(Tidied(AbsolutePath(path))) {
+    // The current folder was removed. Nothing can exist below something that is not a folder.
+    if (path_ == "/" && !path.starts_with('/')) path_ = Tidied("/dev/null/" + path);
+}
 
 std::string FolderItem::Name() const {
     return path_ == "/" ? path_ : path_.substr(path_.rfind('/') + 1);
@@ -66,7 +72,11 @@ bool FolderItem::Directory() const {
 }
 
 int64_t FolderItem::Count() const {
-    return static_cast<int64_t>(listing_.Names(path_).size());
+    if (walked_ == 0 || walked_ >= names_.size()) {
+        names_ = Directory() ? NamesIn(path_) : std::vector<std::string>();
+        walked_ = 0;
+    }
+    return static_cast<int64_t>(names_.size());
 }
 
 Ref<FolderItem> FolderItem::Parent() const {
@@ -79,9 +89,10 @@ Ref<FolderItem> FolderItem::Child(const std::string& name) const {
 }
 
 Ref<FolderItem> FolderItem::TrueItem(int64_t position) const {
-    const std::vector<std::string>& names = listing_.Names(path_);
-    if (position < 1 || position > static_cast<int64_t>(names.size())) return nullptr;
-    Ref<FolderItem> item = Child(names[static_cast<size_t>(position - 1)]);
+    if (names_.empty()) Count();
+    if (position < 1 || position > static_cast<int64_t>(names_.size())) return nullptr;
+    walked_ = static_cast<size_t>(position);
+    Ref<FolderItem> item = Child(names_[walked_ - 1]);
     item->followsLinks_ = false;
     return item;
 }
@@ -89,7 +100,7 @@ Ref<FolderItem> FolderItem::TrueItem(int64_t position) const {
 void FolderItem::CopyFileTo(const FolderItem& destination) const {
     const std::string target =
         destination.Directory() ? destination.Child(Name())->path_ : destination.path_;
-    lastErrorCode_ = CopyFile(path_, target);
+    lastErrorCode_ = followsLinks_ ? CopyFile(path_, target) : CopyFileOrLink(path_, target);
 }
 
 void FolderItem::CreateAsFolder() const {
@@ -99,7 +110,7 @@ void FolderItem::CreateAsFolder() const {
 
 void FolderItem::Delete() const {
     int result = Uninterrupted([this] { return unlink(path_.c_str()); });
-    // What the two homes say of a folder.
+    // EISDIR on Linux and EPERM on macOS: it is a folder.
     if (result != 0 && (errno == EISDIR || errno == EPERM)) {
         result = Uninterrupted([this] { return rmdir(path_.c_str()); });
     }
@@ -122,7 +133,7 @@ std::string ShellWord(const std::string& text) {
     word.reserve(text.size() + text.size() / 4);
     for (const char c : text) {
         if (c == '\n') {
-            word += "'\n'";  // a backslash in front of it would make both vanish
+            word += "'\n'";  // the shell drops a backslash and a line feed after it
         } else {
             const bool plain = static_cast<signed char>(c) < 0 || kPlain.find(c) != kPlain.npos;
             if (!plain) word += '\\';
@@ -134,13 +145,8 @@ std::string ShellWord(const std::string& text) {
 
 std::string QuotedShellWord(const std::string& text) {
     std::string word = "'";
-    for (const char c : text) {
-        if (c == '\'') {
-            word += "'\\''";
-        } else {
-            word += c;
-        }
-    }
+    for (const char c : text)
+        word += c == '\'' ? std::string("'\\''") : std::string(1, c);
     return word + "'";
 }
 

@@ -8,10 +8,9 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <cstdlib>
 #include <cstring>
-#include <memory>
 
+#include "platform/files/path.h"
 #include "platform/values/exceptions.h"
 
 namespace dunvey {
@@ -45,12 +44,6 @@ int LockFile(int descriptor, int operation) {
         poll(nullptr, 0, kWait);
     }
     return EWOULDBLOCK;
-}
-
-std::string Resolved(const std::string& path) {
-    const std::unique_ptr<char, decltype(&std::free)> resolved(realpath(path.c_str(), nullptr),
-                                                               &std::free);
-    return resolved ? resolved.get() : path;
 }
 
 }  // namespace
@@ -92,9 +85,10 @@ std::string TextInputStream::ReadAll() {
     stream_->LockForReading();
     std::string text;
     for (;;) {
-        const std::string block = stream_->Read(std::max(kBlock, stream_->Length()));
+        const std::string block = stream_->Read(kBlock);
         if (block.empty()) return text;
         text += block;
+        if (text.size() > kTextFileLimit) Raise("read", stream_->Path(), EFBIG);
     }
 }
 
@@ -109,7 +103,7 @@ Ref<TextOutputStream> TextOutputStream::Create(const Ref<FolderItem>& item) {
     // A link to nowhere: what it leads to is made.
     file = OpenForWriting(path, O_WRONLY | O_CREAT, error);
     if (!file) Raise("written", path, error);
-    return New<TextOutputStream>(std::move(file), Resolved(path), true);
+    return New<TextOutputStream>(std::move(file), RealPath(path), true);
 }
 
 int TextOutputStream::WriteAt(off_t place, std::string_view text) {

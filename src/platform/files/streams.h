@@ -25,6 +25,7 @@ class BinaryStream {
     /// IOException if one holds the file for half a second.
     void LockForReading() const;
     void Close() { file_.Close(); }
+    const std::string& Path() const { return path_; }
 
     BinaryStream(FileDescriptor file, std::string path)
         : file_(std::move(file)), path_(std::move(path)) {}
@@ -34,13 +35,17 @@ class BinaryStream {
     std::string path_;
 };
 
+/// The size of the largest text file that is read, in bytes.
+inline constexpr size_t kTextFileLimit = 64 * 1024 * 1024;
+
 /// Reads a whole text file.
 class TextInputStream {
  public:
     /// Raises IOException as BinaryStream::Open does.
     static Ref<TextInputStream> Open(const Ref<FolderItem>& file);
 
-    /// All bytes of the file, with no conversion; locks the file. Raises IOException.
+    /// All bytes of the file, with no conversion; locks the file. Raises IOException, also beyond
+    /// kTextFileLimit.
     std::string ReadAll();
     void Close() { stream_->Close(); }
 

@@ -25,7 +25,7 @@ Ref<Picture> BundleIcon(int64_t size) {
     std::vector<Ref<Picture>> resolutions;
     for (const int64_t side : {size, size * 2}) {
         resolutions.push_back(New<Picture>(side, side));
-        resolutions.back()->Pixels() = image->CGImageForProposedRect({0, 0, side, side})();
+        resolutions.back()->Pixels() = image->CGImageForProposedRect({0, 0, side, side});
     }
     return New<Picture>(size, size, resolutions);
 }

@@ -7,17 +7,17 @@
 
 namespace dunvey {
 
-/// What the operating system knows of files and file types. It loads the desktop, so each operation
-/// raises DesktopUnavailableException where there is no screen.
+/// The icons of files and file types. Each operation loads the desktop and raises
+/// DesktopUnavailableException without a display.
 class NSWorkspace {
  public:
     static const NSWorkspace& sharedWorkspace();
 
-    /// The image that stands for the file or folder at an absolute path; never nil. For a path that
-    /// leads nowhere it is that of a plain file.
+    /// The icon of the file or folder at an absolute path; never nil. A path to nothing gives the
+    /// icon of a plain file.
     Ref<NSImage> iconForFile(const std::string& path) const;
-    /// The image of an extension, or of a four-letter code in single quotes; never nil. What isn't
-    /// known gives that of a plain file.
+    /// The icon of an extension, or of a four-letter code in single quotes; never nil. An unknown
+    /// type gives the icon of a plain file.
     Ref<NSImage> iconForFileType(const std::string& type) const;
 };
 

@@ -61,6 +61,7 @@ QtApplication::QtApplication(const std::string& platform)
     setDesktopFileName(QStringLiteral("org.dunvey.Dunvey"));
     // QFileDialog would save its state in the user's configuration. No folder can be made there.
     QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, QStringLiteral("/dev/null"));
+    SetWindowIcon();
     installEventFilter(&freshWindowGuard_);
     TranslateTexts();
     setStyle(new QtStyle);

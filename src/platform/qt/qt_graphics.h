@@ -7,10 +7,10 @@
 
 namespace dunvey {
 
-/// Draws the picture there at its own size, out of the resolution that suits the device best.
+/// Draws the picture at its own size, in the resolution that suits the device best.
 void DrawPictureAt(QPainter& painter, const Picture& picture, const QPoint& place);
 
-/// A drawing surface of that size, its top left corner at the painter's origin.
+/// A drawing surface of `size` whose top left corner is the painter's origin.
 class QtGraphics final : public Graphics {
  public:
     QtGraphics(QPainter& painter, const QSize& size) : painter_(painter), size_(size) {}

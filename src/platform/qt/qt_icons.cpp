@@ -1,97 +1,94 @@
 #include "platform/qt/qt_icons.h"
 
-#include <utility>
+#include <QApplication>
+#include <QFileInfo>
+#include <QImageReader>
+#include <QPainter>
+#include <QPixmap>
+#include <algorithm>
+#include <climits>
+#include <map>
+#include <string_view>
 #include <vector>
-
-#include "platform/bundles/bundle_icon.h"
-#include "platform/loop/application.h"
-#include "platform/qt/qt_bitmap.h"
-#include "platform/qt/qt_icon_drawing.h"
-#include "platform/qt/qt_icon_source.h"
-#include "platform/text/text.h"
 
 namespace dunvey {
 namespace {
 
-/// The first of the pictures that has pixels, else the drawing in that size.
-Bitmap FirstOf(const std::vector<CGImage>& images, IconDrawing drawing, const QSize& size) {
-    for (const CGImage& unpack : images) {
-        Bitmap bitmap = unpack();
-        if (!bitmap.Pixels.empty()) return bitmap;
-    }
-    return BitmapOf(DrawIcon(drawing, size));
+/// Pixels on a side of an icon file's part, by its type; 1 for an unknown type. The types are
+/// listed in https://en.wikipedia.org/wiki/Apple_Icon_Image_format.
+int SideOf(const QByteArray& type) {
+    static constexpr std::pair<int, std::string_view> kTypes[] = {
+        {16, "is32 icp4 ic04"}, {32, "il32 icp5 ic05 ic11"}, {48, "ih32"},       {64, "icp6 ic12"},
+        {128, "it32 ic07"},     {256, "ic08 ic13"},          {512, "ic09 ic14"}, {1024, "ic10"}};
+    for (const auto& [side, types] : kTypes)
+        if (types.find(type.left(4).constData()) != types.npos) return side;
+    return 1;
 }
 
-/// The picture of the first source that has one, at last a drawing.
-class SourcedImage final : public NSImage {
- public:
-    SourcedImage(std::vector<IconSource> sources, IconDrawing drawing)
-        : sources_(std::move(sources)), drawing_(drawing) {}
+/// The image in the middle of a bitmap of that size, as large as fits.
+Bitmap Fitted(const QImage& image, const QSize& size) {
+    std::vector<uint32_t> pixels(static_cast<size_t>(size.width()) *
+                                 static_cast<size_t>(size.height()));
+    QImage fitted(reinterpret_cast<uchar*>(pixels.data()), size.width(), size.height(),
+                  size.width() * 4, QImage::Format_ARGB32_Premultiplied);
+    QRect place(QPoint(), image.size().scaled(size, Qt::KeepAspectRatio));
+    place.moveCenter(fitted.rect().center());
+    QPainter(&fitted).drawImage(place.topLeft(), image.scaled(place.size(), Qt::IgnoreAspectRatio,
+                                                              Qt::SmoothTransformation));
+    return {size.width(), size.height(), std::move(pixels)};
+}
 
-    CGImage CGImageForProposedRect(const PixelRectangle& rectangle) const override {
+class QtImage final : public NSImage {
+ public:
+    explicit QtImage(IconSource source) : source_(std::move(source)) {}
+
+    Bitmap CGImageForProposedRect(const PixelRectangle& rectangle) const override {
         const QSize size(static_cast<int>(rectangle.Width), static_cast<int>(rectangle.Height));
-        if (size.isEmpty()) return [] { return Bitmap(); };
-        std::vector<CGImage> images;
-        for (const IconSource& source : sources_)
-            images.push_back(source(size));
-        return [images = std::move(images), drawing = drawing_, size] {
-            return FirstOf(images, drawing, size);
-        };
+        if (size.isEmpty()) return {};
+        QImage image = ReadIconFile(source_.file, std::max(size.width(), size.height()));
+        if (image.isNull()) {
+            image = source_.icon().pixmap(size).toImage();
+            image.setDevicePixelRatio(1);
+        }
+        return Fitted(image, size);
     }
 
  private:
-    std::vector<IconSource> sources_;
-    IconDrawing drawing_;
+    IconSource source_;
 };
-
-/// The imported icon that documents of the extension have; empty for other kinds of files.
-std::string ImportedIcon(const std::string& extension) {
-    const std::string lowered = Lowercase(extension);
-    const bool isBook = lowered == "indb";
-    if (!isBook && lowered != "indd" && lowered != "indl" && lowered != "indt") return {};
-    return Application::ExecutableFile()
-        ->Parent()
-        ->Parent()
-        ->Child("Resources")
-        ->Child(isBook ? "ID_Book_Icon.icns" : "ID_Document_Icon.icns")
-        ->NativePath();
-}
-
-Ref<NSImage> FileImage(const std::string& extension, const QString& path) {
-    std::vector<IconSource> sources;
-    const std::string imported = ImportedIcon(extension);
-    if (!imported.empty()) sources.push_back(IconFileSource(imported));
-    sources.push_back(SystemSource(path));
-    return New<SourcedImage>(std::move(sources), IconDrawing::Page);
-}
-
-Ref<NSImage> BundleImage(const FolderItem& bundle) {
-    std::vector<IconSource> sources;
-    const std::string icon = BundleIconPath(bundle);
-    if (!icon.empty()) sources.push_back(IconFileSource(icon));
-    sources.push_back(ThemeSource(QStringLiteral("application-x-executable")));
-    return New<SourcedImage>(std::move(sources), IconDrawing::Application);
-}
 
 }  // namespace
 
-Ref<NSImage> QtIconForFile(const std::string& path) {
-    const FolderItem item(path);
-    const QString name = QString::fromStdString(path);
-    if (IsBundle(item)) return BundleImage(item);
-    if (item.Directory()) {
-        return New<SourcedImage>(std::vector{SystemSource(name)}, IconDrawing::Folder);
+std::function<QIcon()> StandardIcon(QStyle::StandardPixmap icon) {
+    return [icon] { return QApplication::style()->standardIcon(icon); };
+}
+
+QImage ReadIconFile(const QString& path, int side) {
+    // To open a FIFO could block.
+    if (!QFileInfo(path).isFile()) return {};
+    QImageReader reader(path, "icns");
+    // In the order in which they are tried: too small ones last, the largest of them first.
+    std::multimap<int, int> parts;
+    for (int part = 0; part < reader.imageCount() && reader.jumpToImage(part); ++part) {
+        const int partSide = SideOf(reader.subType());
+        parts.emplace(partSide >= side ? partSide : INT_MAX - partSide, part);
     }
-    return FileImage(SplitB(item.Name(), ".").back(), name);
+    for (const auto& [order, part] : parts) {
+        reader.jumpToImage(part);
+        const QImage image = reader.read();
+        if (!image.isNull()) return image;
+    }
+    return {};
+}
+
+Ref<NSImage> QtIconForFile(const std::string& path) {
+    return New<QtImage>(SystemIcon(QString::fromStdString(path)));
 }
 
 Ref<NSImage> QtIconForFileType(const std::string& type) {
-    // Not the icon theme's: a tenth of the time until the chooser is on the screen would go into
-    // reading its tables.
-    if (type == "'caut'") {
-        return New<SourcedImage>(std::vector<IconSource>(), IconDrawing::Caution);
-    }
-    return FileImage(type, QStringLiteral("file.") + QString::fromStdString(type));
+    if (type == "'caut'")
+        return New<QtImage>(IconSource{{}, StandardIcon(QStyle::SP_MessageBoxWarning)});
+    return New<QtImage>(SystemIcon(QStringLiteral("file.") + QString::fromStdString(type)));
 }
 
 }  // namespace dunvey

@@ -1,5 +1,9 @@
 #pragma once
 
+#include <QIcon>
+#include <QString>
+#include <QStyle>
+#include <functional>
 #include <string>
 
 #include "platform/pictures/native_image.h"
@@ -7,10 +11,26 @@
 
 namespace dunvey {
 
-/// The image that stands for the file or folder at an absolute path, which exists.
+/// The icon of the file or folder at an absolute path.
 Ref<NSImage> QtIconForFile(const std::string& path);
-
-/// The image of a file type: an extension, or a four-letter code in single quotes.
+/// The icon of a file type: an extension, or a four-letter code in single quotes.
 Ref<NSImage> QtIconForFileType(const std::string& type);
+
+/// Where an icon comes from: an icon file (.icns), empty for none, and what is used without it.
+struct IconSource {
+    QString file;
+    std::function<QIcon()> icon;
+};
+
+/// An icon of the style.
+std::function<QIcon()> StandardIcon(QStyle::StandardPixmap icon);
+/// What differs between systems: the icon of a file or folder. The path may be a mere file name.
+IconSource SystemIcon(const QString& path);
+/// Gives the program's windows their icon, where the system doesn't.
+void SetWindowIcon();
+
+/// The part of an icon file (.icns) that suits `side` pixels: the smallest that has at least as
+/// many, else the largest; unreadable ones are skipped. A null image if there is none.
+QImage ReadIconFile(const QString& path, int side);
 
 }  // namespace dunvey

@@ -3,8 +3,10 @@
 #include <gtest/gtest.h>
 
 #include <cstdio>
+#include <utility>
 #include <vector>
 
+#include "platform/text/encoding.h"
 #include "support/headers.h"
 
 namespace dunvey {
@@ -31,6 +33,20 @@ TEST(PropertyList, GivesTheTextUnderAKey) {
     EXPECT_EQ(Look(Xml("<dict><key>k</key><integer>8</integer></dict>")), "none");
     EXPECT_EQ(Look(Xml("<dict><key>K</key><string>x</string></dict>")), "none");
     EXPECT_EQ(Look(Xml("<dict/>")), "none");
+}
+
+TEST(PropertyList, ReadsXmlWithAByteOrderMarkAndInUtf16) {
+    const std::string xml = Xml("<dict><key>k</key><string>9 \u65e5</string></dict>");
+    EXPECT_EQ(Look("\xEF\xBB\xBF" + xml), "9 \u65e5");
+    for (const char* mark : {"\xFF\xFE", "\xFE\xFF", ""}) {
+        for (const bool bigEndian : {false, true}) {
+            std::string utf16 = ConvertEncoding({xml, Encodings::UTF8}, Encodings::UTF16).Bytes;
+            for (size_t i = 0; bigEndian && i < utf16.size(); i += 2)
+                std::swap(utf16[i], utf16[i + 1]);
+            const bool markIsRight = *mark == '\0' || bigEndian == (*mark == '\xFE');
+            EXPECT_EQ(Look(mark + utf16), markIsRight ? "9 \u65e5" : "nil") << bigEndian;
+        }
+    }
 }
 
 /// A binary list of these objects, each as hexadecimal text; the first one is on top.
@@ -69,7 +85,7 @@ TEST(PropertyList, ReadsTheBinaryForm) {
     EXPECT_EQ(Look(Binary({"a0"})), "nil") << "an array on top";
     EXPECT_EQ(Look(Binary({"d10100", "516b"})), "none") << "itself as its value";
     EXPECT_EQ(Look(Binary({"d10909", "516b"})), "none") << "references to nowhere";
-    EXPECT_EQ(Look(Binary({"df13ffffffffffffffff01", "516b"})), "none") << "a count beyond all";
+    EXPECT_EQ(Look(Binary({"df13ffffffffffffffff01", "516b"})), "nil") << "a count beyond all";
     EXPECT_EQ(Look(Binary({"d10102", "516b", "5f13ffffffffffffffff"})), "none");
     EXPECT_EQ(Look(Binary({"d10102", "516b", "5f1f01"})), "none");
 }
@@ -108,12 +124,22 @@ TEST(PropertyList, RefusesWhatIsNone) {
         EXPECT_EQ(Look(bytes), "nil") << bytes.substr(0, 40);
 }
 
-// As deep as the limit of the size lets a list be.
+// As deep as the size limit allows.
 TEST(PropertyList, SurvivesDeepNesting) {
-    std::string deep;
-    while (deep.size() + 100 < kPropertyListLimit)
-        deep += "<array>";
-    EXPECT_EQ(Look(Xml(deep)), "nil");
+    const auto nested = [](const std::string& open, const std::string& close) {
+        std::string list;
+        const size_t levels = (kPropertyListLimit - 200) / (open.size() + close.size());
+        for (size_t i = 0; i < levels; ++i)
+            list += open;
+        for (size_t i = 0; i < levels; ++i)
+            list += close;
+        return list;
+    };
+    EXPECT_EQ(Look(Xml(nested("<array>", ""))), "nil");
+    EXPECT_EQ(Look(Xml(nested("<dict><key>a</key>", ""))), "nil");
+    EXPECT_EQ(Look(Xml("<dict><key>k</key><string>8</string><key>a</key>" +
+                       nested("<array>", "</array>") + "</dict>")),
+              "8");
 }
 
 }  // namespace

@@ -17,7 +17,7 @@ namespace {
 
 using test::TemporaryFolder;
 
-/// What a shell makes of the words, one a line feed apart is no use: each ends in a zero byte.
+/// The words as a shell reads them.
 std::vector<std::string> WordsThroughShell(const std::string& shell, const std::string& words) {
     const TemporaryFolder folder;
     const std::string script = folder.Write("script", "printf '%s\\0' " + words + "\n");
@@ -84,21 +84,52 @@ TEST(FolderItem, EntriesComeInNameOrderAndLinksAreNotFollowed) {
     EXPECT_FALSE(item.TrueItem(6));
     EXPECT_TRUE(item.TrueItem(3)->Directory());
     EXPECT_FALSE(item.TrueItem(4)->Directory()) << "a link to a folder is no folder here";
-    EXPECT_TRUE(item.Child("d")->Directory()) << "a child by name is followed";
+    EXPECT_TRUE(item.Child("d")->Directory()) << "a link by its name is followed";
     EXPECT_TRUE(item.TrueItem(5)->Exists());
     EXPECT_FALSE(item.Child("e")->Exists());
 }
 
-TEST(FolderItem, CountSeesWhatChangesInBetween) {
+TEST(FolderItem, CountSeesChangesAndAWalkKeepsItsListing) {
     const TemporaryFolder folder;
     const FolderItem item(folder.Path());
     EXPECT_EQ(item.Count(), 0);
-    for (int64_t count = 1; count <= 50; ++count) {
+    for (int64_t count = 1; count <= 3; ++count) {
         folder.Write("file" + std::to_string(count), "");
         EXPECT_EQ(item.Count(), count);
     }
+    EXPECT_TRUE(item.TrueItem(1)->Exists());
+    folder.Write("a new first one", "");
+    unlink((folder / "file2").c_str());
+    EXPECT_EQ(item.Count(), 3) << "a walk has begun";
+    EXPECT_FALSE(item.TrueItem(2)->Exists());
+    EXPECT_EQ(item.TrueItem(3)->Name(), "file3");
+    folder.Write("z", "");
+    EXPECT_EQ(item.Count(), 4) << "the walk is over";
     EXPECT_EQ(FolderItem(folder / "none").Count(), 0);
-    EXPECT_EQ(FolderItem(folder / "file1").Count(), 0);
+    EXPECT_EQ(FolderItem(folder / "z").Count(), 0);
+}
+
+TEST(FolderItem, AnEntryThatIsALinkCountsAsALinkEverywhere) {
+    const TemporaryFolder folder;
+    folder.MakeFolder("b/inner");
+    ASSERT_EQ(symlink("b", (folder / "1").c_str()), 0);
+    ASSERT_EQ(symlink("b/inner", (folder / "2").c_str()), 0);
+    ASSERT_EQ(symlink("nowhere", (folder / "3").c_str()), 0);
+    folder.MakeFolder("to");
+    const FolderItem item(folder.Path());
+    for (int64_t i = 1; i <= 3; ++i) {
+        const Ref<FolderItem> link = item.TrueItem(i);
+        EXPECT_TRUE(link->Exists());
+        EXPECT_FALSE(link->Directory());
+        EXPECT_EQ(link->Count(), 0);
+        link->CopyFileTo(FolderItem(folder / "to"));
+        EXPECT_EQ(link->LastErrorCode(), 0);
+        EXPECT_FALSE(FolderItem(folder / "to").Child(link->Name())->Exists())
+            << "a link that leads nowhere from there";
+        link->CopyFileTo(FolderItem(folder / "to"));
+        EXPECT_EQ(link->LastErrorCode(), EEXIST);
+    }
+    EXPECT_EQ(FolderItem(folder / "to").Count(), 3);
 }
 
 TEST(FolderItem, CopiesMakesAndDeletesWithAnErrorCode) {

@@ -41,6 +41,13 @@ TEST(Streams, RefuseWhatIsNoRegularFileAndNeverWait) {
     EXPECT_THROW(BinaryStream::Open(nullptr), NilObjectException);
 }
 
+TEST(TextInputStream, RefusesAHugeFile) {
+    const TemporaryFolder folder;
+    const auto file = New<FolderItem>(folder.Write("file", "x"));
+    ASSERT_EQ(truncate(file->NativePath().c_str(), off_t{1} << 42), 0);
+    EXPECT_THROW(TextInputStream::Open(file)->ReadAll(), IOException);
+}
+
 TEST(TextOutputStream, ReplacesLongerAndShorterText) {
     const TemporaryFolder folder;
     const auto file = New<FolderItem>(folder / "file");

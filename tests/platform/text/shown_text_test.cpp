@@ -70,35 +70,5 @@ TEST(PictureTest, TheLeastResolutionThatSuffices) {
     }
 }
 
-TEST(PictureTest, IsDrawnWhenItIsSeenOnceAndInOrder) {
-    std::vector<int> drawn;
-    const auto draw = [&drawn](int number) {
-        return [&drawn, number](Bitmap& pixels) {
-            drawn.push_back(number);
-            pixels.Pixels.at(0) = static_cast<uint32_t>(number);
-        };
-    };
-    const auto small = New<Picture>(16, 16);
-    const auto large = New<Picture>(32, 32);
-    small->DrawWhenSeen(draw(1));
-    small->DrawWhenSeen(draw(2));
-    large->DrawWhenSeen(draw(3));
-    const Picture picture(16, 16, {small, large});
-    EXPECT_TRUE(drawn.empty());
-    EXPECT_EQ(picture.PixelsFor(1).Pixels.at(0), 2u);
-    EXPECT_EQ(drawn, (std::vector{1, 2})) << "the other resolution isn't needed";
-    EXPECT_EQ(picture.PixelsFor(2).Pixels.at(0), 3u);
-    EXPECT_EQ(picture.PixelsFor(1).Pixels.at(0), 2u);
-    small->Pixels().Pixels.at(0) = 9;
-    EXPECT_EQ(picture.PixelsFor(1).Pixels.at(0), 9u);
-    EXPECT_EQ(drawn, (std::vector{1, 2, 3}));
-
-    small->DrawWhenSeen([](Bitmap&) { throw std::bad_alloc(); });
-    small->DrawWhenSeen(draw(4));
-    EXPECT_THROW(picture.PixelsFor(1), std::bad_alloc);
-    EXPECT_EQ(picture.PixelsFor(1).Pixels.at(0), 4u)
-        << "not tried again, and what follows is drawn";
-}
-
 }  // namespace
 }  // namespace dunvey

@@ -16,24 +16,11 @@ namespace {
 
 constexpr std::string_view kExtension = ".app";
 
-/// The bytes of a regular file up to the limit of property lists and one more; none if it can't be
-/// read.
-std::string ReadPropertyList(const std::string& path) {
-    int error = 0;
-    const FileDescriptor file = OpenRegularFile(path, error);
-    struct stat status;
-    if (!file || fstat(file.Get(), &status) != 0) return {};
-    if (status.st_size > static_cast<off_t>(kPropertyListLimit)) return {};
-    std::string bytes(static_cast<size_t>(status.st_size), '\0');
-    const ssize_t count = ReadFully(file.Get(), bytes.data(), bytes.size());
-    bytes.resize(count > 0 ? static_cast<size_t>(count) : 0);
-    return bytes;
-}
-
 /// The name that the property list gives; empty if it gives none.
 std::string DeclaredName(const std::string& propertyList) {
     using namespace CoreFoundationGlobalsMBS;
-    const auto list = NewCFObjectMBSFromXML(NewCFBinaryDataMBSStr(ReadPropertyList(propertyList)));
+    const auto list =
+        NewCFObjectMBSFromXML(NewCFBinaryDataMBSStr(ReadPropertyListFile(propertyList)));
     if (!list) return {};
     const Ref<CFStringMBS> name = list->Lookup(*NewCFStringMBS("CFBundleExecutable"));
     return name ? name->Text() : std::string();

@@ -1,31 +1,57 @@
+#include <QApplication>
 #include <QFileInfo>
 #include <QMimeDatabase>
 
-#include "platform/qt/qt_bitmap.h"
-#include "platform/qt/qt_icon_source.h"
+#include "platform/bundles/bundle_icon.h"
+#include "platform/bundles/executable_path.h"
+#include "platform/qt/qt_icons.h"
 
 namespace dunvey {
 namespace {
 
-/// By the name alone: a look into the file could wait for ever.
-Bitmap BitmapByName(const QString& file, const QSize& size) {
-    for (const QMimeType& type : QMimeDatabase().mimeTypesForFileName(file)) {
-        for (const QString& name : {type.iconName(), type.genericIconName()}) {
-            const QImage image = ThemeImage(name, size);
-            if (!image.isNull()) return FittedBitmapOf(image, size);
-        }
-    }
+QString OwnResource(const char* name) {
+    return QString::fromStdString(OwnResources()->Child(name)->NativePath());
+}
+
+/// The icon that was imported for documents with this extension; empty for other files.
+QString ImportedIcon(const QString& extension) {
+    if (extension == QLatin1String("indb")) return OwnResource("ID_Book_Icon.icns");
+    for (const char* document : {"indd", "indl", "indt"})
+        if (extension == QLatin1String(document)) return OwnResource("ID_Document_Icon.icns");
     return {};
+}
+
+/// By the file's name alone: to look into a FIFO would block.
+QIcon DocumentIcon(const QString& fileName) {
+    for (const QMimeType& type : QMimeDatabase().mimeTypesForFileName(fileName))
+        for (const QString& name : {type.iconName(), type.genericIconName()})
+            if (QIcon::hasThemeIcon(name)) return QIcon::fromTheme(name);
+    return StandardIcon(QStyle::SP_FileIcon)();
+}
+
+QIcon ApplicationIcon() {
+    return QIcon::fromTheme(QStringLiteral("application-x-executable"),
+                            StandardIcon(QStyle::SP_FileIcon)());
 }
 
 }  // namespace
 
-IconSource SystemSource(const QString& path) {
+IconSource SystemIcon(const QString& path) {
+    const FolderItem item(path.toStdString());
+    if (IsBundle(item)) return {QString::fromStdString(BundleIconPath(item)), &ApplicationIcon};
+    if (item.Directory()) return {{}, StandardIcon(QStyle::SP_DirIcon)};
     const QFileInfo file(path);
-    if (file.isDir()) return ThemeSource(QStringLiteral("folder"));
-    return [name = file.fileName()](const QSize& size) -> CGImage {
-        return [name, size] { return BitmapByName(name, size); };
-    };
+    return {ImportedIcon(file.suffix().toLower()),
+            [name = file.fileName()] { return DocumentIcon(name); }};
+}
+
+void SetWindowIcon() {
+    QIcon icon;
+    for (const int side : {16, 32, 64, 128}) {
+        const QImage image = ReadIconFile(OwnResource("Dunvey.icns"), side);
+        if (!image.isNull()) icon.addPixmap(QPixmap::fromImage(image));
+    }
+    QApplication::setWindowIcon(icon);
 }
 
 }  // namespace dunvey

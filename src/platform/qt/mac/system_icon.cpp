@@ -1,17 +1,15 @@
 #include <QFileIconProvider>
-#include <QIcon>
 
-#include "platform/qt/qt_bitmap.h"
-#include "platform/qt/qt_icon_source.h"
+#include "platform/qt/qt_icons.h"
 
 namespace dunvey {
 
-IconSource SystemSource(const QString& path) {
-    return [path](const QSize& size) -> CGImage {
-        // The toolkit asks the workspace.
-        const QImage image = QFileIconProvider().icon(QFileInfo(path)).pixmap(size).toImage();
-        return [bitmap = FittedBitmapOf(image, size)] { return bitmap; };
-    };
+IconSource SystemIcon(const QString& path) {
+    // Qt asks the workspace.
+    return {{}, [path] { return QFileIconProvider().icon(QFileInfo(path)); }};
 }
+
+// The Dock shows the bundle's icon.
+void SetWindowIcon() {}
 
 }  // namespace dunvey
