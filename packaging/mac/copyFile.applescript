@@ -1,24 +1,23 @@
--- Puts the two document icons into the bundle with the administrator's rights. The four arguments:
--- source and destination of the document icon, source and destination of the book icon, each an
--- absolute path written as one word of a shell. Gives back nothing on success, else why not.
+-- Copies the two document icons into the bundle with the rights of an administrator. Arguments: source and
+-- destination of the document icon, source and destination of the book icon, each an absolute path written
+-- as one shell word. Returns "" on success, else the reason.
 -- Compile it with: osacompile -o copyFile.scpt copyFile.applescript
 on run argv
 	if (count of argv) is not 4 then return "Four paths are needed."
-	set documentSource to item 1 of argv
-	set documentDestination to item 2 of argv
-	set bookSource to item 3 of argv
-	set bookDestination to item 4 of argv
-	-- Each icon is written beside its place first, so that it appears whole or not at all.
-	set documentCopy to documentDestination & ".new"
-	set bookCopy to bookDestination & ".new"
-	set copyDocument to "/bin/cp -f " & documentSource & " " & documentCopy
-	set copyBook to "/bin/cp -f " & bookSource & " " & bookCopy
-	set moveDocument to "/bin/mv -f " & documentCopy & " " & documentDestination
-	set moveBook to "/bin/mv -f " & bookCopy & " " & bookDestination
-	set copyBoth to copyDocument & " && " & copyBook
-	set moveBoth to moveDocument & " && " & moveBook
+	-- Root writes the destinations only. The sources are read as the user, whose links can't lead to more
+	-- than he may read.
+	set readAsUser to "/usr/bin/sudo -n -u '#" & (do shell script "/usr/bin/id -u") & "' /bin/cat "
+	set copies to ""
+	set moves to ""
+	repeat with position in {1, 3}
+		set source to item position of argv
+		set destination to item (position + 1) of argv
+		-- Both icons are complete before one of them is replaced.
+		set copies to copies & readAsUser & source & " > " & destination & ".new && "
+		set moves to moves & " && /bin/mv -f " & destination & ".new " & destination
+	end repeat
 	try
-		do shell script copyBoth & " && " & moveBoth with administrator privileges
+		do shell script copies & "true" & moves with administrator privileges
 	on error message number code
 		if message is "" then set message to "The copy failed with " & code & "."
 		return message

@@ -11,8 +11,8 @@
 namespace dunvey {
 namespace {
 
-const char* const kDocument = "ID_Document_Icon.icns";
-const char* const kBook = "ID_Book_Icon.icns";
+constexpr const char* kDocument = test::OwnResources::kDocument;
+constexpr const char* kBook = test::OwnResources::kBook;
 
 class CopyScript : public ::testing::Test {
  protected:
@@ -32,21 +32,11 @@ class CopyScript : public ::testing::Test {
         return Run({ShellWord(source + "1"), ShellWord(resources_ / kDocument),
                     ShellWord(source + "2"), ShellWord(resources_ / kBook)});
     }
-    /// Both icons of the bundle.
-    std::string Stored() const {
-        std::string both;
-        for (const char* name : {kDocument, kBook}) {
-            std::ifstream file(resources_ / name, std::ios::binary);
-            std::ostringstream bytes;
-            bytes << file.rdbuf();
-            both += bytes.str();
-        }
-        return both;
-    }
     /// Entries of the resource folder beside the icons.
-    int64_t Others() const {
-        return OwnResources()->Count() - FolderItem(resources_ / kBook).Exists() -
-               FolderItem(resources_ / kDocument).Exists();
+    static int64_t Others() {
+        const Ref<FolderItem> folder = OwnResources();
+        return folder->Count() - folder->Child(kDocument)->Exists() -
+               folder->Child(kBook)->Exists();
     }
 
     test::TemporaryFolder folder_;
@@ -66,28 +56,22 @@ TEST_F(CopyScript, CopiesBothIconsWhateverThePathsHold) {
         for (const char* number : {"1", "2"})
             std::ofstream(from + number) << number << from;
         EXPECT_EQ(Copy(from), "") << from;
-        EXPECT_EQ(Stored(), "1" + from + "2" + from);
+        EXPECT_EQ(resources_.Icons(), "1" + from + "2" + from);
     }
     EXPECT_EQ(Others(), others_) << "nothing else is left there";
     EXPECT_EQ(FolderItem(folder_ / "work").Count(), 0) << "nothing was run";
-    struct stat status;
-    ASSERT_EQ(stat((resources_ / kBook).c_str(), &status), 0);
-    EXPECT_EQ(status.st_mode & 0777u, 0644u) << "everyone may read an icon";
     const auto contents = OwnResources()->Parent()->NativePath();
     EXPECT_EQ(pkexec_.Arguments(),
               "--disable-internal-agent\n" + contents + "/Helpers/write-icons\n");
 }
 
-TEST_F(CopyScript, RefusesOtherArguments) {
+TEST_F(CopyScript, RefusesOtherArgumentsBeforeTheUserIsAsked) {
     const std::string source = folder_.Write("good", "x");
     const std::vector<std::string> good = {source, ShellWord(resources_ / kDocument), source,
                                            ShellWord(resources_ / kBook)};
-    std::vector<std::string> words = {"", "relative", "/two words", "-n", "$0", good[1] + "/.."};
-    words.push_back("'" + source + "'");
-    words.push_back("\"" + source + "\"");
-    for (const char* end :
-         {";touch canary", "$(touch canary)", "`touch canary`", "&", "|touch canary", "\n", "\\",
-          "\\\n", "'\n", "'\n\n'", "*", "?", "~", "\x7F", "\t"}) {
+    std::vector<std::string> words = {"", "relative", "/two words", "-n", "$0", "'/bin/sh'"};
+    for (const char* end : {";touch canary", "$(touch canary)", "`touch canary`", "&", "\n", "\\",
+                            "\\\n", "'\n", "'\n\n'", "*", "\x7F", "\t", "/.."}) {
         words.push_back(source + end);
     }
     for (const std::string& word : words) {
@@ -101,7 +85,7 @@ TEST_F(CopyScript, RefusesOtherArguments) {
     EXPECT_NE(Run({source, good[3], source, good[1]}), "") << "one for the other";
     EXPECT_NE(Run({source, good[1], source}), "");
     EXPECT_NE(Run({source, good[1], source, good[3], source}), "");
-    EXPECT_EQ(pkexec_.Calls(), 0) << "refused before the user is asked";
+    EXPECT_EQ(pkexec_.Calls(), 0);
     EXPECT_EQ(FolderItem(folder_ / "work").Count(), 0) << "nothing was run";
 }
 
@@ -116,7 +100,7 @@ TEST_F(CopyScript, RootNeverOpensASource) {
     pkexec_.Meanwhile(swap + "1'\n" + swap + "2'\n");
     EXPECT_EQ(Copy(from), "");
     EXPECT_EQ(folder_.Read("from1"), "of root") << "the links were swapped";
-    EXPECT_EQ(Stored(), "12");
+    EXPECT_EQ(resources_.Icons(), "12");
 }
 
 TEST_F(CopyScript, OldIconsAreReplacedBothOrNeither) {
@@ -126,22 +110,19 @@ TEST_F(CopyScript, OldIconsAreReplacedBothOrNeither) {
     resources_.Write(kDocument, "old 1");
     resources_.Write(kBook, "old 2");
     EXPECT_NE(Copy(from), "") << "one source is missing";
-    folder_.MakeFolder("from2");
-    EXPECT_NE(Copy(from), "");
-    rmdir((folder_ / "from2").c_str());
     ASSERT_EQ(mkfifo((folder_ / "from2").c_str(), 0600), 0);
     EXPECT_NE(Copy(from), "") << "a FIFO would block";
     unlink((folder_ / "from2").c_str());
-    EXPECT_EQ(Stored(), "old 1old 2");
+    EXPECT_EQ(resources_.Icons(), "old 1old 2");
 
     folder_.Write("from2", "new 2");
     pkexec_.Meanwhile("truncate -s 2 '" + folder_ / "from2'\n");
     EXPECT_EQ(Copy(from), "An icon is cut short.") << "it shrank meanwhile";
-    EXPECT_EQ(Stored(), "old 1old 2");
+    EXPECT_EQ(resources_.Icons(), "old 1old 2");
     pkexec_.Meanwhile("mkdir -p \"${2%/Helpers/*}/Resources/ID_Book_Icon.icns/x\"\n");
     unlink((resources_ / kBook).c_str());
     EXPECT_EQ(Copy(from), "A folder: ID_Book_Icon.icns");
-    EXPECT_EQ(Stored(), "old 1");
+    EXPECT_EQ(resources_.Icons(), "old 1");
     rmdir((resources_ / "ID_Book_Icon.icns/x").c_str());
     rmdir((resources_ / kBook).c_str());
 
@@ -151,7 +132,7 @@ TEST_F(CopyScript, OldIconsAreReplacedBothOrNeither) {
     folder_.Write("outside", "untouched");
     ASSERT_EQ(symlink((folder_ / "outside").c_str(), (resources_ / kBook).c_str()), 0);
     EXPECT_EQ(Copy(from), "");
-    EXPECT_EQ(Stored(), "new 1new 2") << "a link in the place of an icon is replaced";
+    EXPECT_EQ(resources_.Icons(), "new 1new 2") << "a link in the place of an icon is replaced";
     EXPECT_EQ(folder_.Read("outside"), "untouched");
     EXPECT_EQ(Others(), others_);
 }
@@ -167,7 +148,7 @@ TEST_F(CopyScript, GivesAReasonEvenIfPkexecGivesNone) {
     unlink((folder_ / "bin/pkexec").c_str());
     setenv("PATH", (folder_ / "bin").c_str(), 1);
     EXPECT_NE(Copy(from).find("no pkexec"), std::string::npos);
-    EXPECT_EQ(Stored(), "");
+    EXPECT_EQ(resources_.Icons(), "");
 }
 
 }  // namespace

@@ -3,8 +3,8 @@
 #include <map>
 #include <optional>
 
+#include "platform/bundles/executable_path.h"
 #include "platform/files/streams.h"
-#include "platform/loop/application.h"
 #include "platform/text/text.h"
 #include "platform/values/exceptions.h"
 
@@ -125,12 +125,8 @@ class Reader {
 };
 
 std::optional<TranslationTable> LoadTable(const std::string& language) {
-    const Ref<FolderItem> file = Application::ExecutableFile()
-                                     ->Parent()
-                                     ->Parent()
-                                     ->Child("Resources")
-                                     ->Child(language + ".lproj")
-                                     ->Child("Localizable.strings");
+    const Ref<FolderItem> file =
+        OwnResources()->Child(language + ".lproj")->Child("Localizable.strings");
     try {
         const Ref<BinaryStream> stream = BinaryStream::Open(file);
         return ReadTranslationTable(stream->Read(std::min(stream->Length(), kSizeLimit)));

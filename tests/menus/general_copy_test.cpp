@@ -1,0 +1,48 @@
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+#include "menus/general.h"
+#include "support/temporary_folder.h"
+
+namespace dunvey {
+namespace {
+
+class CopyFileOrFolder : public ::testing::Test {
+ protected:
+    bool Copy(const std::string& source, const std::string& destination) {
+        return General::CopyFileOrFolder(New<FolderItem>(folder_ / source),
+                                         New<FolderItem>(folder_ / destination));
+    }
+    test::TemporaryFolder folder_;
+};
+
+TEST_F(CopyFileOrFolder, AFolderComesToStandInTheDestinationWithAllThatItHolds) {
+    folder_.MakeFolder("from/sub/empty");
+    folder_.MakeFolder("to");
+    folder_.Write("from/a", "A");
+    folder_.Write("from/sub/b", "B");
+    folder_.Write("from/z", "Z");
+    EXPECT_TRUE(Copy("from", "to"));
+    EXPECT_EQ(folder_.Read("to/from/a") + folder_.Read("to/from/sub/b") + folder_.Read("to/from/z"),
+              "ABZ");
+    EXPECT_TRUE(FolderItem(folder_ / "to/from/sub/empty").Directory());
+    EXPECT_FALSE(Copy("from", "to")) << "the first file is there already";
+    EXPECT_FALSE(Copy("from", "missing"));
+    EXPECT_FALSE(Copy("from", "from/a")) << "a file as the destination of a folder";
+    folder_.Write("to/sub", "a file in the folder's place");
+    EXPECT_FALSE(Copy("from/sub", "to"));
+}
+
+TEST_F(CopyFileOrFolder, AFailureEndsTheCopyAndLeavesWhatWasCopied) {
+    folder_.MakeFolder("from");
+    folder_.MakeFolder("to");
+    folder_.Write("from/a", "A");
+    ASSERT_EQ(mkfifo((folder_ / "from/m").c_str(), 0600), 0);
+    folder_.Write("from/z", "Z");
+    EXPECT_FALSE(Copy("from", "to"));
+    EXPECT_EQ(folder_.Read("to/from/a"), "A");
+    EXPECT_FALSE(FolderItem(folder_ / "to/from/z").Exists());
+}
+
+}  // namespace
+}  // namespace dunvey
