@@ -50,9 +50,10 @@ int Look(const std::string& path, bool followsLinks, struct stat& status) {
 
 }  // namespace
 
-FolderItem::FolderItem(std::string path) : path_(Tidied(AbsolutePath(path))) {
+FolderItem::FolderItem(std::string path) : path_(AbsolutePath(path)) {
     // The current folder was removed. Nothing can exist below something that is not a folder.
-    if (path_ == "/" && !path.starts_with('/')) path_ = Tidied("/dev/null/" + path);
+    if (path_.empty()) path_ = "/dev/null/" + path;
+    path_ = Tidied(path_);
 }
 
 std::string FolderItem::Name() const {
