@@ -16,8 +16,9 @@ Size AtMost(const Size& size, const Size& most) {
     return {std::min(size.Width, most.Width), std::min(size.Height, most.Height)};
 }
 
-/// The windows that Show keeps alive.
-std::vector<std::shared_ptr<Window>> kept;
+/// The windows that Show keeps alive. Never destroyed: Qt calls exit when the display dies, and to
+/// destroy a window afterwards would use what Qt has freed.
+std::vector<std::shared_ptr<Window>>& kept = *new std::vector<std::shared_ptr<Window>>;
 
 }  // namespace
 
