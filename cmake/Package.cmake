@@ -20,11 +20,11 @@ set(CPACK_DEBIAN_PACKAGE_SECTION utils)
 set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
 set(CPACK_DEBIAN_COMPRESSION_TYPE xz)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
-# Qt reads .icns files with this plug-in.
-set(CPACK_DEBIAN_PACKAGE_DEPENDS qt6-image-formats-plugins)
-# pkexec copies the document icons into the bundle where only root may write. The translations are those
-# of the file dialog. Displays without an X server need qt6-wayland.
-set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "pkexec, qt6-translations-l10n")
+# Qt reads .icns files with the first plug-in; the file dialog in Japanese needs the translations.
+set(CPACK_DEBIAN_PACKAGE_DEPENDS "qt6-image-formats-plugins, qt6-translations-l10n")
+# pkexec copies the document icons into the bundle where only root may write. Displays without an X
+# server need qt6-wayland.
+set(CPACK_DEBIAN_PACKAGE_RECOMMENDS pkexec)
 set(CPACK_DEBIAN_PACKAGE_SUGGESTS qt6-wayland)
 set(CPACK_DEBIAN_PACKAGE_DESCRIPTION
 "Several versions of Adobe InDesign may be installed side by side. Dunvey
