@@ -10,22 +10,7 @@ namespace dunvey {
 namespace {
 
 constexpr Size kDesign{306, 183};
-
-template <typename T>
-Ref<T> Make(const char* name, const Bounds& place, int64_t tabIndex) {
-    const Ref<T> control = New<T>();
-    control->SetName(name);
-    control->SetDesign(place, {.Left = true, .Top = true});
-    control->SetTabIndex(tabIndex);
-    return control;
-}
-
-Ref<Label> MakeLine(const char* name, int64_t top, int64_t tabIndex, int64_t textSize) {
-    const Ref<Label> label = Make<Label>(name, {0, top, kDesign.Width, 20}, tabIndex);
-    label->SetTextAlign(Label::kAlignCentre);
-    label->SetTextSize(textSize);
-    return label;
-}
+constexpr Locks kTopLeft{.Left = true, .Top = true};
 
 }  // namespace
 
@@ -41,7 +26,7 @@ AboutWindow::AboutWindow() : Window(kDesign) {
     MinimizeButton = false;
     FullScreenButton = false;
     Placement = kMainScreen;
-    canvasAppIcon_ = Make<Canvas>("CanvasAppIcon", {121, 9, 64, 64}, 0);
+    canvasAppIcon_ = Make<Canvas>("CanvasAppIcon", {121, 9, 64, 64}, kTopLeft, 0);
     canvasAppIcon_->Paint = [this](Canvas& canvas, Graphics& graphics) {
         CanvasAppIcon_Paint(canvas, graphics);
     };
@@ -49,10 +34,14 @@ AboutWindow::AboutWindow() : Window(kDesign) {
     labelName_->SetBold(true);
     labelVersion_ = MakeLine("LabelVersion", 126, 2, 10);
     labelCopyright_ = MakeLine("LabelCopyright", 147, 3, 10);
-    for (const Ref<RectControl>& control : std::initializer_list<Ref<RectControl>>{
-             canvasAppIcon_, labelName_, labelVersion_, labelCopyright_}) {
-        Add(control);
-    }
+}
+
+Ref<Label> AboutWindow::MakeLine(const char* name, int64_t top, int64_t tabIndex,
+                                 int64_t textSize) {
+    const Ref<Label> label = Make<Label>(name, {0, top, kDesign.Width, 20}, kTopLeft, tabIndex);
+    label->SetTextAlign(Label::kAlignCentre);
+    label->SetTextSize(textSize);
+    return label;
 }
 
 Ref<AboutWindow> AboutWindow::Instance() {

@@ -6,12 +6,12 @@
 
 namespace dunvey {
 
-/// The small window that tells the program's name and version.
+/// Shows the program's name and version.
 class AboutWindow : public Window {
  public:
     AboutWindow();
 
-    /// The one that exists and hasn't closed, else a new one.
+    /// The open one, else a new one.
     static Ref<AboutWindow> Instance();
 
     virtual const Ref<Canvas>& CanvasAppIcon() const { return canvasAppIcon_; }
@@ -25,6 +25,8 @@ class AboutWindow : public Window {
     virtual void CanvasAppIcon_Paint(Canvas& canvas, Graphics& graphics);
 
  private:
+    Ref<Label> MakeLine(const char* name, int64_t top, int64_t tabIndex, int64_t textSize);
+
     Ref<Canvas> canvasAppIcon_;
     Ref<Label> labelName_;
     Ref<Label> labelVersion_;

@@ -7,16 +7,16 @@
 
 namespace dunvey {
 
-/// A list with stripes and hair lines, sorted in the order of the system's file manager.
+/// A list with stripes and hair lines, sorted in the order of a file manager.
 class myListBox : public Listbox {
  public:
-    /// The owner's share in a cell's background; its result is the list's.
+    /// Lets the owner paint the cell background; its answer is returned to the list.
     std::function<bool(Listbox&, Graphics&, int64_t row, int64_t column)> CellBackgroundPaint;
 
-    /// A selected row keeps the highlight alone.
+    /// Paints nothing in a selected row.
     bool Event_CellBackgroundPaint(Graphics& graphics, int64_t row, int64_t column) override;
     bool Event_CompareRows(int64_t row1, int64_t row2, int64_t column, int64_t& result) override;
-    /// Compares as the user's language orders names, digits by their value: negative, zero or
+    /// Compares in the order of the user's language, runs of digits by value: negative, zero or
     /// positive. Raises DesktopUnavailableException without a screen.
     int64_t FinderCompare(const std::string& text1, const std::string& text2);
 };

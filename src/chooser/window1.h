@@ -15,44 +15,43 @@
 
 namespace dunvey {
 
-/// The chooser: the user decides for one document which application will open it, quits a running
-/// version, or drops the document from the run. What is decided stands in the document's record.
+/// The chooser for one document: the user picks the application that will open it, quits a running
+/// version, or leaves the document out. The decision is written into the document's record.
 class Window1 : public Window {
  public:
-    /// The least height in points; it has room for four rows.
+    /// In points; the list then has room for four rows.
     static constexpr int64_t kMinHeight = 356;
 
     Window1();
 
-    /// The document's position in the application's Files.
+    /// The document's index in App::Files.
     int64_t idx = 0;
-    /// The application that belongs to the document runs.
+    /// The document's own application is running.
     bool IsBootingApp = false;
-    /// Another version runs and may be in the way: two or more run, or one that isn't the
-    /// document's own.
+    /// Two or more versions are running, or one that isn't the document's own.
     bool IsBootingOtherApp = false;
-    /// The application of the document's version was installed when the window was made.
+    /// The document's own application was installed when the window was made.
     bool IsInstalled = false;
-    /// There is something to warn of.
+    /// The window shows a warning.
     bool NeedJudgment = false;
 
-    /// Gives the window its title, its menu bar and its properties.
+    /// Sets the title, the menu bar and the window's properties.
     virtual void Layout();
-    /// Makes the controls and joins their handlers.
+    /// Makes the controls and connects their handlers.
     virtual void CreateControls();
     virtual void _CreateControls0();
 
     virtual const Ref<myListBox>& AppList() const { return appList_; }
-    /// Opens.
+    /// Open.
     virtual const Ref<PushButton>& PushButton1() const { return pushButton1_; }
-    /// Cancels.
+    /// Cancel.
     virtual const Ref<PushButton>& PushButton2() const { return pushButton2_; }
     virtual const Ref<Separator>& Separator3() const { return separator3_; }
     /// Allows higher versions.
     virtual const Ref<CheckBox>& CheckBox1() const { return checkBox1_; }
     /// Makes the quit button the default.
     virtual const Ref<CheckBox>& CheckBox2() const { return checkBox2_; }
-    /// Quits the selected version.
+    /// Quit.
     virtual const Ref<PushButton>& PushButton3() const { return pushButton3_; }
     virtual const Ref<Label>& LabelFileName() const { return labelFileName_; }
     virtual const Ref<Label>& LabelAppName() const { return labelAppName_; }
@@ -65,10 +64,10 @@ class Window1 : public Window {
     virtual const Ref<Canvas>& Canvas2() const { return canvas2_; }
 
     virtual void AppList_Open(Listbox& list);
-    /// Greys the rows that can't open the document. Always false: the list draws the text itself.
+    /// Greys rows that can't open the document. Always false: the list draws the text itself.
     virtual bool AppList_CellTextPaint(Listbox& list, Graphics& graphics, int64_t row,
                                        int64_t column, int64_t x, int64_t y);
-    /// Brings the open and the quit button into line with the selected row.
+    /// Updates the open and the quit button for the selected row.
     virtual void AppList_Change(Listbox& list);
     virtual void AppList_DoubleClick(Listbox& list);
     virtual void PushButton1_Action(PushButton& button);
@@ -76,57 +75,88 @@ class Window1 : public Window {
     virtual void CheckBox1_Action(CheckBox& checkBox);
     virtual void CheckBox2_Action(CheckBox& checkBox);
     virtual void PushButton3_Action(PushButton& button);
-    /// Claims the click, and nothing comes of it.
+    /// Claims the click; nothing else happens.
     virtual bool Canvas1_MouseDown(Canvas& canvas, int64_t x, int64_t y);
     virtual void Canvas1_MouseUp(Canvas& canvas, int64_t x, int64_t y);
 
-    // The items of the window's menu bar by their names; nil for one that isn't there.
-    virtual Ref<MenuItem> FileMenu() const;
-    virtual Ref<CocoaMenu::CocoaMenuItemClose> FileClose() const;
-    virtual Ref<ApplicationMenuItem> FileAbout() const;
-    virtual Ref<ApplicationMenuItem> FileSeparator1() const;
-    virtual Ref<QuitMenuItem> FileQuit() const;
-    virtual Ref<MenuItem> EditMenu() const;
-    virtual Ref<CocoaMenu::CocoaMenuItemUndo> EditUndo() const;
-    virtual Ref<CocoaMenu::CocoaMenuItemRedo> EditRedo() const;
-    virtual Ref<MenuItem> UntitledSeparator() const;
-    virtual Ref<MenuItem> EditCut() const;
-    virtual Ref<MenuItem> EditCopy() const;
-    virtual Ref<MenuItem> EditPaste() const;
-    virtual Ref<MenuItem> EditClear() const;
-    virtual Ref<CocoaMenu::CocoaMenuItemSelectAll> EditSelectAll() const;
-    virtual Ref<MenuItem> WindowMenu0() const;
-    virtual Ref<MenuItem> UntitledSeparator2() const;
-    virtual Ref<MenuItem> UntitledSeparator3() const;
-    virtual Ref<CocoaMenu::MenuItemMinimize> WindowMinimize() const;
-    virtual Ref<CocoaMenu::MenuItemZoom> WindowZoom() const;
-    virtual Ref<MenuItem> WindowSeparator1() const;
-    virtual Ref<CocoaMenu::MenuItemBringAllToFront> WindowBringAlltoFront() const;
-    virtual Ref<MenuItem> UntitledSeparator0() const;
-    virtual Ref<MenuItem> UntitledSeparator1() const;
-    virtual Ref<MenuItem> HelpMenu() const;
+    // The items of the window's menu bar, by name; nil for one that isn't there.
+    virtual Ref<MenuItem> FileMenu() const { return MenuItemNamed<MenuItem>("FileMenu"); }
+    virtual Ref<CocoaMenu::CocoaMenuItemClose> FileClose() const {
+        return MenuItemNamed<CocoaMenu::CocoaMenuItemClose>("FileClose");
+    }
+    virtual Ref<ApplicationMenuItem> FileAbout() const {
+        return MenuItemNamed<ApplicationMenuItem>("FileAbout");
+    }
+    virtual Ref<ApplicationMenuItem> FileSeparator1() const {
+        return MenuItemNamed<ApplicationMenuItem>("FileSeparator1");
+    }
+    virtual Ref<QuitMenuItem> FileQuit() const { return MenuItemNamed<QuitMenuItem>("FileQuit"); }
+    virtual Ref<MenuItem> EditMenu() const { return MenuItemNamed<MenuItem>("EditMenu"); }
+    virtual Ref<CocoaMenu::CocoaMenuItemUndo> EditUndo() const {
+        return MenuItemNamed<CocoaMenu::CocoaMenuItemUndo>("EditUndo");
+    }
+    virtual Ref<CocoaMenu::CocoaMenuItemRedo> EditRedo() const {
+        return MenuItemNamed<CocoaMenu::CocoaMenuItemRedo>("EditRedo");
+    }
+    virtual Ref<MenuItem> UntitledSeparator() const {
+        return MenuItemNamed<MenuItem>("UntitledSeparator");
+    }
+    virtual Ref<MenuItem> EditCut() const { return MenuItemNamed<MenuItem>("EditCut"); }
+    virtual Ref<MenuItem> EditCopy() const { return MenuItemNamed<MenuItem>("EditCopy"); }
+    virtual Ref<MenuItem> EditPaste() const { return MenuItemNamed<MenuItem>("EditPaste"); }
+    virtual Ref<MenuItem> EditClear() const { return MenuItemNamed<MenuItem>("EditClear"); }
+    virtual Ref<CocoaMenu::CocoaMenuItemSelectAll> EditSelectAll() const {
+        return MenuItemNamed<CocoaMenu::CocoaMenuItemSelectAll>("EditSelectAll");
+    }
+    virtual Ref<MenuItem> WindowMenu0() const { return MenuItemNamed<MenuItem>("WindowMenu0"); }
+    virtual Ref<MenuItem> UntitledSeparator2() const {
+        return MenuItemNamed<MenuItem>("UntitledSeparator2");
+    }
+    virtual Ref<MenuItem> UntitledSeparator3() const {
+        return MenuItemNamed<MenuItem>("UntitledSeparator3");
+    }
+    virtual Ref<CocoaMenu::MenuItemMinimize> WindowMinimize() const {
+        return MenuItemNamed<CocoaMenu::MenuItemMinimize>("WindowMinimize");
+    }
+    virtual Ref<CocoaMenu::MenuItemZoom> WindowZoom() const {
+        return MenuItemNamed<CocoaMenu::MenuItemZoom>("WindowZoom");
+    }
+    virtual Ref<MenuItem> WindowSeparator1() const {
+        return MenuItemNamed<MenuItem>("WindowSeparator1");
+    }
+    virtual Ref<CocoaMenu::MenuItemBringAllToFront> WindowBringAlltoFront() const {
+        return MenuItemNamed<CocoaMenu::MenuItemBringAllToFront>("WindowBringAlltoFront");
+    }
+    virtual Ref<MenuItem> UntitledSeparator0() const {
+        return MenuItemNamed<MenuItem>("UntitledSeparator0");
+    }
+    virtual Ref<MenuItem> UntitledSeparator1() const {
+        return MenuItemNamed<MenuItem>("UntitledSeparator1");
+    }
+    virtual Ref<MenuItem> HelpMenu() const { return MenuItemNamed<MenuItem>("HelpMenu"); }
 
-    /// Takes the three buttons off the title bar.
+    /// Hides the three title-bar buttons.
     void Event_Open() override;
-    /// Rebuilds the list of installed applications, and gives the window the height for it.
+    /// Rebuilds the list of installed applications and sets the window's height for it.
     virtual void SetAppList();
-    /// Fills the head of the window: which document it is and what is wrong.
+    /// Fills the head of the window: the document and what is wrong with it.
     virtual void SetFileInfo();
-    /// Marks the rows that may open the document, and selects the best one. It needs a filled list.
+    /// Marks the rows that may open the document and selects the best one. Call it after
+    /// SetAppList.
     virtual void SetEaseUse();
-    /// Judges and fills everything anew.
+    /// Refreshes the state, the list, the head and the selection.
     virtual void ReView();
-    /// Works out the state anew; IsInstalled stays.
+    /// Recomputes the state flags except IsInstalled.
     virtual void JudgeFile();
 
-    /// Asks whether to go on although several versions will run. True if the open must not go on;
-    /// the user may also end the program here.
+    /// Asks whether to open although several versions will then run. True if the document must not
+    /// be opened now; the user may also end the program.
     bool ShowAlertIMixed();
-    /// Asks the application to quit until it has left the list of running ones, or this window has
-    /// closed.
+    /// Sends quit requests until the application isn't running any more or the window has closed.
+    /// Events are served meanwhile.
     void QuitTheApp(const Ref<FolderItem>& application);
-    /// Writes the selected application into the document's record and closes the window. In silence
-    /// it does nothing where no row is selected or the application has gone from the disk.
+    /// Writes the selected application into the document's record and closes the window. Does
+    /// nothing where no row is selected or the application is gone from the disk.
     void OpenWithSelectApp();
 
  private:
@@ -134,22 +164,22 @@ class Window1 : public Window {
     Ref<FileClass> Document() const;
     /// The application of a row; nil if the row has none.
     Ref<FolderItem> ApplicationAt(int64_t row) const;
-    /// The application of the selected row; nil if no row is selected or it has gone from the disk.
+    /// Nil if no row is selected or the application is gone from the disk.
     Ref<FolderItem> SelectedApplication() const;
+    /// "CS5.5" of "Adobe InDesign CS5.5.app", "CC" of "Adobe InDesign CC 2019".
+    static std::string ShortName(const std::string& name);
     void JoinHandlers();
     void AddAppRow(const Ref<FolderItem>& application);
     void SetListHeight();
     void Warn();
-    /// Marks a row as one that may open the document or not.
-    void SetUsable(int64_t row, bool usable);
+    /// Sets the row's usable tag and help tag; selects the row if it is the best one so far.
     void JudgeRow(int64_t row, double documentVersion);
+    void UpdateButtons(int64_t row);
     template <typename T>
     Ref<T> MenuItemNamed(const char* name) const {
         return MenuBar() ? MenuBar()->Find(name).template As<T>() : Ref<T>();
     }
 
-    /// The names of those that are being asked to quit.
-    std::vector<std::string> quitting_;
     Ref<myListBox> appList_;
     Ref<PushButton> pushButton1_;
     Ref<PushButton> pushButton2_;

@@ -13,18 +13,39 @@
 namespace dunvey {
 namespace {
 
-/// What is asked for by the quit request; the application's path is its argument.
+/// The quit request; the application's path is its argument.
 const char kQuitScript[] =
     "on run {AppPath}\n"
     "quit application AppPath\n"
     "delay 1\n"
     "end run";
 
-/// The first two fields of a version, such as "8.1"; one that has no second field as it is.
+/// "8.1" of "8.1.0"; a version without a second field is returned unchanged.
 std::string MajorAndMinor(const std::string& version) {
     const std::vector<std::string> fields = SplitB(version, ".");
     return fields.size() < 2 ? version : fields[0] + "." + fields[1];
 }
+
+/// While this lives, the list says what is waited for and the pointer shows work.
+class WaitingMark {
+ public:
+    WaitingMark(Window1& window, const std::string& note)
+        : window_(window), noteBefore_(window.AppList()->Note()), busyBefore_(window.Busy()) {
+        window_.AppList()->SetNote(note);
+        window_.SetBusy(true);
+    }
+    ~WaitingMark() {
+        window_.AppList()->SetNote(noteBefore_);
+        window_.SetBusy(busyBefore_);
+    }
+    WaitingMark(const WaitingMark&) = delete;
+    WaitingMark& operator=(const WaitingMark&) = delete;
+
+ private:
+    Window1& window_;
+    std::string noteBefore_;
+    bool busyBefore_;
+};
 
 }  // namespace
 
@@ -70,12 +91,14 @@ bool Window1::ShowAlertIMixed() {
 void Window1::QuitTheApp(const Ref<FolderItem>& application) {
     const std::string command = "osascript -e " + QuotedShellWord(kQuitScript) + " " +
                                 QuotedShellWord(UnixpathMBS(*application));
+    const WaitingMark waiting(
+        *this, LocalizedNote::WithName(LocalizedNote::kWaiting, ShortName(application->Name())));
     do {
         Shell shell;
-        shell.Execute(command);
+        shell.Execute(command, RuntimeBackgroundTask);
         InDesign::GetBootingAppNames();
         RuntimeBackgroundTask();
-        // The turn may have closed the window: then nobody waits for the application any more.
+        // An event may have closed the window.
     } while (!IsClosed() && IndexOf(InDesign::BootingAppNames, application->Name()) != -1);
 }
 
@@ -92,11 +115,7 @@ void Window1::PushButton3_Action(PushButton&) {
     const Ref<FolderItem> application = SelectedApplication();
     if (!application) return;
     PushButton3()->SetEnabled(false);
-    // A press that comes in a turn of the same request adds nothing to it.
-    if (IndexOf(quitting_, application->Name()) != -1) return;
-    quitting_.push_back(application->Name());
     QuitTheApp(application);
-    quitting_.pop_back();
     if (!IsClosed()) ReView();
 }
 

@@ -11,18 +11,11 @@ constexpr Locks kBottomRight{.Right = true, .Bottom = true};
 constexpr Locks kBottomLine{.Left = true, .Right = true, .Bottom = true};
 constexpr Locks kAllEdges{true, true, true, true};
 
-template <typename T>
-Ref<T> Make(const char* name, const Bounds& place, const Locks& locks, int64_t tabIndex) {
-    const Ref<T> control = New<T>();
-    control->SetName(name);
-    control->SetDesign(place, locks);
-    control->SetTabIndex(tabIndex);
-    return control;
-}
-
-/// What AppList has besides its place.
-void Prepare(Listbox& list) {
+void PrepareColumns(Listbox& list) {
     list.SetColumnCount(3);
+    list.SetHeading(0, LocalizedNote::kApplication(""));
+    list.SetHeading(1, LocalizedNote::kVersion(""));
+    list.SetHeading(2, LocalizedNote::kState(""));
     list.SetColumnWidths("*,90,64");
     list.SetDefaultRowHeight(26);
 }
@@ -36,7 +29,7 @@ void Window1::CreateControls() {
 
 void Window1::_CreateControls0() {
     appList_ = Make<myListBox>("AppList", {20, 109, 410, 449}, kAllEdges, 0);
-    Prepare(*appList_);
+    PrepareColumns(*appList_);
     pushButton1_ = Make<PushButton>("PushButton1", {285, 570, 145, 20}, kBottomRight, 1);
     pushButton1_->SetCaption(Localized::kOpen(""));
     pushButton1_->SetEnabled(false);
@@ -65,12 +58,6 @@ void Window1::_CreateControls0() {
     labelMsg_->SetTextSize(15);
     separator2_ = Make<Separator>("Separator2", {68, 33, 362, 6}, kTopLine, 13);
     canvas2_ = Make<Canvas>("Canvas2", {15, 36, 32, 32}, kTopLeft, 15);
-    for (const Ref<RectControl>& control : std::initializer_list<Ref<RectControl>>{
-             appList_, pushButton1_, pushButton2_, pushButton3_, separator3_, checkBox1_,
-             checkBox2_, labelFileName_, labelAppName_, canvas1_, separator1_, labelMsg_,
-             separator2_, canvas2_}) {
-        Add(control);
-    }
 }
 
 void Window1::JoinHandlers() {

@@ -19,8 +19,11 @@ void Window1::SetFileInfo() {
     const Ref<FileClass> record = Document();
     Canvas1()->SetBackdrop(Icon::Get(record->File, Canvas1()->Width()));
     LabelFileName()->SetText(record->File->Name());
+    LabelFileName()->SetHelpTag(record->File->NativePath());
     LabelAppName()->SetText(Replace(Replace(record->AppName, "Adobe ", ""), ".app", "") + " (v" +
                             record->Ver + ")");
+    const bool isVersionKnown = Val(record->Ver) != 0;
+    LabelAppName()->SetHelpTag(isVersionKnown ? "" : LocalizedNote::kVersionUnknown(""));
     if (NeedJudgment) Warn();
     if (!IsBootingApp && IsBootingOtherApp) {
         Warn();
@@ -34,11 +37,12 @@ void Window1::SetFileInfo() {
         Warn();
         LabelMsg()->SetText(Localized::kMassage_AppNotInstalled(""));
     }
-    // The list has the focus when the window comes up: with it a screen reader says what the head
-    // of the window shows.
-    std::string description = LabelFileName()->Text() + ", " + LabelAppName()->Text();
-    if (!LabelMsg()->Text().empty()) description += ". " + LabelMsg()->Text();
-    AppList()->SetSpokenName(description);
+    // The list has the focus when the window opens, so a screen reader reads its name first.
+    std::string head = LabelFileName()->Text() + ", " + LabelAppName()->Text();
+    for (const std::string& note : {LabelAppName()->HelpTag(), LabelMsg()->Text()}) {
+        if (!note.empty()) head += ". " + note;
+    }
+    AppList()->SetSpokenName(head);
 }
 
 void Window1::Warn() {

@@ -12,7 +12,7 @@ namespace dunvey {
 namespace {
 
 constexpr Color kUnusable{0x999999};
-/// So many rows have room in the least height.
+/// The rows that fit into Window1::kMinHeight.
 constexpr int64_t kRowsWithRoom = 4;
 
 }  // namespace
@@ -30,7 +30,7 @@ void Window1::SetAppList() {
         for (int64_t i = 0; i <= UpperBound(InDesign::InstalledApps); ++i) {
             AddAppRow(At(InDesign::InstalledApps, i));
             RuntimeBackgroundTask();
-            // The turn may have closed the window, or filled the list anew.
+            // An event may have closed the window or rebuilt the list.
             if (IsClosed() || AppList()->Filling() != filling) return;
         }
         AppList()->SetColumnSortDirection(1, Listbox::kSortAscending);

@@ -9,27 +9,26 @@ namespace dunvey {
 class FolderItem;
 class Window;
 
-/// What stands beside the program's own subjects: its end, its place on the screen, copying, and
-/// the two standing alerts. The alerts are shown as a sheet of `parent`, or in a window of their
-/// own where that is nullptr, and block until the one button is pressed. Without a screen they
-/// raise DesktopUnavailableException.
+/// Operations on the program as a whole, copying, and the two standing alerts. An alert is a sheet
+/// of `parent`, or a window of its own where that is nullptr, and blocks until its one button is
+/// pressed. Without a screen it raises DesktopUnavailableException.
 namespace General {
 
-/// Asks the operating system's application object to terminate.
+/// Asks the application object to terminate.
 void AppQuit();
 
-/// Makes the program the one in front.
+/// Brings the program to the front.
 void BringFrontmostMe();
 
-/// Tells why the program can't go on, and ends it after the click.
+/// Shows why the program can't go on, and ends it after the click.
 void ShowAlertQuit(const std::string& message, const std::string& explanation, Window* parent);
 
-/// Comes to the front and tells something; returns after the click.
+/// Comes to the front and shows a message; returns after the click.
 void ShowAlertModalOK(const std::string& message, const std::string& explanation, Window* parent);
 
-/// Copies a file to the destination, a new file or a folder in which the copy is to stand; or a
-/// folder with all that it holds into the destination, a folder. False if something couldn't be
-/// copied; what was copied until then stays. Neither may be nil.
+/// Copies a file to `destination`, which is a new file or an existing folder; or a folder with its
+/// contents into `destination`, an existing folder. False if something couldn't be copied; copies
+/// made until then stay. Neither may be nil.
 bool CopyFileOrFolder(const Ref<FolderItem>& source, const Ref<FolderItem>& destination);
 
 }  // namespace General

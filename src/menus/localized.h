@@ -1,15 +1,15 @@
 #pragma once
 
-#include <array>
 #include <string>
 #include <string_view>
 
 #include "platform/processes/system.h"
+#include "platform/text/text.h"
 
 namespace dunvey {
 
-/// A text that the user reads: its key in the translation table and its English default. It is
-/// looked up at each call, in the given language; empty means the user's.
+/// A text that the user reads: its key in the translation table and its English default. Each call
+/// looks it up in the given language; empty means the user's.
 struct LocalizedText {
     std::string_view key;
     std::string_view text;
@@ -19,7 +19,7 @@ struct LocalizedText {
     }
 };
 
-/// Messages, and the texts of windows and buttons. Blanks at an end belong to the text.
+/// Messages, and the texts of windows and buttons. Blanks at the end belong to the text.
 namespace Localized {
 
 inline constexpr LocalizedText kBooting{"Localized.kBooting", "Booting"};
@@ -36,9 +36,9 @@ inline constexpr LocalizedText kQuit{"Localized.kQuit", "Quit"};
 inline constexpr LocalizedText kOpen{"Localized.kOpen", "Open"};
 inline constexpr LocalizedText kAllowOpenHigherVersion{
     "Localized.kAllowOpenHigherVersion", "Allow a file to be opened by a higher version"};
-/// Ahead of an application's name; in Japanese behind it.
+/// Before an application's name; after it in Japanese.
 inline constexpr LocalizedText kCapOpenWith{"Localized.kCapOpenWith", "Open with "};
-/// Ahead of an application's name; in Japanese behind it.
+/// Before an application's name; after it in Japanese.
 inline constexpr LocalizedText kCapQuit{"Localized.kCapQuit", "Quit "};
 inline constexpr LocalizedText kCapRecommendNotOpenNow{
     "Localized.kCapRecommendNotOpenNow",
@@ -63,29 +63,6 @@ inline constexpr LocalizedText kMassage_Quit{
 inline constexpr LocalizedText kNotificationWindowTitle{"Localized.kNotificationWindowTitle",
                                                         "Marlit Id - Notification"};
 
-/// All of them, for whoever checks a translation.
-inline constexpr std::array kAll = {kBooting,
-                                    kCancel,
-                                    kCapIgnoreWarning,
-                                    kMultipleAppWillLaunched,
-                                    kAllowQuitButtonActiveted,
-                                    kLang,
-                                    kQuitDunvey,
-                                    kQuit,
-                                    kOpen,
-                                    kAllowOpenHigherVersion,
-                                    kCapOpenWith,
-                                    kCapQuit,
-                                    kCapRecommendNotOpenNow,
-                                    kMassage_Unable_to_import_icon,
-                                    kMassage_put_Dunvey,
-                                    kMassage_AnotherVerAppBooting,
-                                    kMassage_SameVerAppNotInstalled,
-                                    kMassage_AppNotInstalled,
-                                    kMassage_SystemRequirement,
-                                    kMassage_Quit,
-                                    kNotificationWindowTitle};
-
 }  // namespace Localized
 
 /// The captions of the menu bar.
@@ -108,11 +85,34 @@ inline constexpr LocalizedText kHelp{"LocalizedMenu.kHelp", "Help"};
 /// Says which language the texts are in, "ja" or any other for English; never shown.
 inline constexpr LocalizedText kLocal{"LocalizedMenu.kLocal", "en"};
 
-/// All of them, for whoever checks a translation.
-inline constexpr std::array kAll = {kFile,  kFileClose,       kEdit,      kCut,    kCopy,
-                                    kPaste, kDelete,          kSelectAll, kWindow, kMinimize,
-                                    kZoom,  kBringAllToFront, kHelp,      kLocal};
-
 }  // namespace LocalizedMenu
+
+/// Tool tips, texts for screen readers and other notes. "^0" stands for a name; see WithName.
+namespace LocalizedNote {
+
+/// The tips of rows that can't open the document; "^0" is the Command key.
+inline constexpr LocalizedText kOlder{
+    "LocalizedNote.kOlder",
+    "Older than the document. Double-click with ^0 held down to open it all the same."};
+inline constexpr LocalizedText kNewer{
+    "LocalizedNote.kNewer",
+    "Newer than the document: tick the box below to allow it, or double-click with ^0 held down."};
+inline constexpr LocalizedText kVersionUnknown{"LocalizedNote.kVersionUnknown",
+                                               "The document's version couldn't be read."};
+/// "^0" is the short name of an application.
+inline constexpr LocalizedText kWaiting{"LocalizedNote.kWaiting",
+                                        "Waiting for ^0 to quit. Escape leaves the document out."};
+inline constexpr LocalizedText kApplication{"LocalizedNote.kApplication", "Application"};
+inline constexpr LocalizedText kVersion{"LocalizedNote.kVersion", "Version"};
+inline constexpr LocalizedText kState{"LocalizedNote.kState", "State"};
+/// "^0" is the name of an exception that nothing caught.
+inline constexpr LocalizedText kHasToEnd{"LocalizedNote.kHasToEnd", "Dunvey has to end: ^0"};
+
+/// The text in the user's language with the name in the place of "^0".
+inline std::string WithName(const LocalizedText& text, const std::string& name) {
+    return Replace(text(""), "^0", name);
+}
+
+}  // namespace LocalizedNote
 
 }  // namespace dunvey

@@ -30,6 +30,17 @@ class ChooserActions : public Chooser {
     Step DoubleClick(int64_t row) {
         return [this, row](Window1& window) { user_->DoubleClick(*window.AppList(), row); };
     }
+    /// Takes the step in the first turn after so many quit requests.
+    void AfterRequests(size_t count, const std::function<void()>& step) {
+        user_->DuringTurn([this, count, step] {
+            QuitCalls().size() < count ? AfterRequests(count, step) : step();
+        });
+    }
+    Window1& Selected(Window1& window, int64_t row) {
+        user_->Select(*window.AppList(), -1);
+        user_->Select(*window.AppList(), row);
+        return window;
+    }
     Step QuitSelected() {
         return [this](Window1& window) { user_->Press(*window.PushButton3()); };
     }
@@ -106,63 +117,68 @@ TEST_F(ChooserActions, QuittingTheOtherVersionClearsTheWay) {
 
 TEST_F(ChooserActions, AVersionThatRefusesToQuitIsAskedAgainUntilTheUserHasEnough) {
     Running({"CC"});
-    const auto quitWhile = [this](std::function<void()> second) {
-        return [this, second](Window1& window) {
-            user_->DuringTurn([] {});
-            user_->DuringTurn(second);
+    Window1* open = nullptr;
+    // The helper's second takes real time, in which any number of turns may come.
+    const auto quitUntil = [&](const std::function<void()>& enough) {
+        return [this, &open, enough](Window1& window) {
+            open = &window;
+            AfterRequests(2, enough);
             user_->Press(*window.PushButton3());
         };
     };
-    Window1* open = nullptr;
-    const auto remember = [&open](Window1& window) { open = &window; };
-    Expect({remember, Select(2), quitWhile([&] {
+    Expect({Select(2), quitUntil([&] {
                 EXPECT_FALSE(open->PushButton3()->Enabled());
+                EXPECT_TRUE(open->Busy());
+                EXPECT_EQ(open->AppList()->Note(),
+                          "Waiting for CC to quit. Escape leaves the document out.");
                 user_->Escape(*open);
             })});
     EXPECT_EQ(Open({document_}), 0);
-    EXPECT_EQ(QuitCalls().size(), 2U);
     EXPECT_EQ(Opened(), Starts{});
-    Expect({Select(2), quitWhile([] { NSApplication::terminate(); })});
+    Expect({Select(2), quitUntil([] { NSApplication::terminate(); })});
     EXPECT_EQ(Open({document_}), 0);
-    EXPECT_EQ(QuitCalls().size(), 4U);
     EXPECT_EQ(Opened(), Starts{}) << "the end of the program launches nothing";
 }
 
-TEST_F(ChooserActions, ASecondPressWhileTheSameVersionIsAskedToQuitAddsNothing) {
-    Running({"CC"});
-    int depth = 0;
+TEST_F(ChooserActions, APressInsideARunningRequestStartsALoopOfItsOwn) {
+    Running({"CS5", "CC"});
+    Window1* open = nullptr;
     Expect({Select(2),
             [&](Window1& window) {
-                user_->DuringTurn([&] {
-                    user_->Select(*window.AppList(), 0);
-                    user_->Select(*window.AppList(), 2);
-                    ++depth;
-                    user_->Press(*window.PushButton3());
-                    --depth;
-                    EXPECT_EQ(QuitCalls().size(), 1U);
+                open = &window;
+                AfterRequests(1, [&] {
+                    AfterQuit({"CS5"});
+                    user_->Press(*Selected(*open, 2).PushButton3());
+                    EXPECT_EQ(Column(*open, 2), (std::vector<std::string>{"Booting", "", ""}));
                     AfterQuit({});
+                    user_->Press(*Selected(*open, 0).PushButton3());
+                    EXPECT_EQ(Column(*open, 2), (std::vector<std::string>{"", "", ""}));
+                    EXPECT_TRUE(open->Busy()) << "the first request still runs";
                 });
                 user_->Press(*window.PushButton3());
-                EXPECT_EQ(depth, 0);
+                EXPECT_FALSE(window.Busy());
+                EXPECT_EQ(window.AppList()->Note(), "");
             },
             Escape()});
     Open({document_});
-    EXPECT_EQ(QuitCalls().size(), 2U);
+    EXPECT_EQ(QuitCalls().back().back(), AppPath("CS5"));
 }
 
 TEST_F(ChooserActions, TheUserActsInTheMiddleOfARebuild) {
-    Running({"CC"});
     Window1* open = nullptr;
-    // The first turn is that of the quit request, the others are those of the rows.
+    // The rebuild has begun once no request is waited for.
+    std::function<void(std::function<void()>)> duringRebuild = [&](std::function<void()> act) {
+        user_->DuringTurn([&, act] { open->Busy() ? duringRebuild(act) : act(); });
+    };
     const auto quitAnd = [&](std::function<void()> act) {
         return [&, act](Window1& window) {
             AfterQuit({});
             open = &window;
-            user_->DuringTurn([] {});
-            user_->DuringTurn(act);
+            duringRebuild(act);
             user_->Press(*window.PushButton3());
         };
     };
+    Running({"CC"});
     Expect({Select(2), quitAnd([&] { user_->Escape(*open); })});
     Open({document_});
     EXPECT_EQ(Opened(), Starts{});

@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <sstream>
+
 #include "chooser/chooser.h"
 #include "icons/icon.h"
 
@@ -157,9 +159,13 @@ TEST_F(Chooser, ListsEveryVersionInOrderWithItsState) {
         EXPECT_EQ(list.ColumnAlignment(2), Listbox::kAlignCentre);
         EXPECT_EQ(list.SpokenName(),
                   "a.indd, InDesign CS6 (v8). The same version of InDesign.app is not installed.");
-        EXPECT_EQ(list.RowHelpTag(2),
-                  "Adobe InDesign CC, 9.0.3, Booting, can open this document");
-        EXPECT_EQ(list.RowHelpTag(1), "Adobe InDesign CS5.5, 7.5.3, can't open this document");
+        EXPECT_EQ(list.RowHelpTag(2), "") << "it can open the document";
+        EXPECT_EQ(list.RowHelpTag(1),
+                  "Older than the document. Double-click with Control held down to open it all the "
+                  "same.");
+        EXPECT_EQ(list.Heading(2), "State");
+        EXPECT_EQ(window.LabelFileName()->HelpTag(), folder_ / "a.indd");
+        EXPECT_EQ(window.LabelAppName()->HelpTag(), "");
     });
     Open({Document("a.indd", 8)});
 }
@@ -189,15 +195,59 @@ TEST_F(Chooser, HeightFollowsTheRows) {
     }
 }
 
-/// What cells are drawn on, without a screen.
+/// Writes down what is drawn into a cell of 90 by 26 points.
 class Paper final : public Graphics {
  public:
     int64_t Width() const override { return 90; }
     int64_t Height() const override { return 26; }
-    void FillRect(int64_t, int64_t, int64_t, int64_t) override {}
-    void DrawLine(int64_t, int64_t, int64_t, int64_t) override {}
+    void FillRect(int64_t x, int64_t y, int64_t width, int64_t height) override {
+        Draw("fill", {x, y, width, height});
+    }
+    void DrawLine(int64_t fromX, int64_t fromY, int64_t toX, int64_t toY) override {
+        Draw("line", {fromX, fromY, toX, toY});
+    }
     void DrawPicture(const Picture&, int64_t, int64_t) override {}
+    std::ostringstream drawn;
+
+ private:
+    void Draw(const char* what, std::initializer_list<int64_t> numbers) {
+        drawn << what << std::hex << " " << ForeColor.RedGreenBlue << std::dec;
+        for (const int64_t number : numbers)
+            drawn << " " << number;
+        drawn << "; ";
+    }
 };
+
+TEST_F(Chooser, CellsHaveStripesAndHairLinesExceptInTheSelectedRow) {
+    for (const char* suffix : {"CS5", "CS6", "CC"})
+        Installed(suffix, "9.0.0");
+    Look([&](Window1& window) {
+        myListBox& list = *window.AppList();
+        bool answer = false;
+        const auto drawn = [&](int64_t row, int64_t column) {
+            Paper paper;
+            answer = list.Event_CellBackgroundPaint(paper, row, column);
+            return paper.drawn.str();
+        };
+        const std::string below = "line d5d5d5 0 25 90 25; ";
+        const std::string beside = "line d5d5d5 89 0 89 25; ";
+        EXPECT_EQ(drawn(0, 0), below + beside);
+        EXPECT_EQ(drawn(0, 1), below + beside);
+        EXPECT_EQ(drawn(0, 2), below) << "the last column";
+        EXPECT_EQ(drawn(1, 1), "fill f1f2f2 0 0 90 26; " + below + beside);
+        EXPECT_EQ(drawn(2, 2), below);
+        EXPECT_FALSE(answer) << "the list paints the rest";
+        list.CellBackgroundPaint = [](Listbox&, Graphics&, int64_t row, int64_t) {
+            return row == 2;
+        };
+        drawn(2, 2);
+        EXPECT_TRUE(answer) << "the owner's answer";
+        user_->Select(list, 1);
+        EXPECT_EQ(drawn(1, 1), "");
+        EXPECT_TRUE(answer);
+    });
+    Open({Document("a.indd", 8)});
+}
 
 TEST_F(Chooser, RowsAreGreyWhereTheyCannotOpenTheDocument) {
     Installed("CS5", "7.0.0");

@@ -58,6 +58,8 @@ TEST_F(Chooser, MarksTheRowsThatMayOpenTheDocumentAndSelectsTheBest) {
                         usable += window.AppList()->CellTag(i, 1).BooleanValue() ? 'u' : '-';
                     EXPECT_EQ(usable, row.usable);
                     EXPECT_EQ(window.AppList()->ListIndex(), row.selected);
+                    EXPECT_EQ(window.LabelAppName()->HelpTag(),
+                              row.major > 0 ? "" : "The document's version couldn't be read.");
                     if (row.allowHigher) user_->Toggle(*window.CheckBox1());
                 },
                 [&](Window1& window) { user_->Escape(window); }});
@@ -89,9 +91,14 @@ TEST_F(Chooser, TheButtonsFollowTheSelectedRow) {
         EXPECT_EQ(select(window, 0), "(Open*) | Quit CS5") << "lower and running";
         EXPECT_EQ(select(window, 1), "(Open*) | (Quit)") << "lower and not running";
         EXPECT_EQ(select(window, 3), "(Open*) | Quit CC") << "higher ones aren't allowed";
+        EXPECT_EQ(window.PushButton1()->HelpTag(),
+                  "Newer than the document: tick the box below to allow it, or double-click with "
+                  "Control held down.");
+        EXPECT_EQ(window.PushButton3()->HelpTag(), "Adobe InDesign CC 2019");
         user_->Toggle(*window.CheckBox1());
         EXPECT_EQ(window.AppList()->ListIndex(), 2) << "the selection goes to the own version";
         EXPECT_EQ(select(window, 3), "Open with CC* | Quit CC");
+        EXPECT_EQ(window.PushButton1()->HelpTag(), "Adobe InDesign CC 2019");
         user_->Toggle(*window.CheckBox2());
         EXPECT_EQ(Buttons(window), "Open with CC | Quit CC*");
         EXPECT_EQ(select(window, 2), "Open with CS6 | (Quit*)") << "also while it is disabled";

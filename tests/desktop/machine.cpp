@@ -30,6 +30,10 @@ bool Keyboard::AsyncOptionKey() {
     return headless::TheMachine().optionKey;
 }
 
+const char* Keyboard::CommandKeyName() {
+    return "Control";
+}
+
 int64_t SystemInformationMBS::MacMajorVersion() {
     return headless::TheMachine().systemMajor;
 }

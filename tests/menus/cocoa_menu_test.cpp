@@ -92,23 +92,28 @@ TEST_F(NativeMenus, OneOfTheTwoValidationsIsEnoughAndNoneAtAllToo) {
 }
 
 TEST_F(NativeMenus, RedoAsksTheUndoManagerAndNothingElseCounts) {
-    RecordingResponder field({"redo:", "validateMenuItem:"});
-    field.validMenuItem = true;
-    const ResponderChain::Place focus = ResponderChain::AddFocus(field);
-    EXPECT_FALSE(Enabled("EditRedo")) << "it has no undo manager";
-    field.manager = New<UndoManager>(true);
-    EXPECT_FALSE(Enabled("EditRedo")) << "it doesn't answer the question";
-    field.takes.insert("undoManager");
-    EXPECT_TRUE(Enabled("EditRedo"));
-    field.validMenuItem = false;
-    EXPECT_TRUE(Enabled("EditRedo")) << "the common result is replaced";
-    field.manager = New<UndoManager>(false);
-    EXPECT_FALSE(Enabled("EditRedo"));
-    field.manager = nullptr;
-    EXPECT_FALSE(Enabled("EditRedo"));
-    field.takes.erase("redo:");
-    field.manager = New<UndoManager>(true);
-    EXPECT_FALSE(Enabled("EditRedo")) << "nobody answers";
+    struct Row {
+        std::set<std::string> takes;
+        bool valid;
+        Ref<NSUndoManager> manager;
+        bool enabled;
+    };
+    const Ref<NSUndoManager> can = New<UndoManager>(true);
+    const Ref<NSUndoManager> cannot = New<UndoManager>(false);
+    const Row kRows[] = {
+        {{"redo:", "validateMenuItem:"}, true, can, false},
+        {{"redo:", "validateMenuItem:", "undoManager"}, true, can, true},
+        {{"redo:", "validateMenuItem:", "undoManager"}, false, can, true},
+        {{"redo:", "validateMenuItem:", "undoManager"}, true, cannot, false},
+        {{"redo:", "validateMenuItem:", "undoManager"}, true, nullptr, false},
+        {{"undoManager"}, true, can, false},
+    };
+    for (const Row& row : kRows) {
+        window_.takes = row.takes;
+        window_.validMenuItem = row.valid;
+        window_.manager = row.manager;
+        EXPECT_EQ(Enabled("EditRedo"), row.enabled) << "row " << &row - kRows;
+    }
 }
 
 TEST_F(NativeMenus, ParentsAreFoundByIdentity) {

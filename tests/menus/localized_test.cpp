@@ -2,14 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include <set>
-
-#include "app/exception_report.h"
 #include "menus/general.h"
-#include "menus/spoken.h"
-#include "platform/linux/dock_texts.h"
-#include "platform/text/reg_ex_xojo.h"
-#include "platform/text/translation_table.h"
 #include "support/world.h"
 
 namespace dunvey {
@@ -17,40 +10,68 @@ namespace {
 
 class LocalizedTexts : public test::World {};
 
-TEST_F(LocalizedTexts, JapaneseHasARowOfItsOwnForEachAndNoOther) {
-    std::set<std::string> keys = {"RegExXojo.kAlert_Metacharacters"};
-    for (const LocalizedText& text : Localized::kAll)
-        keys.emplace(text.key);
-    for (const LocalizedText& text : LocalizedMenu::kAll)
-        keys.emplace(text.key);
-    for (const LocalizedText& text : Spoken::kAll)
-        keys.emplace(text.key);
-    for (const DockText& text : Dock::kAll)
-        keys.emplace(text.key);
-    for (const LocalizedText& text : ExceptionText::kAll)
-        keys.emplace(text.key);
-    EXPECT_EQ(Localized::kAll.size(), 21U);
-    EXPECT_EQ(LocalizedMenu::kAll.size(), 14U);
-    EXPECT_EQ(keys.size(), 43U) << "no key stands twice";
-    const TranslationTable& japanese = TranslationsInto("ja");
-    for (const auto& [key, text] : japanese)
-        EXPECT_EQ(keys.count(key), 1U) << key;
-    for (const std::string& key : keys)
-        EXPECT_EQ(japanese.count(key), 1U) << key;
-    const auto differs = [](const auto& text) {
-        EXPECT_NE(text("ja"), text.text) << text.key << " is not translated";
-        EXPECT_EQ(text(""), text.text) << text.key << " in English";
-    };
-    for (const LocalizedText& text : Localized::kAll)
-        differs(text);
-    for (const LocalizedText& text : LocalizedMenu::kAll)
-        differs(text);
-    for (const LocalizedText& text : Spoken::kAll)
-        differs(text);
-    for (const DockText& text : Dock::kAll)
-        differs(text);
-    for (const LocalizedText& text : ExceptionText::kAll)
-        differs(text);
+struct Row {
+    const LocalizedText& text;
+    const char* key;
+    const char* english;
+};
+
+/// The English texts, letter by letter.
+const Row kRows[] = {
+    {Localized::kBooting, "Localized.kBooting", "Booting"},
+    {Localized::kCancel, "Localized.kCancel", "Cancel"},
+    {Localized::kCapIgnoreWarning, "Localized.kCapIgnoreWarning", "Ignore warning"},
+    {Localized::kMultipleAppWillLaunched, "Localized.kMultipleAppWillLaunched",
+     "Multiple InDesign.apps will be launched."},
+    {Localized::kAllowQuitButtonActiveted, "Localized.kAllowQuitButtonActiveted",
+     "Activate the Quit button"},
+    {Localized::kLang, "Localized.kLang", "en"},
+    {Localized::kQuitDunvey, "Localized.kQuitDunvey", "Quit Dunvey"},
+    {Localized::kQuit, "Localized.kQuit", "Quit"},
+    {Localized::kOpen, "Localized.kOpen", "Open"},
+    {Localized::kAllowOpenHigherVersion, "Localized.kAllowOpenHigherVersion",
+     "Allow a file to be opened by a higher version"},
+    {Localized::kCapOpenWith, "Localized.kCapOpenWith", "Open with "},
+    {Localized::kCapQuit, "Localized.kCapQuit", "Quit "},
+    {Localized::kCapRecommendNotOpenNow, "Localized.kCapRecommendNotOpenNow",
+     "InDesign.app to launched should keep only one as much as possible."},
+    {Localized::kMassage_Unable_to_import_icon, "Localized.kMassage_Unable_to_import_icon",
+     "Unable to import the icon."},
+    {Localized::kMassage_put_Dunvey, "Localized.kMassage_put_Dunvey",
+     "Please put Dunvey.app in the place where write permission is given."},
+    {Localized::kMassage_AnotherVerAppBooting, "Localized.kMassage_AnotherVerAppBooting",
+     "Another version of InDesign.app is booting."},
+    {Localized::kMassage_SameVerAppNotInstalled, "Localized.kMassage_SameVerAppNotInstalled",
+     "The same version of InDesign.app is not installed."},
+    {Localized::kMassage_AppNotInstalled, "Localized.kMassage_AppNotInstalled",
+     "InDesign.app is not installed."},
+    {Localized::kMassage_SystemRequirement, "Localized.kMassage_SystemRequirement",
+     "The system requirement for Marlit Ai are up to macOS Mojave 10.14."},
+    {Localized::kMassage_Quit, "Localized.kMassage_Quit",
+     "Quit Marlti Id as this system does not meet the requirements."},
+    {Localized::kNotificationWindowTitle, "Localized.kNotificationWindowTitle",
+     "Marlit Id - Notification"},
+    {LocalizedMenu::kFile, "LocalizedMenu.kFile", "File"},
+    {LocalizedMenu::kFileClose, "LocalizedMenu.kFileClose", "Close"},
+    {LocalizedMenu::kEdit, "LocalizedMenu.kEdit", "Edit"},
+    {LocalizedMenu::kCut, "LocalizedMenu.kCut", "Cut"},
+    {LocalizedMenu::kCopy, "LocalizedMenu.kCopy", "Copy"},
+    {LocalizedMenu::kPaste, "LocalizedMenu.kPaste", "Paste"},
+    {LocalizedMenu::kDelete, "LocalizedMenu.kDelete", "Delete"},
+    {LocalizedMenu::kSelectAll, "LocalizedMenu.kSelectAll", "Select All"},
+    {LocalizedMenu::kWindow, "LocalizedMenu.kWindow", "Window"},
+    {LocalizedMenu::kMinimize, "LocalizedMenu.kMinimize", "Minimize"},
+    {LocalizedMenu::kZoom, "LocalizedMenu.kZoom", "Zoom"},
+    {LocalizedMenu::kBringAllToFront, "LocalizedMenu.kBringAllToFront", "Bring All to Front"},
+    {LocalizedMenu::kHelp, "LocalizedMenu.kHelp", "Help"},
+    {LocalizedMenu::kLocal, "LocalizedMenu.kLocal", "en"},
+};
+
+TEST_F(LocalizedTexts, EnglishIsWhatIsAskedFor) {
+    for (const Row& row : kRows) {
+        EXPECT_EQ(row.text.key, row.key);
+        EXPECT_EQ(row.text(""), row.english);
+    }
 }
 
 TEST_F(LocalizedTexts, TheLanguageSwitchesAndTheWordOrderGoTogether) {
@@ -58,13 +79,12 @@ TEST_F(LocalizedTexts, TheLanguageSwitchesAndTheWordOrderGoTogether) {
     EXPECT_EQ(LocalizedMenu::kLocal("ja"), "ja");
     EXPECT_EQ(Localized::kLang("fr"), "en");
     for (const LocalizedText& caption : {Localized::kCapOpenWith, Localized::kCapQuit}) {
-        EXPECT_EQ(caption("").back(), ' ') << "one blank ahead of the name";
-        EXPECT_EQ(caption("ja").front(), ' ') << "one blank behind the name";
+        EXPECT_EQ(caption("ja").front(), ' ') << "one blank after the name";
         EXPECT_NE(caption("ja").back(), ' ');
     }
 }
 
-TEST_F(LocalizedTexts, TheLocaleSaysTheLanguage) {
+TEST_F(LocalizedTexts, TheLocaleSelectsTheLanguage) {
     const std::pair<const char*, const char*> kLocales[] = {
         {"ja_JP.UTF-8", "終了"}, {"ja", "終了"},   {"ja_JP.eucJP@x", "終了"},
         {"en_US.UTF-8", "Quit"}, {"C", "Quit"},    {"de_DE", "Quit"},
@@ -81,7 +101,7 @@ TEST_F(LocalizedTexts, TheLocaleSaysTheLanguage) {
     EXPECT_EQ(Localized::kQuit(""), "Quit");
 }
 
-TEST_F(LocalizedTexts, AlertsAreSetAsTheyAreMeant) {
+TEST_F(LocalizedTexts, TheReportingAlertHasOneButtonInEnglish) {
     using Answer = headless::ScriptedDesktop::Answer;
     user_->ExpectMessage("message", Answer::Dismiss, [](const MessageDialog& dialog) {
         EXPECT_EQ(dialog.Icon, 1);
@@ -93,34 +113,6 @@ TEST_F(LocalizedTexts, AlertsAreSetAsTheyAreMeant) {
     setenv("LC_ALL", "ja_JP.UTF-8", 1);
     General::ShowAlertModalOK("message", "explanation", nullptr);
     EXPECT_EQ(user_->timesInFront(), 1);
-}
-
-TEST(TranslationTable, ReadsRowsCommentsAndEscapes) {
-    const TranslationTable table = ReadTranslationTable(
-        "\xEF\xBB\xBF/* a comment\n over lines */ \"a\" = \"1\";\n"
-        "// \"no\" = \"row\";\n"
-        "\"b\"=\"say \\\"x\\\" \\\\ \\n\\t\\r\\U65e5\";\"c\"\n=\n\"3\"\n;\n"
-        "\"a\" = \"later\"; \"// d\" = \"/* not a comment */\";\r\n\"\" = \"\";");
-    const TranslationTable expected = {{"a", "later"},
-                                       {"b", "say \"x\" \\ \n\t\r\u65e5"},
-                                       {"c", "3"},
-                                       {"// d", "/* not a comment */"},
-                                       {"", ""}};
-    EXPECT_EQ(table, expected);
-}
-
-TEST(TranslationTable, ABrokenRowCostsItsOwnLineOnly) {
-    for (const char* broken :
-         {"\"a\" = \"open", "\"a\" \"b\";", "a = \"b\";", "\"a\" = b;", "\"a\" = \"b\"", "= ;",
-          "\"", "\"a\" = \"\\q\";", "\"a\" = \"\\U12\";", "\"a\" = \"b\\", "garbage \xFF", "}"}) {
-        const TranslationTable table =
-            ReadTranslationTable(std::string(broken) + "\n\"k\" = \"v\";\n");
-        ASSERT_EQ(table.count("k"), 1U) << broken;
-        EXPECT_EQ(table.size(), 1U) << broken;
-    }
-    EXPECT_TRUE(ReadTranslationTable("").empty());
-    EXPECT_TRUE(ReadTranslationTable("/* never closed \"k\" = \"v\";").empty());
-    EXPECT_TRUE(ReadTranslationTable("\"k\" = \"v\"").empty());
 }
 
 }  // namespace

@@ -9,15 +9,15 @@
 
 namespace dunvey {
 
-/// A free drawing area. It never takes the keyboard focus.
+/// A drawing area. It never has the keyboard focus.
 class Canvas : public RectControl {
  public:
-    /// What it shows before anything is painted; nil for nothing.
+    /// Drawn below what Paint draws; nil for nothing.
     const Ref<Picture>& Backdrop() const { return backdrop_; }
     void SetBackdrop(const Ref<Picture>& picture) { Put(backdrop_, picture); }
 
-    /// The user presses the mouse button over it. True if the press is claimed: then the release is
-    /// reported too.
+    /// The user presses the mouse button. True if the handler claims the press: only then the
+    /// release is reported.
     bool MouseDown(UserAction, int64_t x, int64_t y);
     void MouseUp(UserAction, int64_t x, int64_t y);
 
@@ -25,7 +25,7 @@ class Canvas : public RectControl {
     std::function<bool(Canvas&, int64_t x, int64_t y)> MouseDownHandler;
     std::function<void(Canvas&, int64_t x, int64_t y)> MouseUpHandler;
 
-    // The defaults call the joined handlers; without one a press isn't claimed.
+    // The defaults call the handlers; without one a press isn't claimed.
     virtual void Event_Paint(Graphics& graphics);
     virtual bool Event_MouseDown(int64_t x, int64_t y);
     virtual void Event_MouseUp(int64_t x, int64_t y);

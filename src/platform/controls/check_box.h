@@ -16,12 +16,11 @@ class CheckBox : public RectControl {
     bool Value() const { return value_; }
     void SetValue(bool value) { Put(value_, value); }
 
-    /// The user changes the value, which is the new one when the event fires. One that is disabled
-    /// or not visible stays as it is.
+    /// The user changes the value; then the event fires. A disabled one doesn't change.
     void Toggle(UserAction);
 
     std::function<void(CheckBox&)> Action;
-    /// The default calls the joined handler.
+    /// The default calls the handler.
     virtual void Event_Action() {
         if (Action) Action(*this);
     }

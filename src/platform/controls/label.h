@@ -18,7 +18,7 @@ class Label : public RectControl {
     void SetTextColor(Color color) { Put(textColor_, color); }
     int TextAlign() const { return textAlign_; }
     void SetTextAlign(int align) { Put(textAlign_, align); }
-    /// In points; 0 for the system's own.
+    /// In points; 0 for the default size.
     int64_t TextSize() const { return textSize_; }
     void SetTextSize(int64_t size) { Put(textSize_, size); }
     bool Bold() const { return bold_; }

@@ -95,6 +95,11 @@ void Listbox::SetListIndex(int64_t row) {
     Event_Change();
 }
 
+bool Listbox::Selected(int64_t row) const {
+    Row(row);
+    return row == listIndex_;
+}
+
 int64_t Listbox::Compare(int64_t row1, int64_t row2) {
     int64_t result = 0;
     if (Event_CompareRows(row1, row2, sortedColumn_, result)) return result;
@@ -102,14 +107,12 @@ int64_t Listbox::Compare(int64_t row1, int64_t row2) {
 }
 
 void Listbox::Sort() {
-    const int direction = Column(sortedColumn_).sortDirection;
-    if (direction == kSortNone) return;
-    // The rows stay where they are while the event compares them by their positions.
+    if (Column(sortedColumn_).sortDirection == kSortNone) return;
+    // Event_CompareRows takes indexes, so the rows are moved only after the sort.
     std::vector<int64_t> order(rows_.size());
     std::iota(order.begin(), order.end(), 0);
-    std::stable_sort(order.begin(), order.end(), [&](int64_t row1, int64_t row2) {
-        return Compare(row1, row2) * direction < 0;
-    });
+    std::stable_sort(order.begin(), order.end(),
+                     [this](int64_t row1, int64_t row2) { return Compare(row1, row2) < 0; });
     std::vector<RowContent> sorted;
     sorted.reserve(rows_.size());
     for (const int64_t row : order)
@@ -123,21 +126,18 @@ void Listbox::InvalidateCell(int64_t, int64_t) {
     Changed();
 }
 
-int64_t Listbox::RowWithWord(std::string_view text, int64_t start) const {
-    const std::string wanted = Lowercase(text);
-    const auto begins = [&wanted](const CellContent& cell) {
-        const std::string words = Lowercase(cell.text);
-        for (size_t found = words.find(wanted); found != std::string::npos;
-             found = words.find(wanted, found + 1)) {
-            if (found == 0 || words[found - 1] == ' ') return true;
-        }
-        return false;
-    };
+int64_t Listbox::RowWithWord(std::string_view text) const {
+    const std::string wanted = " " + Lowercase(text);
+    int64_t begun = -1;
     for (int64_t step = 0; step < ListCount(); ++step) {
-        const int64_t row = (std::max<int64_t>(0, start) + step) % ListCount();
-        if (std::any_of(Row(row).cells.begin(), Row(row).cells.end(), begins)) return row;
+        const int64_t row = (std::max<int64_t>(0, listIndex_) + step) % ListCount();
+        for (const CellContent& cell : Row(row).cells) {
+            const std::string words = " " + Lowercase(cell.text);
+            if (words.ends_with(wanted)) return row;
+            if (begun == -1 && words.find(wanted) != std::string::npos) begun = row;
+        }
     }
-    return -1;
+    return begun;
 }
 
 void Listbox::Select(UserAction, int64_t row) {

@@ -4,6 +4,7 @@
 #include "platform/loop/desktop.h"
 
 namespace dunvey {
+
 Ref<MessageDialogButton> MessageDialog::ShowModalWithin(Window* parent) {
     pressed_ = nullptr;
     loop_ = ModalLoop();

@@ -28,23 +28,24 @@ class MessageDialog {
     int Icon = kNoGraphic;
     std::string Message;
     std::string Explanation;
-    /// The default button, which Return presses.
+    /// The default button: Return presses it.
     const Ref<MessageDialogButton> ActionButton = New<MessageDialogButton>("OK", true);
     const Ref<MessageDialogButton> AlternateActionButton = New<MessageDialogButton>("", false);
     const Ref<MessageDialogButton> CancelButton = New<MessageDialogButton>("Cancel", false);
 
-    /// The button that changes nothing. Nil for the cancel button if that is visible, else the
-    /// action button.
+    /// The button that Escape and the window manager's close press; it should change nothing. Nil
+    /// means the cancel button if that is visible, else the action button.
     Ref<MessageDialogButton> DismissButton;
 
-    /// Shows the dialog in a window of its own, or as a sheet of the parent, and blocks until a
-    /// button is pressed, which it returns. Raises DesktopUnavailableException without a screen.
+    /// Shows the dialog as a sheet of `parent`, or in a window of its own where that is nullptr,
+    /// and blocks until a button is pressed. Returns that button. Raises
+    /// DesktopUnavailableException without a screen.
     Ref<MessageDialogButton> ShowModal() { return ShowModalWithin(nullptr); }
     Ref<MessageDialogButton> ShowModalWithin(Window* parent);
 
-    /// The user presses a button; one that isn't visible can't be pressed.
+    /// The user presses a button; an invisible one can't be pressed.
     void Press(UserAction, const Ref<MessageDialogButton>& button);
-    /// The button that Escape and the window manager's close press.
+    /// DismissButton or its default.
     Ref<MessageDialogButton> PressedByEscape() const;
 
  private:

@@ -6,7 +6,7 @@
 
 namespace dunvey {
 
-/// A button in a title bar.
+/// A title-bar button.
 class NSButton {
  public:
     void setHidden(bool hidden) { hidden_ = hidden; }
@@ -16,12 +16,12 @@ class NSButton {
     bool hidden_ = false;
 };
 
-/// The operating system's side of a window.
+/// The native side of a window.
 class NSWindow {
  public:
     enum : int { kCloseButton = 0, kMiniaturizeButton = 1, kZoomButton = 2 };
 
-    /// The title bar's button of that kind; nil for another kind.
+    /// The title-bar button of that kind; nil for an unknown kind.
     Ref<NSButton> standardWindowButton(int kind) const {
         if (kind < kCloseButton || kind > kZoomButton) return nullptr;
         return buttons_[static_cast<size_t>(kind)];

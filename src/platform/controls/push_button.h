@@ -20,11 +20,11 @@ class PushButton : public RectControl {
     bool Cancel() const { return cancel_; }
     void SetCancel(bool cancel) { Put(cancel_, cancel); }
 
-    /// The user presses it. A button that is disabled or not visible can't be pressed.
+    /// The user presses it. A disabled button can't be pressed.
     void Press(UserAction);
 
     std::function<void(PushButton&)> Action;
-    /// The default calls the joined handler.
+    /// The default calls the handler.
     virtual void Event_Action() {
         if (Action) Action(*this);
     }

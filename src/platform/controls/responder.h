@@ -9,7 +9,7 @@ namespace dunvey {
 
 class NSMenuItem;
 
-/// The name of a command or a question, such as "undo:". An empty one is answered by nobody.
+/// The name of a command or a question, such as "undo:". Nobody responds to an empty one.
 class Selector {
  public:
     Selector() = default;
@@ -25,26 +25,24 @@ inline Selector NSSelectorFromString(const std::string& name) {
     return Selector(name);
 }
 
-/// What a text control remembers of its changes.
+/// The undo history of a text control.
 class NSUndoManager {
  public:
     virtual ~NSUndoManager() = default;
     virtual bool canRedo() const = 0;
 };
 
-/// Something that may answer a command: a control, a window, the application.
+/// Something that may carry out a menu command: a window or the application.
 class Responder {
  public:
     virtual ~Responder() = default;
 
     /// Whether it takes this command, or knows this question: "validateMenuItem:",
-    /// "validateUserInterfaceItem:" or "undoManager". A question that it doesn't know isn't asked.
-    /// "cut:", "copy:", "paste:" and "delete:" are not validated: they are to be taken only while
-    /// they can be carried out.
+    /// "validateUserInterfaceItem:" or "undoManager". Unknown questions aren't asked.
     virtual bool respondsToSelector(const Selector& selector) const = 0;
-    /// Carries the command out. The sender may be nil.
+    /// Carries out the command. The sender may be nil.
     virtual void perform(const Selector& action, const Ref<NSMenuItem>& sender) = 0;
-    /// Whether the command of the item, its action, can be carried out now.
+    /// Whether the item's action can be carried out now.
     virtual bool validateMenuItem(const Ref<NSMenuItem>&) { return false; }
     virtual bool validateUserInterfaceItem(const Ref<NSMenuItem>&) { return false; }
     /// Nil for none.

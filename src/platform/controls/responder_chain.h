@@ -1,44 +1,32 @@
 #pragma once
 
-#include <cstdint>
+#include <memory>
 
 #include "platform/controls/responder.h"
 
 namespace dunvey {
 
-/// Who is asked for a command without a fixed target: the focused control of the window in front,
-/// then that window, then the application. Windows behind it are never asked.
+/// Finds the responder of a command without a fixed target: the window in front, then the
+/// application. Windows in the background are never asked.
 class ResponderChain {
  public:
-    /// A place in the chain, given up when this dies. It lives no longer than its responder.
-    class Place {
-     public:
-        Place() = default;
-        Place(Place&& other) noexcept : id_(std::exchange(other.id_, 0)) {}
-        Place& operator=(Place&& other) noexcept;
-        ~Place() { GiveUp(); }
-
-        /// Puts a window in front of the others; its focused control comes with it. It does nothing
-        /// for a control, and while a dialog is in front.
-        void BringToFront();
-
-     private:
-        friend class ResponderChain;
-        explicit Place(int64_t id) : id_(id) {}
-        void GiveUp();
-
-        int64_t id_ = 0;
+    struct Entry {
+        Responder* responder;
     };
+    struct Remover {
+        void operator()(Entry* entry) const;
+    };
+    /// An entry of the chain, removed when this dies. It must not outlive its responder.
+    using Place = std::unique_ptr<Entry, Remover>;
 
-    /// A window that is shown, in front of the others. When it goes, the one before is in front.
+    /// Adds a shown window in front of the others.
     [[nodiscard]] static Place AddWindow(Responder& window);
-    /// A dialog in front of all windows: while it is open none of them is asked.
+    /// Adds a dialog in front of all windows: while it is open none of them is asked.
     [[nodiscard]] static Place AddDialog();
-    /// The control of the window in front that has the focus. It goes with the window; when it goes
-    /// first, the control that had the focus before it has it again.
-    [[nodiscard]] static Place AddFocus(Responder& control);
+    /// Moves a window to the front. Does nothing while a dialog is in front.
+    static void BringToFront(const Place& window);
 
-    /// The first in the chain that takes the command, nullptr if none does.
+    /// nullptr if neither takes the command.
     static Responder* FirstThatTakes(const Selector& action);
 };
 

@@ -16,7 +16,7 @@ Size AtMost(const Size& size, const Size& most) {
     return {std::min(size.Width, most.Width), std::min(size.Height, most.Height)};
 }
 
-/// The windows that Show keeps alive. Never destroyed: Qt calls exit when the display dies, and to
+/// Keeps the windows of Show alive. Never destroyed: Qt calls exit when the display dies, and to
 /// destroy a window afterwards would use what Qt has freed.
 std::vector<std::shared_ptr<Window>>& kept = *new std::vector<std::shared_ptr<Window>>;
 
@@ -106,7 +106,7 @@ void Window::Show() {
         return;
     }
     presence->view->Raise();
-    presence->place.BringToFront();
+    ResponderChain::BringToFront(presence->place);
 }
 
 void Window::ShowModal() {
@@ -140,7 +140,7 @@ void Window::Dismiss(UserAction key) {
 }
 
 void Window::Activate(UserAction) {
-    if (const auto presence = presence_.lock()) presence->place.BringToFront();
+    if (const auto presence = presence_.lock()) ResponderChain::BringToFront(presence->place);
 }
 
 bool Window::respondsToSelector(const Selector& selector) const {

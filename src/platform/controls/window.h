@@ -26,14 +26,14 @@ struct Size {
     friend bool operator==(const Size&, const Size&) = default;
 };
 
-/// A window with its controls. It is shown once: when it has closed it is over. While it is shown
-/// it answers the menu's commands to close it, to put it away and to zoom it.
+/// A window with its controls. It can be shown once; after Close it can't be shown again. While it
+/// is shown it carries out the menu commands Close, Minimize and Zoom.
 class Window : public Observable, public Responder, public std::enable_shared_from_this<Window> {
  public:
     enum : int { kDocument = 0, kMovableModal = 1 };
     enum : int { kDefaultPlacement = 0, kMainScreen = 2 };
 
-    /// The design size is the one that the controls' places are given for.
+    /// `design` is the size that the controls' places refer to.
     explicit Window(Size design) : design_(design), wanted_(design) {}
     ~Window() override = default;
 
@@ -48,8 +48,8 @@ class Window : public Observable, public Responder, public std::enable_shared_fr
     /// The native window.
     const Ref<NSWindow>& Handle() const { return handle_; }
 
-    // The size in points, of the area that the controls stand in: at least the minimum, at most the
-    // maximum, and never more than the screen has room for.
+    // The size of the controls' area in points: at least the minimum, at most the maximum, and
+    // never more than the room on the screen.
     int64_t Width() const { return Actual().Width; }
     int64_t Height() const { return Actual().Height; }
     void SetHeight(int64_t height);
@@ -58,7 +58,7 @@ class Window : public Observable, public Responder, public std::enable_shared_fr
     void SetMinWidth(int64_t width);
     void SetMaxWidth(int64_t width);
     void SetMaxHeight(int64_t height);
-    /// The least size that the screen allows the user to give it.
+    // The limits for the user's resizing, within the room on the screen.
     Size SmallestSize() const;
     Size LargestSize() const;
 
@@ -70,53 +70,63 @@ class Window : public Observable, public Responder, public std::enable_shared_fr
     bool MinimizeButton = true;
     bool FullScreenButton = false;
 
-    /// In the order in which they were added, the undermost first.
+    /// In the order in which they were added, bottom first.
     const std::vector<Ref<RectControl>>& Controls() const { return controls_; }
 
-    /// Shows it, or brings it up if it is on the screen, and returns at once. It is kept alive
-    /// until it has closed or the desktop goes. Raises DesktopUnavailableException without a
-    /// screen.
+    /// Shows the window, or raises it if it is shown already, and returns at once. It is kept alive
+    /// until it closes or the desktop goes. Raises DesktopUnavailableException without a screen.
     void Show();
-    /// Shows it and blocks until it has closed. Raises DesktopUnavailableException without a
+    /// Shows the window and blocks until it closes. Raises DesktopUnavailableException without a
     /// screen.
     void ShowModal();
-    /// Closes it for good. A modal one then comes back from ShowModal.
+    /// Closes it for good; ShowModal then returns.
     void Close();
     bool IsClosed() const { return closed_; }
 
-    /// Takes all that Show holds off the screen; no event is fired.
+    /// Removes all windows shown by Show from the screen; no event is fired.
     static void LetAllGo();
 
-    /// Fired once, when the window opens, behind the opening of its controls.
+    /// Fired once, when the window opens, after the Event_Open of its controls.
     virtual void Event_Open() {}
     /// Fired once, when the window has closed.
     virtual void Event_Close() {}
 
-    /// The user gives it another size.
+    /// The user resizes the window.
     void Resize(UserAction, Size size);
-    /// The screen has room for no more than this.
+    /// Sets the room on the screen.
     void Confine(UserAction, Size room);
-    /// The user presses Return: the default button. False if there is none that can be pressed.
+    /// The user presses Return: presses the default button. False if none is enabled.
     bool PressDefault(UserAction key);
-    /// The user presses Escape: the cancel button. Without one a window that can only be closed is
-    /// dismissed. False if neither is so.
+    /// The user presses Escape: presses the cancel button, or closes a window that has a close
+    /// button as its only title-bar button. False if neither applies.
     bool PressCancel(UserAction key);
-    /// The user closes it by its title bar or the window manager: as Escape where there is a cancel
-    /// button that can be pressed, else it closes.
+    /// The user closes the window by its title bar or the window manager: presses the cancel
+    /// button; without an enabled one the window closes.
     void Dismiss(UserAction key);
-    /// The user brings it in front of the others: the menu's commands go to it.
+    /// The user brings the window to the front: menu commands then go to it.
     void Activate(UserAction);
 
-    // Closing is always possible, as with Dismiss; the rest where the window has the button for it.
+    // Close is always possible and presses no button; the other commands need their title-bar
+    // button.
     bool respondsToSelector(const Selector& selector) const override;
     void perform(const Selector& action, const Ref<NSMenuItem>& sender) override;
     bool validateMenuItem(const Ref<NSMenuItem>& item) override;
 
  protected:
     void Add(Ref<RectControl> control) { controls_.push_back(std::move(control)); }
+    /// Makes a control and adds it.
+    template <typename Control>
+    Ref<Control> Make(const char* name, const Bounds& place, const Locks& locks, int64_t tabIndex) {
+        const Ref<Control> control = New<Control>();
+        control->SetName(name);
+        control->SetDesign(place, locks);
+        control->SetTabIndex(tabIndex);
+        Add(control);
+        return control;
+    }
 
  private:
-    /// What stands for it while it is shown.
+    /// Exists while the window is shown.
     struct Presence {
         std::unique_ptr<Shown> view;
         ResponderChain::Place place;
@@ -127,7 +137,7 @@ class Window : public Observable, public Responder, public std::enable_shared_fr
     bool CanPerform(const Selector& action) const;
     Size Actual() const;
     void Apply(const Size& before);
-    /// Assigns a width or a height of one of the sizes below, and has the controls follow.
+    /// Assigns one side of one of the sizes below and moves the controls accordingly.
     void ChangeSide(int64_t& side, int64_t length);
     Ref<PushButton> Button(bool (PushButton::*is)() const) const;
 
@@ -144,7 +154,7 @@ class Window : public Observable, public Responder, public std::enable_shared_fr
     bool busy_ = false;
     bool opened_ = false;
     bool closed_ = false;
-    /// Empty while it isn't on the screen. A modal one is held by ShowModal.
+    /// Held by ShowModal, else by held_.
     std::weak_ptr<Presence> presence_;
     std::shared_ptr<Presence> held_;
 };

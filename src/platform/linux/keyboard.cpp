@@ -41,4 +41,8 @@ bool AsyncOptionKey() {
     return (HeldModifiers() & XCB_MOD_MASK_SHIFT) != 0;
 }
 
+const char* CommandKeyName() {
+    return "Control";
+}
+
 }  // namespace dunvey::Keyboard

@@ -7,4 +7,7 @@ namespace dunvey::Keyboard {
 bool AsyncCommandKey();
 bool AsyncOptionKey();
 
+/// What users call the Command key here, such as "Control".
+const char* CommandKeyName();
+
 }  // namespace dunvey::Keyboard

@@ -28,7 +28,7 @@ MenuCaption::MenuCaption(std::string text) : title(std::move(text)) {
 
 std::optional<KeyCombination> ParseKeyboardShortcut(std::string_view shortcut) {
     KeyCombination keys;
-    // The key itself may be a plus sign, so none is looked for in the last character.
+    // The key may be "+" itself, so the last character is never a separator.
     size_t plus = shortcut.find('+');
     while (plus != std::string_view::npos && plus + 1 < shortcut.size()) {
         if (!SetModifier(keys, shortcut.substr(0, plus))) return std::nullopt;

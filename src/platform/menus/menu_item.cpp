@@ -1,36 +1,12 @@
 #include "platform/menus/menu_item.h"
 
-#include <string_view>
-
 #include "platform/loop/application.h"
-#include "platform/menus/native_menu.h"
-#include "platform/values/exceptions.h"
+#include "platform/values/array.h"
 
 namespace dunvey {
-namespace {
-
-/// The command that a text control answers, for the items that bear one of the standard names.
-Selector EditingCommand(const std::string& name) {
-    constexpr std::pair<std::string_view, const char*> kCommands[] = {{"EditCut", "cut:"},
-                                                                      {"EditCopy", "copy:"},
-                                                                      {"EditPaste", "paste:"},
-                                                                      {"EditClear", "delete:"}};
-    for (const auto& [item, command] : kCommands) {
-        if (item == name) return NSSelectorFromString(command);
-    }
-    return {};
-}
-
-bool IsAnswered(const Selector& command) {
-    return NSApplication::sharedApplication()->targetForAction(command, nullptr, nullptr) !=
-           nullptr;
-}
-
-}  // namespace
 
 const Ref<MenuItem>& MenuItem::Item(int64_t index) const {
-    if (index < 0 || index >= Count()) throw OutOfBoundsException();
-    return items_[static_cast<size_t>(index)];
+    return At(items_, index);
 }
 
 Ref<MenuItem> MenuItem::Find(const std::string& name) const {
@@ -65,7 +41,7 @@ void MenuItem::Validate() {
 }
 
 void MenuItem::ValidateItem() {
-    if (AutoEnable) Enabled = Count() > 0 || Action || IsAnswered(EditingCommand(Name));
+    if (AutoEnable) Enabled = Count() > 0 || Action;
     Event_EnableMenu();
 }
 
@@ -74,11 +50,6 @@ bool MenuItem::Choose(UserAction) {
     ValidateItem();
     if (Count() > 0 || IsSeparator() || !Enabled || !Visible) return false;
     return Event_Action();
-}
-
-bool MenuItem::Event_Action() {
-    if (Action) return Action();
-    return NSApplication::sharedApplication()->sendAction(EditingCommand(Name), nullptr, nullptr);
 }
 
 bool QuitMenuItem::Event_Action() {

@@ -21,53 +21,52 @@ class MenuItem : public std::enable_shared_from_this<MenuItem> {
     MenuItem(const MenuItem&) = delete;
     MenuItem& operator=(const MenuItem&) = delete;
 
-    /// What it is found by.
+    /// What Find looks for.
     std::string Name;
-    /// The caption, with "&" ahead of the mnemonic; "-" makes a separator.
+    /// The caption, with "&" before the mnemonic; "-" makes a separator.
     std::string Text;
     bool Enabled = true;
     bool Visible = true;
-    /// Whether each validation sets Enabled: True for a menu, for an item with a joined handler,
-    /// and for one of the editing commands while a responder answers it.
+    /// Whether each validation sets Enabled: True for a menu and for an item with a handler.
     bool AutoEnable = true;
     /// Such as "Cmd+Shift+Z"; empty for none.
     std::string KeyboardShortcut;
-    /// The joined handler. Returns whether the command was dealt with.
+    /// The handler. Returns whether the command was carried out.
     std::function<bool()> Action;
 
     bool IsSeparator() const { return Text == "-"; }
 
-    /// A nil is taken; it counts, and stands for nothing.
+    /// A nil item is allowed: it counts and is never shown.
     void Append(Ref<MenuItem> item) { items_.push_back(std::move(item)); }
     int64_t Count() const { return static_cast<int64_t>(items_.size()); }
-    /// The item at the 0-based position. Raises OutOfBoundsException.
+    /// The item at the 0-based index. Raises OutOfBoundsException.
     const Ref<MenuItem>& Item(int64_t index) const;
     const std::vector<Ref<MenuItem>>& Items() const { return items_; }
-    /// The item of that name below this one, in the order of the tree; nil if there is none.
+    /// The first descendant of that name, depth first; nil if there is none.
     Ref<MenuItem> Find(const std::string& name) const;
-    /// What a menu shows: its visible items without separators that lead, trail or follow another.
+    /// The visible items, without leading, trailing and repeated separators.
     std::vector<Ref<MenuItem>> ItemsShown() const;
 
-    /// The menu is about to show: decides anew which of its items are enabled.
+    /// Updates Enabled of the menu's items. Called before the menu is shown.
     void Validate();
-    /// The user chooses the item, in a menu or by its shortcut. It is validated first; a menu, a
-    /// separator, and an item that is disabled or not visible can't be chosen. Returns whether the
-    /// command was dealt with.
+    /// The user chooses the item in a menu or by its shortcut. The item is validated first; a menu,
+    /// a separator, and a disabled or invisible item can't be chosen. Returns whether the command
+    /// was carried out.
     bool Choose(UserAction);
 
-    /// The item was chosen. Returns whether the command was dealt with. The default calls the
-    /// joined handler; without one the responder chain gets the editing command of that name.
-    virtual bool Event_Action();
-    /// The item is validated, with AutoEnable taken into account already. It may set Enabled.
+    /// The item was chosen. The default calls the handler. Returns whether the command was carried
+    /// out.
+    virtual bool Event_Action() { return Action && Action(); }
+    /// The item is being validated, after AutoEnable. May set Enabled.
     virtual void Event_EnableMenu() {}
 
  protected:
-    /// This item; nil if nothing refers to it.
+    /// This item; nil if it has no owner.
     Ref<MenuItem> Self() { return Ref<MenuItem>(weak_from_this().lock()); }
 
  private:
     friend class NSMenuItem;
-    /// What the native menu keeps of the item.
+    /// What is set on the item's NSMenuItem.
     struct Native {
         Responder* target = nullptr;
         Selector action;
@@ -80,13 +79,13 @@ class MenuItem : public std::enable_shared_from_this<MenuItem> {
     std::vector<Ref<MenuItem>> items_;
 };
 
-/// An item that lands in the application's own menu, where the system has one.
+/// An item of the application menu, where there is one.
 class ApplicationMenuItem : public MenuItem {
  public:
     using MenuItem::MenuItem;
 };
 
-/// The command that ends the program. It is always enabled.
+/// Ends the program. Always enabled.
 class QuitMenuItem : public MenuItem {
  public:
     using MenuItem::MenuItem;

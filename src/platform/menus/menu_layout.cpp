@@ -1,7 +1,5 @@
 #include "platform/menus/menu_layout.h"
 
-#include <algorithm>
-
 #include "platform/menus/menu_caption.h"
 
 namespace dunvey {
@@ -20,27 +18,6 @@ std::string Marked(const MenuCaption& caption) {
     return marked;
 }
 
-/// The items that stand in the menu, with the separators that stay needed.
-std::vector<Ref<MenuItem>> ItemsOf(const MenuItem& menu, const std::vector<Ref<MenuItem>>& moved,
-                                   bool isHelp) {
-    MenuItem standing;
-    for (const Ref<MenuItem>& item : menu.Items()) {
-        if (std::find(moved.begin(), moved.end(), item) == moved.end()) standing.Append(item);
-    }
-    for (const Ref<MenuItem>& item : moved)
-        if (isHelp) standing.Append(item);
-    return standing.ItemsShown();
-}
-
-std::vector<Ref<MenuItem>> ApplicationCommands(const MenuBar& bar) {
-    std::vector<Ref<MenuItem>> commands;
-    for (const Ref<MenuItem>& menu : bar.ItemsShown()) {
-        for (const Ref<MenuItem>& item : menu->Items())
-            if (item && IsApplicationCommand(*item)) commands.push_back(item);
-    }
-    return commands;
-}
-
 }  // namespace
 
 bool IsApplicationCommand(const MenuItem& item) {
@@ -48,11 +25,18 @@ bool IsApplicationCommand(const MenuItem& item) {
 }
 
 std::vector<MenuOnScreen> MenusOnScreen(const MenuBar& bar, bool hasApplicationMenu) {
-    const bool moves = !hasApplicationMenu && bar.Find("HelpMenu");
-    const auto moved = moves ? ApplicationCommands(bar) : std::vector<Ref<MenuItem>>();
+    const Ref<MenuItem> help = hasApplicationMenu ? nullptr : bar.Find("HelpMenu");
+    MenuItem moved;
     std::vector<MenuOnScreen> menus;
     for (const Ref<MenuItem>& menu : bar.ItemsShown()) {
-        auto items = ItemsOf(*menu, moved, menu->Name == "HelpMenu");
+        MenuItem kept;
+        for (const Ref<MenuItem>& item : menu->Items())
+            (help && item && IsApplicationCommand(*item) ? moved : kept).Append(item);
+        if (menu == help) {
+            for (const Ref<MenuItem>& item : moved.Items())
+                kept.Append(item);
+        }
+        std::vector<Ref<MenuItem>> items = kept.ItemsShown();
         if (!items.empty()) menus.push_back({menu, std::move(items)});
     }
     return menus;
@@ -64,13 +48,11 @@ std::string MarkedCaption(const MenuItem& item) {
 
 std::string MarkedMenuCaption(const MenuItem& menu) {
     MenuCaption caption(menu.Text);
-    if (caption.mnemonic || caption.title.empty()) return Marked(caption);
-    if (IsLetter(caption.title[0])) {
-        caption.mnemonic = 0;
-        return Marked(caption);
-    }
-    if (menu.Name.empty()) return Marked(caption);
-    return Marked(caption) + "(&" + menu.Name[0] + ")";
+    const bool isLatin = !caption.title.empty() && IsLetter(caption.title[0]);
+    if (!caption.mnemonic && isLatin) caption.mnemonic = 0;
+    const std::string marked = Marked(caption);
+    if (caption.mnemonic || caption.title.empty() || menu.Name.empty()) return marked;
+    return marked + "(&" + menu.Name[0] + ")";
 }
 
 }  // namespace dunvey

@@ -10,18 +10,18 @@ namespace dunvey {
 
 class NSMenu;
 
-/// The native side of a menu item. It is made anew each time it is asked for; what is set on it
-/// stays with the menu item.
+/// The native side of a menu item. It is created at each request; its state is kept in the menu
+/// item.
 class NSMenuItem {
  public:
     explicit NSMenuItem(Ref<MenuItem> item) : item_(std::move(item)) {}
 
-    /// The caption as the user reads it; empty for a separator.
+    /// The caption as shown; empty for a separator.
     std::string title() const;
-    /// Nil if the item has no items of its own.
+    /// Nil if the item has no items.
     Ref<NSMenu> submenu() const;
 
-    /// The target isn't kept alive. nullptr stands for the responder chain.
+    /// The target isn't owned. nullptr means the responder chain.
     Responder* target() const { return item_->native_.target; }
     void setTarget(Responder* target) { item_->native_.target = target; }
     const Selector& action() const { return item_->native_.action; }
@@ -38,7 +38,7 @@ class NSMenu {
  public:
     explicit NSMenu(Ref<MenuItem> menu) : menu_(std::move(menu)) {}
 
-    /// The first item with that title, not looking into its submenus; nil if there is none.
+    /// The first item with that title, submenus not searched; nil if there is none.
     Ref<NSMenuItem> itemWithTitle(const std::string& title) const;
 
  private:
@@ -47,17 +47,16 @@ class NSMenu {
 
 namespace NSApplication {
 
-/// The last link of the responder chain.
+/// The end of the responder chain.
 class SharedApplication final : public Responder {
  public:
-    /// The native side of the application's menu bar; nil where it has none. Raises
-    /// NilObjectException before there is an application.
+    /// Nil if the application has no menu bar. Raises NilObjectException without an application.
     Ref<NSMenu> mainMenu() const;
-    /// Who would answer: `to` if it takes the action, or the first of the responder chain that does
-    /// where `to` is nullptr. nullptr for nobody.
+    /// The responder that takes the action: `to`, or the first in the responder chain if `to` is
+    /// nullptr. nullptr for none.
     Responder* targetForAction(const Selector& action, Responder* to,
                                const Ref<NSMenuItem>& from) const;
-    /// Has that one carry the action out; False if there is nobody.
+    /// Has that responder carry out the action; False if there is none.
     bool sendAction(const Selector& action, Responder* to, const Ref<NSMenuItem>& from) const;
 
     bool respondsToSelector(const Selector& selector) const override;

@@ -2,6 +2,7 @@
 
 #include <QAbstractItemView>
 #include <QHelpEvent>
+#include <QPicture>
 #include <QToolTip>
 
 #include "platform/loop/event_loop.h"
@@ -14,9 +15,8 @@ namespace {
 constexpr int kMargin = 5;
 
 Qt::Alignment AlignmentOf(int alignment) {
-    if (alignment == Listbox::kAlignCentre) return Qt::AlignHCenter | Qt::AlignVCenter;
-    if (alignment == Listbox::kAlignRight) return Qt::AlignRight | Qt::AlignVCenter;
-    return Qt::AlignLeft | Qt::AlignVCenter;
+    if (alignment == Listbox::kAlignCentre) return Qt::AlignCenter;
+    return (alignment == Listbox::kAlignRight ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter;
 }
 
 QPalette::ColorGroup GroupOf(const QStyleOptionViewItem& option) {
@@ -34,41 +34,48 @@ QRect CellPainter::TextRoom(const QSize& cell, int64_t row, int64_t column) cons
 
 void CellPainter::paint(QPainter* painter, const QStyleOptionViewItem& option,
                         const QModelIndex& index) const {
-    // The list may be ahead of the screen.
-    if (index.row() >= list_->ListCount()) return;
+    const int row = index.row();
+    // The list may have changed since the model read it.
+    if (row >= list_->ListCount()) return;
     painter->save();
     painter->setClipRect(option.rect);
     painter->translate(option.rect.topLeft());
-    EventLoop::Current().Enter([&] { PaintCell(*painter, option, index.row(), index.column()); });
+    EventLoop::Current().Enter([&] {
+        PaintBackground(*painter, option, row, index.column());
+        if (const Ref<Picture>& picture = list_->RowPicture(row); picture && index.column() == 0) {
+            const int top = (option.rect.height() - static_cast<int>(picture->Height())) / 2;
+            DrawPictureAt(*painter, *picture, {kMargin, top});
+        }
+        PaintText(*painter, option, row, index.column());
+    });
     painter->restore();
 }
 
-void CellPainter::PaintCell(QPainter& painter, const QStyleOptionViewItem& option, int64_t row,
-                            int64_t column) const {
-    const QSize cell = option.rect.size();
-    if (list_->Selected(row)) {
-        painter.fillRect(QRect(QPoint(0, 0), cell),
-                         option.palette.brush(GroupOf(option), QPalette::Highlight));
-    }
-    QtGraphics background(painter, cell);
-    list_->Event_CellBackgroundPaint(background, row, column);
-    if (const Ref<Picture>& picture = list_->RowPicture(row); picture && column == 0) {
-        const int top = (cell.height() - static_cast<int>(picture->Height())) / 2;
-        DrawPictureAt(painter, *picture, {kMargin, top});
-    }
-    PaintText(painter, option, row, column);
+void CellPainter::PaintBackground(QPainter& painter, const QStyleOptionViewItem& option,
+                                  int64_t row, int64_t column) const {
+    const QRect cell(QPoint(0, 0), option.rect.size());
+    // Recorded, since the answer says whether something must be painted below.
+    QPicture drawn;
+    QPainter recorder(&drawn);
+    QtGraphics graphics(recorder, cell.size());
+    const bool isPainted = list_->Event_CellBackgroundPaint(graphics, row, column);
+    recorder.end();
+    const bool isSelected = list_->Selected(row);
+    const auto role = isSelected ? QPalette::Highlight : QPalette::Base;
+    if (isSelected || !isPainted)
+        painter.fillRect(cell, option.palette.brush(GroupOf(option), role));
+    painter.drawPicture(0, 0, drawn);
 }
 
 void CellPainter::PaintText(QPainter& painter, const QStyleOptionViewItem& option, int64_t row,
                             int64_t column) const {
     const bool isSelected = list_->Selected(row);
-    const QColor own = option.palette.color(
-        GroupOf(option), isSelected ? QPalette::HighlightedText : QPalette::Text);
+    const auto role = isSelected ? QPalette::HighlightedText : QPalette::Text;
     const QRect room = TextRoom(option.rect.size(), row, column);
     const QFontMetrics& metrics = option.fontMetrics;
     const int baseline = (room.height() - metrics.height()) / 2 + metrics.ascent();
     QtGraphics graphics(painter, option.rect.size());
-    graphics.ForeColor = ToColor(own);
+    graphics.ForeColor = ToColor(option.palette.color(GroupOf(option), role));
     if (list_->Event_CellTextPaint(graphics, row, column, room.left(), baseline)) return;
     const QColor ground = option.palette.color(QPalette::AlternateBase);
     painter.setPen(isSelected ? ToQColor(graphics.ForeColor)
@@ -81,13 +88,15 @@ void CellPainter::PaintText(QPainter& painter, const QStyleOptionViewItem& optio
 
 bool CellPainter::helpEvent(QHelpEvent* event, QAbstractItemView* view,
                             const QStyleOptionViewItem& option, const QModelIndex& index) {
-    QString tip;
+    QStringList tip;
     if (index.isValid() && index.row() < list_->ListCount()) {
         const QString line = LineOf(list_->Cell(index.row(), index.column()));
         const QRect room = TextRoom(option.rect.size(), index.row(), index.column());
-        if (option.fontMetrics.horizontalAdvance(line) > room.width()) tip = TipOf(line);
+        if (option.fontMetrics.horizontalAdvance(line) > room.width()) tip << TipOf(line);
+        const QString helpTag = LineOf(list_->RowHelpTag(index.row()));
+        if (!helpTag.isEmpty()) tip << TipOf(helpTag);
     }
-    QToolTip::showText(event->globalPos(), tip, view);
+    QToolTip::showText(event->globalPos(), tip.join(QLatin1String("<br>")), view);
     return true;
 }
 

@@ -6,7 +6,7 @@
 
 namespace dunvey {
 
-/// Paints the cells of a Listbox, letting its events draw first.
+/// Paints the cells of a Listbox and fires its paint events.
 class CellPainter final : public QStyledItemDelegate {
  public:
     CellPainter(Ref<Listbox> list, QObject* parent)
@@ -14,13 +14,13 @@ class CellPainter final : public QStyledItemDelegate {
 
     void paint(QPainter* painter, const QStyleOptionViewItem& option,
                const QModelIndex& index) const override;
-    /// Shows the whole text of a cell that is cut.
+    /// Shows the whole text of a shortened cell and the help tag of the row.
     bool helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
                    const QModelIndex& index) override;
 
  private:
-    void PaintCell(QPainter& painter, const QStyleOptionViewItem& option, int64_t row,
-                   int64_t column) const;
+    void PaintBackground(QPainter& painter, const QStyleOptionViewItem& option, int64_t row,
+                         int64_t column) const;
     void PaintText(QPainter& painter, const QStyleOptionViewItem& option, int64_t row,
                    int64_t column) const;
     QRect TextRoom(const QSize& cell, int64_t row, int64_t column) const;

@@ -5,6 +5,7 @@
 #include <QMouseEvent>
 #include <QScopedValueRollback>
 #include <QScrollBar>
+#include <QTimer>
 
 #include "platform/qt/qt_cells.h"
 #include "platform/qt/qt_text.h"
@@ -32,7 +33,7 @@ int ListRows::columnCount(const QModelIndex& parent) const {
 }
 
 QVariant ListRows::data(const QModelIndex& index, int role) const {
-    // The list may be ahead of what was read.
+    // The list may have changed since Read.
     if (index.row() >= list_->ListCount()) return {};
     switch (role) {
         case Qt::DisplayRole:
@@ -64,6 +65,11 @@ QtList::QtList(Ref<Listbox> list, QWidget* parent, UserDoor door)
     setWordWrap(false);
     setFrameShape(QFrame::Box);
     setFrameShadow(QFrame::Plain);
+    note_.setWordWrap(true);
+    note_.setAutoFillBackground(true);
+    note_.setAlignment(Qt::AlignCenter);
+    note_.setMargin(3);
+    note_.hide();
     horizontalHeader()->hide();
     horizontalHeader()->setMinimumSectionSize(0);
     verticalHeader()->hide();
@@ -79,8 +85,7 @@ QtList::QtList(Ref<Listbox> list, QWidget* parent, UserDoor door)
 
 void QtList::ReadSoon() {
     if (std::exchange(isChanged_, true)) return;
-    QMetaObject::invokeMethod(
-        this, [this] { ReadIfChanged(); }, Qt::QueuedConnection);
+    QTimer::singleShot(0, this, [this] { ReadIfChanged(); });
 }
 
 void QtList::ReadIfChanged() {
@@ -93,11 +98,12 @@ void QtList::Read() {
     rows_.Read();
     SetColumnWidths();
     ReadSelection();
+    ReadNote();
     viewport()->update();
 }
 
 void QtList::ReadLook() {
-    // The stripes of the rows are light ones, so the text on them is dark under every theme.
+    // The stripes are light, so the text is dark under every theme.
     QPalette look = QApplication::palette(this);
     look.setColor(QPalette::Base, Qt::white);
     look.setColor(QPalette::AlternateBase, QColor(0xF1, 0xF2, 0xF2));
@@ -107,6 +113,7 @@ void QtList::ReadLook() {
     const int height = static_cast<int>(list_->DefaultRowHeight());
     verticalHeader()->setDefaultSectionSize(height);
     setFont(QApplication::font(this));
+    note_.setPalette(look);
     setAccessibleName(LineOf(list_->SpokenName()));
 }
 
@@ -121,6 +128,19 @@ void QtList::ReadSelection() {
     scrollTo(selected);
 }
 
+void QtList::ReadNote() {
+    const QString note = LineOf(list_->Note());
+    setAccessibleDescription(note);
+    note_.setText(note);
+    note_.setHidden(note.isEmpty());
+    const QRect room = viewport()->geometry();
+    QRect place(room.topLeft(), QSize(room.width(), note_.heightForWidth(room.width())));
+    place.moveBottom(room.bottom());
+    // Never over the selected row.
+    if (place.intersects(visualRect(currentIndex()))) place.moveTop(room.top());
+    note_.setGeometry(place);
+}
+
 void QtList::SetColumnWidths() {
     const std::vector<int64_t> widths = list_->ColumnWidthsIn(viewport()->width());
     for (size_t column = 0; column < widths.size(); ++column)
@@ -132,11 +152,10 @@ void QtList::keyboardSearch(const QString& text) {
         searched_.clear();
     }
     sinceKey_.start();
-    const bool isFirst = searched_.isEmpty();
-    if (text.isEmpty() || !text.at(0).isPrint() || (isFirst && text.at(0).isSpace())) return;
+    if (text.isEmpty() || !text.at(0).isPrint()) return;
+    if (searched_.isEmpty() && text.at(0).isSpace()) return;
     searched_ += text;
-    const int64_t start = list_->ListIndex() + (isFirst ? 1 : 0);
-    const int64_t found = list_->RowWithWord(searched_.toStdString(), start);
+    const int64_t found = list_->RowWithWord(searched_.toStdString());
     if (found != -1) setCurrentIndex(rows_.index(static_cast<int>(found), 0));
 }
 
@@ -153,7 +172,7 @@ void QtList::mouseDoubleClickEvent(QMouseEvent* event) {
 
 void QtList::keyPressEvent(QKeyEvent* event) {
     ReadIfChanged();
-    // Without a selection the keys begin at the top; the toolkit takes the first row for passed.
+    // Without a selection the keys start at the top; Qt would start after the first row.
     if (list_->ListIndex() == -1) selectionModel()->clearCurrentIndex();
     QTableView::keyPressEvent(event);
 }
@@ -161,6 +180,7 @@ void QtList::keyPressEvent(QKeyEvent* event) {
 void QtList::resizeEvent(QResizeEvent* event) {
     QTableView::resizeEvent(event);
     SetColumnWidths();
+    ReadNote();
 }
 
 void QtList::showEvent(QShowEvent* event) {
@@ -170,7 +190,7 @@ void QtList::showEvent(QShowEvent* event) {
 
 void QtList::updateGeometries() {
     QTableView::updateGeometries();
-    // Rows that end within the border count as seen: no scroll bar for a hair line.
+    // No scroll bar if only a hair line is hidden.
     const bool allSeen = verticalScrollBar()->maximum() <= 2 * frameWidth();
     if (allSeen) verticalScrollBar()->setRange(0, 0);
     setVerticalScrollBarPolicy(allSeen ? Qt::ScrollBarAlwaysOff : Qt::ScrollBarAlwaysOn);
@@ -184,7 +204,7 @@ QModelIndex QtList::moveCursor(CursorAction action, Qt::KeyboardModifiers modifi
 
 QItemSelectionModel::SelectionFlags QtList::selectionCommand(const QModelIndex& index,
                                                              const QEvent* event) const {
-    // Keys that are held have a meaning of their own for the program, so they never deselect.
+    // Modifier keys have another meaning here, so they never deselect.
     const bool isRelease = event != nullptr && event->type() == QEvent::MouseButtonRelease;
     if (isRelease || !index.isValid()) return QItemSelectionModel::NoUpdate;
     return QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows;
@@ -196,7 +216,7 @@ void QtList::selectionChanged(const QItemSelection& selected, const QItemSelecti
     const QModelIndexList rows = selectionModel()->selectedRows();
     const int row = rows.isEmpty() ? -1 : rows.first().row();
     door_([&](UserAction key) { list_->Select(key, row); });
-    // The list has the last word.
+    // The handler may have changed the selection.
     ReadSoon();
 }
 

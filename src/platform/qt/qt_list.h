@@ -2,6 +2,7 @@
 
 #include <QAbstractTableModel>
 #include <QElapsedTimer>
+#include <QLabel>
 #include <QTableView>
 
 #include "platform/controls/listbox.h"
@@ -9,13 +10,12 @@
 
 namespace dunvey {
 
-/// The rows of a Listbox for the toolkit; it keeps nothing but how many there were when it was last
-/// read.
+/// The Qt model of a Listbox. It stores only the row count of the last Read.
 class ListRows final : public QAbstractTableModel {
  public:
     explicit ListRows(Ref<Listbox> list) : list_(std::move(list)) {}
 
-    /// Tells the toolkit that the rows are other ones.
+    /// Signals what has changed since the last call.
     void Read();
     int rowCount(const QModelIndex& parent = {}) const override;
     int columnCount(const QModelIndex& parent = {}) const override;
@@ -34,7 +34,7 @@ class QtList final : public QTableView {
  public:
     QtList(Ref<Listbox> list, QWidget* parent, UserDoor door);
 
-    /// Reads the list anew at the toolkit's next turn, however often it is asked for until then.
+    /// Reads the list once at the next turn of the event loop.
     void ReadSoon();
     void keyboardSearch(const QString& text) override;
 
@@ -56,14 +56,17 @@ class QtList final : public QTableView {
     void ReadIfChanged();
     void ReadLook();
     void ReadSelection();
+    void ReadNote();
     void SetColumnWidths();
 
     Ref<Listbox> list_;
     UserDoor door_;
     ListRows rows_;
     bool isChanged_ = false;
-    /// What changes on the screen is the list's own doing, not the user's.
+    /// Changes of the selection don't come from the user.
     bool isReading_ = true;
+    /// Over the rows, at the bottom or the top.
+    QLabel note_{this};
     QString searched_;
     QElapsedTimer sinceKey_;
 };

@@ -9,34 +9,19 @@ namespace dunvey {
 namespace {
 
 QString Text(const std::string& text) {
-    // The logic separates lines as the first home does, with a carriage return.
+    // On the Mac lines end with a carriage return.
     return QString::fromStdString(text).replace(QLatin1Char('\r'), QLatin1Char('\n'));
-}
-
-QMessageBox::Icon Graphic(int icon) {
-    switch (icon) {
-        case MessageDialog::kNote:
-            return QMessageBox::Information;
-        case MessageDialog::kCaution:
-            return QMessageBox::Warning;
-        case MessageDialog::kStop:
-            return QMessageBox::Critical;
-        case MessageDialog::kQuestion:
-            return QMessageBox::Question;
-        default:
-            return QMessageBox::NoIcon;
-    }
 }
 
 }  // namespace
 
 QtMessageDialog::QtMessageDialog(MessageDialog& dialog, UserAction key, QWidget* parent)
     : dialog_(dialog), key_(key), box_(parent) {
-    box_.setTextFormat(Qt::PlainText);
-    box_.setIcon(Graphic(dialog.Icon));
+    static_assert(QMessageBox::Question == MessageDialog::kQuestion + 1);
+    box_.setIcon(static_cast<QMessageBox::Icon>(dialog.Icon + 1));
     box_.setText(Text(dialog.Message));
     box_.setInformativeText(Text(dialog.Explanation));
-    // The box's own text format doesn't reach this label, and an explanation may name any file.
+    // QMessageBox::setTextFormat doesn't reach the label of the explanation.
     for (QLabel* label : box_.findChildren<QLabel*>())
         label->setTextFormat(Qt::PlainText);
     AddButton(dialog.ActionButton, QMessageBox::AcceptRole);

@@ -9,7 +9,7 @@
 namespace dunvey {
 
 /// A message dialog on the screen: a sheet of `parent`, or where that is nullptr a window of its
-/// own that holds the whole program up.
+/// own that blocks the whole program.
 class QtMessageDialog final : public Shown {
  public:
     QtMessageDialog(MessageDialog& dialog, UserAction key, QWidget* parent);

@@ -90,9 +90,11 @@ Color Readable(Color color, Color background, double leastContrast) {
 }
 
 double LeastContrast(Color themeBackground, Color themeText) {
-    // Ordinary themes with black text on light grey stay below.
+    // Ordinary themes with black text on light grey stay below this.
     constexpr double kHighContrast = 20;
-    return Contrast(themeBackground, themeText) >= kHighContrast ? 4.5 : 2.5;
+    const bool isOrdinaryLight = Luminance(themeBackground) > Luminance(themeText) &&
+                                 Contrast(themeBackground, themeText) < kHighContrast;
+    return isOrdinaryLight ? 2.5 : 4.5;
 }
 
 }  // namespace dunvey

@@ -153,58 +153,30 @@ TEST_F(MenuItems, QuitEndsTheProgramOnce) {
     EXPECT_TRUE(Choose(quit)) << "it is under way already";
 }
 
-TEST_F(MenuItems, EditingCommandsGoToAFocusedControlThatTakesThem) {
-    test::RecordingResponder field({"cut:", "paste:", "delete:"});
-    const Ref<MenuItem> cut = Add("EditCut");
-    const Ref<MenuItem> copy = Add("EditCopy");
-    const Ref<MenuItem> paste = Add("EditPaste");
-    const Ref<MenuItem> clear = Add("EditClear");
-    {
-        const ResponderChain::Place focus = ResponderChain::AddFocus(field);
-        menu_->Validate();
-        EXPECT_TRUE(cut->Enabled);
-        EXPECT_FALSE(copy->Enabled);
-        EXPECT_TRUE(Choose(paste));
-        EXPECT_TRUE(Choose(clear));
-    }
-    EXPECT_FALSE(Choose(cut)) << "the focus is gone";
-    EXPECT_EQ(field.log, "paste:(nil) delete:(nil) ");
-}
-
-TEST(ResponderChain, AsksTheFocusThenTheWindowInFrontThenTheApplication) {
+TEST(ResponderChain, AsksTheWindowInFrontThenTheApplication) {
     const auto first = [](const char* action) {
         return ResponderChain::FirstThatTakes(NSSelectorFromString(action));
     };
-    Responder* const application = NSApplication::sharedApplication();
     test::RecordingResponder back({"a", "b"});
-    test::RecordingResponder field({"a"});
     test::RecordingResponder front({"b", "arrangeInFront:"});
     EXPECT_EQ(first("a"), nullptr);
     EXPECT_EQ(first(""), nullptr);
     ResponderChain::Place backPlace = ResponderChain::AddWindow(back);
-    EXPECT_EQ(first("a"), &back);
-    ResponderChain::Place fieldPlace = ResponderChain::AddFocus(field);
-    EXPECT_EQ(first("a"), &field);
-    EXPECT_EQ(first("b"), &back) << "what the focus doesn't take goes to its window";
     {
         const ResponderChain::Place frontPlace = ResponderChain::AddWindow(front);
-        EXPECT_EQ(first("a"), nullptr) << "windows behind are never asked, nor their controls";
+        EXPECT_EQ(first("a"), nullptr) << "windows in the background are never asked";
         EXPECT_EQ(first("b"), &front);
         EXPECT_EQ(first("arrangeInFront:"), &front);
-        backPlace.BringToFront();
-        EXPECT_EQ(first("a"), &field);
+        ResponderChain::BringToFront(backPlace);
         EXPECT_EQ(first("b"), &back);
-        EXPECT_EQ(first("arrangeInFront:"), application);
+        EXPECT_EQ(first("arrangeInFront:"), NSApplication::sharedApplication());
+        const ResponderChain::Place dialog = ResponderChain::AddDialog();
+        ResponderChain::BringToFront(frontPlace);
+        EXPECT_EQ(first("b"), nullptr) << "a dialog stays in front";
     }
-    ResponderChain::Place moved = std::move(fieldPlace);
-    fieldPlace = ResponderChain::Place();
-    EXPECT_EQ(first("a"), &field);
-    fieldPlace = std::move(moved);
-    moved = ResponderChain::Place();
-    EXPECT_EQ(first("a"), &field) << "the place has moved on";
-    backPlace = ResponderChain::Place();
-    EXPECT_EQ(first("a"), nullptr) << "a window takes its controls with it";
-    EXPECT_EQ(first("b"), nullptr);
+    EXPECT_EQ(first("a"), &back);
+    backPlace = nullptr;
+    EXPECT_EQ(first("a"), nullptr);
 }
 
 }  // namespace

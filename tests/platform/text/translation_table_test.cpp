@@ -1,0 +1,37 @@
+#include "platform/text/translation_table.h"
+
+#include <gtest/gtest.h>
+
+namespace dunvey {
+namespace {
+
+TEST(TranslationTable, ReadsRowsCommentsAndEscapes) {
+    const TranslationTable table = ReadTranslationTable(
+        "\xEF\xBB\xBF/* a comment\n over lines */ \"a\" = \"1\";\n"
+        "// \"no\" = \"row\";\n"
+        "\"b\"=\"say \\\"x\\\" \\\\ \\n\\t\\r\\U65e5\";\"c\"\n=\n\"3\"\n;\n"
+        "\"a\" = \"later\"; \"// d\" = \"/* not a comment */\";\r\n\"\" = \"\";");
+    const TranslationTable expected = {{"a", "later"},
+                                       {"b", "say \"x\" \\ \n\t\r\u65e5"},
+                                       {"c", "3"},
+                                       {"// d", "/* not a comment */"},
+                                       {"", ""}};
+    EXPECT_EQ(table, expected);
+}
+
+TEST(TranslationTable, ABrokenRowCostsItsOwnLineOnly) {
+    for (const char* broken :
+         {"\"a\" = \"open", "\"a\" \"b\";", "a = \"b\";", "\"a\" = b;", "\"a\" = \"b\"", "= ;",
+          "\"", "\"a\" = \"\\q\";", "\"a\" = \"\\U12\";", "\"a\" = \"b\\", "garbage \xFF", "}"}) {
+        const TranslationTable table =
+            ReadTranslationTable(std::string(broken) + "\n\"k\" = \"v\";\n");
+        ASSERT_EQ(table.count("k"), 1U) << broken;
+        EXPECT_EQ(table.size(), 1U) << broken;
+    }
+    EXPECT_TRUE(ReadTranslationTable("").empty());
+    EXPECT_TRUE(ReadTranslationTable("/* never closed \"k\" = \"v\";").empty());
+    EXPECT_TRUE(ReadTranslationTable("\"k\" = \"v\"").empty());
+}
+
+}  // namespace
+}  // namespace dunvey
