@@ -48,6 +48,18 @@ TEST_F(Road, OneCommandForEachVersionInAscendingOrder) {
     EXPECT_EQ(PsRuns(), 6U) << "the process list is read anew for each document";
 }
 
+TEST_F(Road, TheCommandIsThisTextToTheLastBlank) {
+    folder_.Write("command", "");
+    Installed("CS6", "8.0.1");
+    EXPECT_EQ(Open({Document("a b.indd", 8), Document("c.indd", 8)}), 0);
+    const std::string folder = folder_.Path();
+    const std::string application = folder +
+                                    "/Applications/Adobe\\ InDesign\\ CS6/"
+                                    "Adobe\\ InDesign\\ CS6.app";
+    EXPECT_EQ(folder_.Read("command"), "open -a " + application + " " + folder + "/a\\ b.indd " +
+                                           folder + "/c.indd  && open " + application + "\n");
+}
+
 TEST_F(Road, TheCommandKeyIsReadOnlyWhereItDecides) {
     Installed("CS6", "8.0.1");
     Installed("CC", "9.2.0");

@@ -10,68 +10,48 @@ namespace {
 
 class LocalizedTexts : public test::World {};
 
+/// A text of Localized: its constant, its key and its English text, letter by letter.
+#define ROW(name, english) \
+    { &Localized::name, "Localized." #name, english }
+
 struct Row {
-    const LocalizedText& text;
+    const LocalizedText* text;
     const char* key;
     const char* english;
 };
 
-/// The English texts, letter by letter.
-const Row kRows[] = {
-    {Localized::kBooting, "Localized.kBooting", "Booting"},
-    {Localized::kCancel, "Localized.kCancel", "Cancel"},
-    {Localized::kCapIgnoreWarning, "Localized.kCapIgnoreWarning", "Ignore warning"},
-    {Localized::kMultipleAppWillLaunched, "Localized.kMultipleAppWillLaunched",
-     "Multiple InDesign.apps will be launched."},
-    {Localized::kAllowQuitButtonActiveted, "Localized.kAllowQuitButtonActiveted",
-     "Activate the Quit button"},
-    {Localized::kLang, "Localized.kLang", "en"},
-    {Localized::kQuitDunvey, "Localized.kQuitDunvey", "Quit Dunvey"},
-    {Localized::kQuit, "Localized.kQuit", "Quit"},
-    {Localized::kOpen, "Localized.kOpen", "Open"},
-    {Localized::kAllowOpenHigherVersion, "Localized.kAllowOpenHigherVersion",
-     "Allow a file to be opened by a higher version"},
-    {Localized::kCapOpenWith, "Localized.kCapOpenWith", "Open with "},
-    {Localized::kCapQuit, "Localized.kCapQuit", "Quit "},
-    {Localized::kCapRecommendNotOpenNow, "Localized.kCapRecommendNotOpenNow",
-     "InDesign.app to launched should keep only one as much as possible."},
-    {Localized::kMassage_Unable_to_import_icon, "Localized.kMassage_Unable_to_import_icon",
-     "Unable to import the icon."},
-    {Localized::kMassage_put_Dunvey, "Localized.kMassage_put_Dunvey",
-     "Please put Dunvey.app in the place where write permission is given."},
-    {Localized::kMassage_AnotherVerAppBooting, "Localized.kMassage_AnotherVerAppBooting",
-     "Another version of InDesign.app is booting."},
-    {Localized::kMassage_SameVerAppNotInstalled, "Localized.kMassage_SameVerAppNotInstalled",
-     "The same version of InDesign.app is not installed."},
-    {Localized::kMassage_AppNotInstalled, "Localized.kMassage_AppNotInstalled",
-     "InDesign.app is not installed."},
-    {Localized::kMassage_SystemRequirement, "Localized.kMassage_SystemRequirement",
-     "The system requirement for Marlit Ai are up to macOS Mojave 10.14."},
-    {Localized::kMassage_Quit, "Localized.kMassage_Quit",
-     "Quit Marlti Id as this system does not meet the requirements."},
-    {Localized::kNotificationWindowTitle, "Localized.kNotificationWindowTitle",
-     "Marlit Id - Notification"},
-    {LocalizedMenu::kFile, "LocalizedMenu.kFile", "File"},
-    {LocalizedMenu::kFileClose, "LocalizedMenu.kFileClose", "Close"},
-    {LocalizedMenu::kEdit, "LocalizedMenu.kEdit", "Edit"},
-    {LocalizedMenu::kCut, "LocalizedMenu.kCut", "Cut"},
-    {LocalizedMenu::kCopy, "LocalizedMenu.kCopy", "Copy"},
-    {LocalizedMenu::kPaste, "LocalizedMenu.kPaste", "Paste"},
-    {LocalizedMenu::kDelete, "LocalizedMenu.kDelete", "Delete"},
-    {LocalizedMenu::kSelectAll, "LocalizedMenu.kSelectAll", "Select All"},
-    {LocalizedMenu::kWindow, "LocalizedMenu.kWindow", "Window"},
-    {LocalizedMenu::kMinimize, "LocalizedMenu.kMinimize", "Minimize"},
-    {LocalizedMenu::kZoom, "LocalizedMenu.kZoom", "Zoom"},
-    {LocalizedMenu::kBringAllToFront, "LocalizedMenu.kBringAllToFront", "Bring All to Front"},
-    {LocalizedMenu::kHelp, "LocalizedMenu.kHelp", "Help"},
-    {LocalizedMenu::kLocal, "LocalizedMenu.kLocal", "en"},
-};
-
 TEST_F(LocalizedTexts, EnglishIsWhatIsAskedFor) {
+    const Row kRows[] = {
+        ROW(kBooting, "Booting"),
+        ROW(kCancel, "Cancel"),
+        ROW(kCapIgnoreWarning, "Ignore warning"),
+        ROW(kMultipleAppWillLaunched, "Multiple InDesign.apps will be launched."),
+        ROW(kAllowQuitButtonActiveted, "Activate the Quit button"),
+        ROW(kLang, "en"),
+        ROW(kQuitDunvey, "Quit Dunvey"),
+        ROW(kQuit, "Quit"),
+        ROW(kOpen, "Open"),
+        ROW(kAllowOpenHigherVersion, "Allow a file to be opened by a higher version"),
+        ROW(kCapOpenWith, "Open with "),
+        ROW(kCapQuit, "Quit "),
+        ROW(kCapRecommendNotOpenNow,
+            "InDesign.app to launched should keep only one as much as possible."),
+        ROW(kMassage_Unable_to_import_icon, "Unable to import the icon."),
+        ROW(kMassage_put_Dunvey,
+            "Please put Dunvey.app in the place where write permission is given."),
+        ROW(kMassage_AnotherVerAppBooting, "Another version of InDesign.app is booting."),
+        ROW(kMassage_SameVerAppNotInstalled, "The same version of InDesign.app is not installed."),
+        ROW(kMassage_AppNotInstalled, "InDesign.app is not installed."),
+        ROW(kMassage_SystemRequirement,
+            "The system requirement for Marlit Ai are up to macOS Mojave 10.14."),
+        ROW(kMassage_Quit, "Quit Marlti Id as this system does not meet the requirements."),
+        ROW(kNotificationWindowTitle, "Marlit Id - Notification"),
+    };
     for (const Row& row : kRows) {
-        EXPECT_EQ(row.text.key, row.key);
-        EXPECT_EQ(row.text(""), row.english);
+        EXPECT_EQ(row.text->key, row.key);
+        EXPECT_EQ((*row.text)(""), row.english);
     }
+    EXPECT_EQ(LocalizedMenu::kLocal(""), "en");
 }
 
 TEST_F(LocalizedTexts, TheLanguageSwitchesAndTheWordOrderGoTogether) {

@@ -20,7 +20,7 @@ struct Row {
     const char* shortcut = "";
 };
 
-/// The items below the menu, in the order of the tree.
+/// The descendants of the menu, depth first.
 void Collect(const MenuItem& menu, int depth, std::vector<std::pair<int, Ref<MenuItem>>>& items) {
     for (const Ref<MenuItem>& item : menu.Items()) {
         items.emplace_back(depth, item);
@@ -75,25 +75,15 @@ TEST_F(MainMenu, IsThisTree) {
     }
 }
 
-TEST_F(MainMenu, NoTwoItemsThatShowTogetherShareATitleOrAShortcut) {
-    // Look-up by title would find the wrong one.
+TEST_F(MainMenu, NoTwoItemsOfAMenuShareATitle) {
+    // Native items are found by their titles.
     for (const char* locale : {"C", "ja_JP.UTF-8"}) {
         setenv("LC_ALL", locale, 1);
-        const Ref<MenuItem> bar = New<MainMenuBar>();
-        EXPECT_EQ(bar->Find("FileClose")->Text, *locale == 'C' ? "Close" : "閉じる");
-        std::vector<Ref<MenuItem>> menus = {bar};
-        for (const Ref<MenuItem>& menu : bar->Items())
-            menus.push_back(menu);
-        std::set<std::string> shortcuts;
-        for (const Ref<MenuItem>& menu : menus) {
+        const MainMenuBar bar;
+        for (const Ref<MenuItem>& menu : bar.Items()) {
             std::set<std::string> titles;
-            for (const Ref<MenuItem>& item : menu->ItemsShown()) {
-                const std::string& keys = item->KeyboardShortcut;
-                EXPECT_TRUE(item->IsSeparator() ||
-                            titles.insert(MenuCaption(item->Text).title).second)
-                    << item->Name;
-                EXPECT_TRUE(keys.empty() || shortcuts.insert(keys).second) << keys;
-            }
+            for (const Ref<MenuItem>& item : menu->ItemsShown())
+                EXPECT_TRUE(item->IsSeparator() || titles.insert(item->Text).second) << item->Name;
         }
     }
 }

@@ -6,6 +6,7 @@
 #include <QScopedValueRollback>
 #include <QScrollBar>
 #include <QTimer>
+#include <QToolTip>
 
 #include "platform/qt/qt_cells.h"
 #include "platform/qt/qt_text.h"
@@ -113,7 +114,7 @@ void QtList::ReadLook() {
     const int height = static_cast<int>(list_->DefaultRowHeight());
     verticalHeader()->setDefaultSectionSize(height);
     setFont(QApplication::font(this));
-    note_.setPalette(look);
+    note_.setPalette(QToolTip::palette());
     setAccessibleName(LineOf(list_->SpokenName()));
 }
 

@@ -277,6 +277,8 @@ bool WindowWidget::event(QEvent* event) {
 }
 
 bool WindowWidget::eventFilter(QObject* watched, QEvent* event) {
+    // The children are being deleted after Detach.
+    if (window_ == nullptr) return QDialog::eventFilter(watched, event);
     switch (event->type()) {
         case QEvent::KeyPress:
             if (TakeKey(*static_cast<QKeyEvent*>(event))) return true;

@@ -143,9 +143,10 @@ TEST_F(WindowTest, TypedWordsSelectRows) {
         Type(text);
         EXPECT_EQ(window.AppList()->ListIndex(), row) << text;
     };
-    Show(window, {[&] { expect("CS6", 2); }, [&] { expect("cc 2015", 4); },
-                  [&] { expect("2016", 5); }, [&] { expect("9.0", 3); }, [&] { expect("zz", 3); },
-                  [&] { expect(" ", 3); }, [&] { expect("cs", 0); }, [&] { expect("cs", 1); }});
+    Show(window,
+         {[&] { expect("CS6", 2); }, [&] { expect("cc 2015", 4); }, [&] { expect("2016", 5); },
+          [&] { expect("9.0", 3); }, [&] { expect("zz", 3); }, [&] { expect(" ", 3); },
+          [&] { expect("cs", 0); }, [&] { expect("cs5", 1); }, [&] { expect("cs", 1); }});
     QApplication::setKeyboardInputInterval(400);
 }
 
@@ -312,8 +313,8 @@ class ThemeTest : public WindowTest {
 
 TEST_F(ThemeTest, EverythingCanBeReadUnderEveryTheme) {
     const std::vector<Theme> themes = {{"light", QColor(0xEF, 0xEF, 0xEF), Qt::black, 2.5, true},
-                                       {"dark", QColor(0x20, 0x20, 0x22), Qt::white, 2.5, true},
-                                       {"red", QColor(0xE0, 0x20, 0x40), Qt::white, 2.5, false},
+                                       {"dark", QColor(0x20, 0x20, 0x22), Qt::white, 4.5, false},
+                                       {"red", QColor(0xE0, 0x20, 0x40), Qt::white, 4.5, false},
                                        {"black", Qt::black, Qt::white, 4.5, true},
                                        {"white", Qt::white, Qt::black, 4.5, false}};
     FilledChooser window(5);
