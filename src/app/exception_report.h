@@ -1,6 +1,5 @@
 #pragma once
 
-#include <array>
 #include <exception>
 
 #include "menus/localized.h"
@@ -16,7 +15,6 @@ namespace ExceptionText {
 
 /// The name of the exception follows.
 inline constexpr LocalizedText kMustEnd{"ExceptionText.kMustEnd", "Dunvey has to end: "};
-inline constexpr std::array kAll = {kMustEnd};
 
 }  // namespace ExceptionText
 }  // namespace dunvey

@@ -105,8 +105,6 @@ inline constexpr LocalizedText kWaiting{"LocalizedNote.kWaiting",
 inline constexpr LocalizedText kApplication{"LocalizedNote.kApplication", "Application"};
 inline constexpr LocalizedText kVersion{"LocalizedNote.kVersion", "Version"};
 inline constexpr LocalizedText kState{"LocalizedNote.kState", "State"};
-/// "^0" is the name of an exception that nothing caught.
-inline constexpr LocalizedText kHasToEnd{"LocalizedNote.kHasToEnd", "Dunvey has to end: ^0"};
 
 /// The text in the user's language with the name in the place of "^0".
 inline std::string WithName(const LocalizedText& text, const std::string& name) {
