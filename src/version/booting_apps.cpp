@@ -22,13 +22,12 @@ constexpr const char* kStart = "/Applications/Adobe InDesign ";
 /// own; empty for a process outside of it. The patterns aren't anchored: text before a match would
 /// stay in the name.
 std::string SeenFromApplications(const std::string& line, const std::vector<std::string>& folders) {
-    std::string seen = line;
     for (const std::string& folder : folders) {
         if (!line.starts_with(folder + "/")) continue;
-        seen = "/Applications" + line.substr(folder.size());
-        break;
+        const std::string seen = "/Applications" + line.substr(folder.size());
+        return seen.starts_with(kStart) ? seen : std::string();
     }
-    return seen.starts_with(kStart) ? seen : std::string();
+    return {};
 }
 
 }  // namespace

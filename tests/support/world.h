@@ -71,16 +71,15 @@ class World : public ::testing::Test {
         folder_.Write("after-quit", ProcessList(suffixes));
     }
 
-    static std::string ProcessLine(const std::string& suffix) {
-        const std::string name = "Adobe InDesign " + suffix;
-        return "/Applications/" + name + "/" + name + ".app/Contents/MacOS/" + name + "\n";
+    std::string ProcessLine(const std::string& suffix) const {
+        return AppPath(suffix) + "/Contents/MacOS/Adobe InDesign " + suffix + "\n";
     }
 
     /// What `ps` prints from now on: a heading and one process for each suffix.
     void Running(const std::vector<std::string>& suffixes) {
         folder_.Write("ps-output", ProcessList(suffixes));
     }
-    static std::string ProcessList(const std::vector<std::string>& suffixes) {
+    std::string ProcessList(const std::vector<std::string>& suffixes) const {
         std::string output = "COMM\n/sbin/init\n";
         for (const std::string& suffix : suffixes)
             output += ProcessLine(suffix);

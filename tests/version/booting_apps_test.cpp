@@ -36,6 +36,7 @@ TEST_F(Booting, TheUsersApplicationsFolderMayBeALink) {
     EXPECT_EQ(Line(folder_ / "elsewhere/Programs" + process), "Adobe InDesign CC.app|");
     EXPECT_EQ(Line(folder_ / "Applications" + process), "Adobe InDesign CC.app|");
     EXPECT_EQ(Line(folder_ / "elsewhere" + process), "");
+    EXPECT_EQ(Line("/Applications" + process), "") << "there is no such applications folder";
 }
 
 TEST_F(Booting, AListThatFailsReadsAsNothingRunning) {
@@ -47,7 +48,7 @@ TEST_F(Booting, AListThatFailsReadsAsNothingRunning) {
     EXPECT_EQ(Names("\xFF\xFE\n" + ProcessLine("CS6") + "\x80"), "Adobe InDesign CS6.app|");
     std::string hostile;
     while (hostile.size() < 16'000)
-        hostile += "/Applications/Adobe InDesign ";
+        hostile += folder_ / "Applications/Adobe InDesign ";
     EXPECT_EQ(Names(hostile + "\n" + ProcessLine("CS6")), "Adobe InDesign CS6.app|");
 }
 
