@@ -5,8 +5,9 @@
 #include "platform/bundles/file_type.h"
 #include "platform/values/reference.h"
 
-/// The document kinds that are declared to the system: one for each generation of documents and
-/// books. What a document is at run time is decided from its extension and its header, not here.
+/// The document types that are declared to the operating system: one for each generation of
+/// documents and books. At run time the extension and the header decide what a document is, not
+/// this table.
 ///
 /// Each row: its name, FileType's Name, MacType and UTI. The number is ten times the version.
 #define DUNVEY_FILE_TYPE_ROWS(ROW)                                     \
@@ -42,7 +43,7 @@ namespace dunvey::FileTypes1 {
 /// All rows, in their order; empty until _Initialize.
 extern std::vector<Ref<FileType>> pAllFileTypes;
 
-/// Makes the types. To be called once.
+/// Creates the types. Call it once.
 void _Initialize();
 
 /// An accessor for each row, such as ID30_Document_Icon(); nil until _Initialize.

@@ -7,9 +7,9 @@
 #include "platform/pictures/picture.h"
 #include "platform/values/reference.h"
 
-/// The operating system's icons as pictures that a control can draw. Each picture has `size` by
-/// `size` points and two resolutions: `size` pixels and twice as many. Nothing is kept: each call
-/// asks the system again. Without a screen they raise DesktopUnavailableException.
+/// The operating system's icons as pictures that a control can draw. Each has `size` by `size`
+/// points and two resolutions: 1 and 2 pixels for each point. Nothing is cached. All raise
+/// DesktopUnavailableException without a display.
 namespace dunvey::Icon {
 
 /// The icon of a file or folder; nil if the item is nil or doesn't exist.

@@ -56,7 +56,7 @@ void GetIconFile() {
     try {
         ShowAlertWillIconCopy();
     } catch (const DesktopUnavailableException&) {
-        // The documents are opened all the same, and the next start asks again.
+        // The documents are opened nevertheless, and the next start tries again.
         WriteErrorLine("Dunvey: the document icons aren't imported without a screen.");
         return;
     }

@@ -2,13 +2,13 @@
 
 namespace dunvey::InDesign {
 
-/// Imports the two document icons of the newest installed version into the program's own bundle,
-/// after a notice, and notes the version they came from. Without both of them nothing happens, nor
-/// without a screen for the notice. A failure is told in an alert; the old icons are gone then.
+/// Tells the user, copies the two document icons of the newest installed version into the program's
+/// bundle, and records that version in the preferences. Does nothing if one of them is missing or
+/// there is no display. If the copy fails an alert says so, and the old icons are lost.
 void GetIconFile();
 
-/// Tells the user that the import is about to happen; returns after the click. Raises
-/// DesktopUnavailableException without a screen.
+/// Announces the import and returns when the user has pressed the button. Raises
+/// DesktopUnavailableException without a display.
 void ShowAlertWillIconCopy();
 
 }  // namespace dunvey::InDesign

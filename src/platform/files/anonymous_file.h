@@ -6,8 +6,8 @@
 
 namespace dunvey {
 
-/// A file that no folder holds, with the given contents, at its beginning; it is gone with its last
-/// descriptor, however the program ends. None on failure, with errno set.
+/// Creates a file without a name that holds `contents`, positioned at its start. It is deleted with
+/// its last descriptor. None on failure, with errno set.
 FileDescriptor MakeAnonymousFile(std::string_view contents);
 
 }  // namespace dunvey

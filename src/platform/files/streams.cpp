@@ -100,7 +100,7 @@ Ref<TextOutputStream> TextOutputStream::Create(const Ref<FolderItem>& item) {
     if (error == EEXIST) file = OpenForWriting(path, O_WRONLY, error);
     if (file) return New<TextOutputStream>(std::move(file), path, created);
     if (error != ENOENT) Raise("written", path, error);
-    // A link to nowhere: what it leads to is made.
+    // A link that leads nowhere: create its target.
     file = OpenForWriting(path, O_WRONLY | O_CREAT, error);
     if (!file) Raise("written", path, error);
     return New<TextOutputStream>(std::move(file), RealPath(path), true);
@@ -124,10 +124,10 @@ int TextOutputStream::PutInPlace() {
     const auto oldSize = static_cast<size_t>(end);
     if (text.size() > oldSize) {
         const int error = WriteAt(end, text.substr(oldSize));
-        // The error to tell is the first one.
+        // The first error is the one to report.
         if (error != 0) return Cut(end), error;
     }
-    // Half of the new text over the old one is worse than either, so a failure isn't taken at once.
+    // Half of the new text over the old one is worse than either.
     int error = WriteAt(0, text.substr(0, oldSize));
     if (error != 0) error = WriteAt(0, text.substr(0, oldSize));
     if (error != 0) return Cut(end), error;

@@ -13,8 +13,8 @@ namespace dunvey {
 /// Byte-wise reading of a regular file.
 class BinaryStream {
  public:
-    /// Opens the file. `readWrite` asks for writing too. Raises IOException if it can't be opened
-    /// or is no regular file; a FIFO or a device doesn't make it wait.
+    /// Opens the file, with `readWrite` for writing too. Raises IOException if it can't be opened
+    /// or is no regular file. Never blocks on a FIFO or a device.
     static Ref<BinaryStream> Open(const Ref<FolderItem>& file, bool readWrite = false);
 
     /// The size of the file in bytes. Raises IOException.
@@ -55,19 +55,18 @@ class TextInputStream {
     Ref<BinaryStream> stream_;
 };
 
-/// Writes a text file. The text is gathered and put in place when the stream is closed: what goes
-/// beyond the old text's end first, then the rest over the old text, then the cut. So a disk that
-/// is full leaves the old text as it was, and no fault leaves an empty file where a whole one
-/// stood. What one write of two can't put over the old text is written once more. The file is
-/// locked meanwhile, so that two processes that end together don't mix their texts.
+/// Writes a text file when it is closed, in place: first what exceeds the old text, then the rest
+/// over the old text, then the cut to length. So a full disk keeps the old text, and no fault
+/// leaves an empty file. A failed write over the old text is tried once more. The file is locked
+/// meanwhile; IOException is raised if another process holds the lock for half a second.
 class TextOutputStream {
  public:
     /// Creates the file or opens the one that stands there. Raises IOException.
     static Ref<TextOutputStream> Create(const Ref<FolderItem>& file);
 
     void Write(std::string_view text) { text_ += text; }
-    /// Raises IOException; a file that Create made is gone then. A stream that still is open in the
-    /// end is closed by the destructor, which raises nothing.
+    /// Raises IOException; a file that Create made is then removed. The destructor closes an open
+    /// stream and raises nothing.
     void Close();
 
     TextOutputStream(FileDescriptor file, std::string path, bool created)
