@@ -7,7 +7,7 @@ set(bundle ${CMAKE_INSTALL_LIBDIR}/dunvey/Dunvey.app/Contents)
 set(readable OWNER_READ OWNER_WRITE GROUP_READ WORLD_READ)
 set(executable ${readable} OWNER_EXECUTE GROUP_EXECUTE WORLD_EXECUTE)
 
-install(TARGETS Dunvey RUNTIME DESTINATION ${bundle}/MacOS)
+install(TARGETS Dunvey dunvey_inspect RUNTIME DESTINATION ${bundle}/MacOS)
 install(TARGETS DunveyQt LIBRARY DESTINATION ${bundle}/PlugIns PERMISSIONS ${readable})
 install(TARGETS helper_ps helper_open helper_osascript RUNTIME DESTINATION ${bundle}/Helpers)
 install(PROGRAMS ${PROJECT_SOURCE_DIR}/src/platform/linux/helpers/write-icons
@@ -22,8 +22,13 @@ file(RELATIVE_PATH program ${CMAKE_INSTALL_FULL_BINDIR}
     ${CMAKE_INSTALL_FULL_LIBDIR}/dunvey/Dunvey.app/Contents/MacOS/Dunvey)
 file(MAKE_DIRECTORY ${packaged})
 file(CREATE_LINK ${program} ${packaged}/dunvey SYMBOLIC)
-install(FILES ${packaged}/dunvey DESTINATION ${CMAKE_INSTALL_BINDIR})
-install(FILES ${packaging}/linux/dunvey.1 ${packaging}/linux/dunvey-register.1
+cmake_path(REPLACE_FILENAME program dunvey-inspect)
+file(CREATE_LINK ${program} ${packaged}/dunvey-inspect SYMBOLIC)
+install(FILES ${packaged}/dunvey ${packaged}/dunvey-inspect DESTINATION ${CMAKE_INSTALL_BINDIR})
+# Completion for bash and zsh.
+install(DIRECTORY ${packaging}/linux/share/ DESTINATION ${CMAKE_INSTALL_DATADIR})
+install(FILES ${packaging}/linux/dunvey.1 ${packaging}/linux/dunvey-inspect.1
+    ${packaging}/linux/dunvey-register.1
     DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
 
 # The menu entry, the document types, and their icons.

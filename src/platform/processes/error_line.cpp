@@ -19,15 +19,18 @@ size_t ControlLength(std::string_view text) {
 
 }  // namespace
 
-void WriteErrorLine(std::string_view text) {
+std::string Printable(std::string_view text) {
     std::string line;
     while (!text.empty()) {
         const size_t control = ControlLength(text);
         line += control == 0 ? text[0] : '?';
         text.remove_prefix(control == 0 ? 1 : control);
     }
-    line += '\n';
-    WriteFully(STDERR_FILENO, line);
+    return line;
+}
+
+void WriteErrorLine(std::string_view text) {
+    WriteFully(STDERR_FILENO, Printable(text) + "\n");
 }
 
 }  // namespace dunvey

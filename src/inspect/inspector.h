@@ -1,0 +1,62 @@
+#pragma once
+
+#include <functional>
+#include <map>
+#include <string>
+#include <vector>
+
+#include "app/open_decision.h"
+#include "platform/loop/launch_documents.h"
+#include "version/header_version.h"
+
+namespace dunvey {
+
+/// What is known of all documents of one version.
+struct VersionAnswer {
+    /// The product's name, such as "CS6".
+    std::string product;
+    /// The path and the version of the application that matches; empty if none is installed.
+    std::string application;
+    std::string applicationVersion;
+    OpenDecision decision;
+};
+
+/// What dunvey-inspect says of one file.
+struct Finding {
+    std::string path;
+    /// Why the file is no document; for a document kNone.
+    Refusal refusal = Refusal::kNone;
+    InDesign::HeaderReading header;
+    /// nullptr for a file that is no document.
+    const VersionAnswer* answer = nullptr;
+
+    /// Whether it is a document whose header could be read.
+    bool IsRead() const {
+        return answer != nullptr && header.state != InDesign::HeaderReading::kUnreadable;
+    }
+};
+
+/// Examines files as the main program would, without opening any document.
+class Inspector {
+ public:
+    /// `readsProcesses`: whether the running applications matter. They are listed once, for the
+    /// first document. `progress` is called after each file with their number.
+    Inspector(bool readsProcesses, std::function<void(size_t)> progress);
+
+    /// Examines the file; with `recursive` all documents below a folder, links to folders aside, in
+    /// name order.
+    void Examine(const std::string& argument, bool recursive);
+    const std::vector<Finding>& Findings() const { return findings_; }
+
+ private:
+    void Add(const std::string& path);
+    void AddFolder(const FolderItem& folder);
+    const VersionAnswer& AnswerFor(const std::string& version);
+
+    bool readsProcesses_;
+    std::function<void(size_t)> progress_;
+    std::map<std::string, VersionAnswer> answers_;
+    std::vector<Finding> findings_;
+};
+
+}  // namespace dunvey
