@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "measure.h"
-#include "platform/text/reg_ex_xojo.h"
+#include "platform/controls/reg_ex_xojo.h"
 #include "report.h"
 
 namespace dunvey {

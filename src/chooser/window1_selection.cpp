@@ -2,8 +2,8 @@
 #include "menus/localized.h"
 #include "persistence/preferences.h"
 #include "platform/loop/event_loop.h"
+#include "platform/controls/reg_ex_xojo.h"
 #include "platform/loop/keyboard.h"
-#include "platform/text/reg_ex_xojo.h"
 #include "platform/text/text.h"
 #include "platform/values/array.h"
 

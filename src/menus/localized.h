@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-#include "platform/processes/system.h"
+#include "platform/bundles/system.h"
 #include "platform/text/text.h"
 
 namespace dunvey {

@@ -1,13 +1,10 @@
 #include "persistence/json_item.h"
 
+#include <algorithm>
+
 #include "persistence/json_exception.h"
-#include "persistence/json_parser.h"
-#include "persistence/json_writer.h"
-#include "platform/text/hex_text.h"
 #include "platform/text/text.h"
-#include "platform/text/white_space.h"
 #include "platform/values/array.h"
-#include "platform/values/exceptions.h"
 
 namespace dunvey {
 namespace {
@@ -15,15 +12,10 @@ namespace {
 constexpr char kNotAArray[] = "JSONItem is not a array";
 constexpr char kNotAnArray[] = "JSONItem is not an array";
 
-/// Texts come from the parser as bare bytes: here they are declared to be what they are.
+/// Texts from the parser have no encoding; they are UTF-8.
 Variant Repaired(const Variant& value) {
     if (!value.IsText() || value.Encoding() == Encodings::UTF8) return value;
     return ConvertEncoding(value.EncodedValue(), Encodings::UTF8);
-}
-
-const Variant& Found(const Variant* value, const Variant& key) {
-    if (value == nullptr) RaiseKeyNotFound(key);
-    return *value;
 }
 
 Ref<JSONItem> ItemOf(const Variant& value) {
@@ -57,22 +49,6 @@ Ref<JSONItem> ItemOfArray(const Variant& array) {
 
 }  // namespace
 
-JSONItem::JSONItem() = default;
-
-JSONItem::JSONItem(std::string text) {
-    JSONItem::Load(std::move(text));
-}
-
-JSONItem::JSONItem(const Dictionary& source) {
-    for (const OrderedTable::Entry& entry : source.Table().Entries()) {
-        _data.Assign(entry.Key.StringValue(), entry.Value);
-    }
-}
-
-std::string JSONItem::Serialize(const JSONItem* item) const {
-    return item == nullptr ? std::string() : JSONWriter(*this).Serialize(*item);
-}
-
 std::string JSONItem::KeyEncode(std::string_view name) {
     return EncodeHex(name);
 }
@@ -81,35 +57,22 @@ std::string JSONItem::KeyDecode(std::string_view key) {
     return DecodeHex(key);
 }
 
-Ref<JSONItem> JSONItem::Parse(std::string text) {
-    _ParseBuffer = New<MemoryBlock>(std::move(text));
-    JSONParser parser(_ParseBuffer->Used());
-    int64_t position = 0;
-    parser.skipWhiteSpace(position);
-    const std::string_view first = parser.ParsePeek(position, 1);
-    if (first == "{") return parser.parseObject(position);
-    if (first != "[") throw JSONException("Parse Error: Expecting '{' or '['", 1, position);
-    _mIsArray = true;
-    return parser.parseArray(position);
-}
-
-void JSONItem::Load(std::string text) {
-    if (Trim(text).empty()) return;
-    const Ref<JSONItem> parsed = Parse(std::move(text));
-    _data = std::move(parsed->_data);
-}
-
 void JSONItem::CheckArray(const char* message) const {
-    if (_data.Count() > 0 && !_mIsArray) throw JSONException(message, 12, int64_t{0});
+    if (Count() > 0 && !_mIsArray) throw JSONException(message, 12, int64_t{0});
 }
 
 void JSONItem::CheckObject() const {
     if (_mIsArray) throw JSONException("JSONItem is an array", 13, int64_t{0});
 }
 
+void JSONItem::CheckUnbroken(int64_t first, int64_t last) const {
+    for (int64_t index = last; index >= first; --index)
+        _data.Value(index);
+}
+
 void JSONItem::Append(Variant value) {
     CheckArray(kNotAArray);
-    _data.Assign(_data.Count(), std::move(value));
+    _data.SetValue(_data.Count(), std::move(value));
     _mIsArray = true;
 }
 
@@ -121,20 +84,24 @@ Ref<JSONItem> JSONItem::Child(int64_t index) const {
 
 void JSONItem::SetChild(int64_t index, const Ref<JSONItem>& child) {
     CheckArray(kNotAArray);
-    _data.Assign(index, child);
+    _data.SetValue(index, child);
     _mIsArray = true;
 }
 
 Ref<JSONItem> JSONItem::Child(const std::string& name) const {
-    return ItemOf(Found(_data.Find(name), name));
+    return ItemOf(_data.Value(name));
 }
 
 void JSONItem::SetChild(const std::string& name, const Ref<JSONItem>& child) {
-    _data.Assign(name, child);
+    _data.SetValue(name, child);
 }
 
 void JSONItem::Clear() {
-    _data = JSONData();
+    _data.Clear();
+}
+
+JSONItem::JSONItem(std::string text) {
+    JSONItem::Load(std::move(text));
 }
 
 int64_t JSONItem::Count() const {
@@ -142,54 +109,61 @@ int64_t JSONItem::Count() const {
 }
 
 bool JSONItem::HasName(const Variant& name) const {
-    return _data.Find(name.StringValue()) != nullptr;
+    return _data.HasKey(name.StringValue());
 }
 
 void JSONItem::Insert(int64_t index, Variant value) {
     CheckArray(kNotAArray);
-    _data.Insert(index, std::move(value));
+    CheckUnbroken(index, Count() - 1);
+    for (int64_t moved = Count() - 1; moved >= index; --moved)
+        _data.SetValue(moved + 1, _data.Value(moved));
+    _data.SetValue(index, std::move(value));
     _mIsArray = true;
 }
 
-const Variant* JSONItem::FindInternal(const Variant& key) const {
-    if (key.IsText()) {
-        const std::string name = KeyDecode(key.TextBytes());
-        return KeyEncode(name) == key.TextBytes() ? _data.Find(name) : nullptr;
-    }
-    const bool isNumber = key.VarType() >= VariantType::Integer32 &&
-                          key.VarType() <= VariantType::Double && key == Variant(key.Int64Value());
-    return isNumber ? _data.Find(key.Int64Value()) : nullptr;
-}
-
 Variant JSONItem::InternalValue(const Variant& key) const {
-    return Found(FindInternal(key), key);
+    if (!key.IsText()) return _data.Value(key);
+    const std::string name = KeyDecode(key.TextBytes());
+    const Variant* value = _data.Find(name);
+    // Only the hexadecimal form that Key gives is a key.
+    if (value == nullptr || KeyEncode(name) != key.TextBytes()) RaiseKeyNotFound(key);
+    return *value;
 }
 
 bool JSONItem::IsArray() const {
     return _mIsArray;
 }
 
+void JSONItem::Load(std::string text) {
+    if (Trim(text).empty()) return;
+    _data = std::move(Parse(std::move(text))->_data);
+}
+
 Variant JSONItem::Lookup(const std::string& name, const Variant& defaultValue) const {
     CheckObject();
-    const Variant* value = _data.Find(name);
-    return Repaired(value == nullptr ? defaultValue : *value);
+    return Repaired(_data.Lookup(name, defaultValue));
 }
 
 Variant JSONItem::Key(int64_t position) const {
-    const JSONData::Entry entry = _data.At(position);
-    return entry.name ? Variant(KeyEncode(*entry.name)) : Variant(entry.index);
+    const Variant key = _data.Key(position);
+    return key.IsText() ? Variant(KeyEncode(key.TextBytes())) : key;
 }
 
 std::string JSONItem::Name(int64_t position) const {
-    return std::string(_data.At(position).name.value_or(std::string_view()));
+    return std::string(_data.Key(position).TextBytes());
 }
 
 std::vector<std::string> JSONItem::Names() const {
     std::vector<std::string> names;
-    _data.ForEach([&](const JSONData::Entry& entry) {
-        if (entry.name) names.emplace_back(*entry.name);
-    });
+    for (const Dictionary::Entry& entry : _data.Entries()) {
+        if (entry.Key.IsText()) names.emplace_back(entry.Key.TextBytes());
+    }
     return names;
+}
+
+JSONItem::JSONItem(const Dictionary& source) {
+    for (const Dictionary::Entry& entry : source.Entries())
+        _data.SetValue(entry.Key.StringValue(), entry.Value);
 }
 
 Variant JSONItem::Subscript(int64_t index) const {
@@ -201,40 +175,44 @@ Variant JSONItem::Subscript(int64_t index) const {
 
 void JSONItem::SetSubscript(int64_t index, Variant value) {
     CheckArray(kNotAArray);
-    if (index >= _data.Count()) RaiseOutOfBounds(index);
-    _data.Assign(index, std::move(value));
+    if (index >= Count()) RaiseOutOfBounds(index);
+    _data.SetValue(index, std::move(value));
     _mIsArray = true;
 }
 
 void JSONItem::Remove(int64_t index) {
     CheckArray(kNotAArray);
-    _data.Remove(index);
+    const int64_t last = Count() - 1;
+    CheckUnbroken(std::min(index, last - 1) + 1, last);
+    for (int64_t moved = index; moved < last; ++moved)
+        _data.SetValue(moved, _data.Value(moved + 1));
+    _data.Remove(last);
 }
 
 void JSONItem::Remove(const std::string& name) {
-    if (!_data.Remove(name)) RaiseKeyNotFound(name);
+    _data.Remove(name);
 }
 
 Variant JSONItem::Value(int64_t index) const {
     CheckArray(kNotAnArray);
-    return Repaired(Found(_data.Find(index), index));
+    return Repaired(_data.Value(index));
 }
 
 void JSONItem::SetValue(int64_t index, Variant value) {
     CheckArray(kNotAnArray);
-    _data.Assign(index, std::move(value));
+    _data.SetValue(index, std::move(value));
     _mIsArray = true;
 }
 
 Variant JSONItem::Value(const std::string& name) const {
     CheckObject();
-    return Repaired(Found(_data.Find(name), name));
+    return Repaired(_data.Value(name));
 }
 
 void JSONItem::SetValue(const std::string& name, Variant value) {
     CheckObject();
     if (value.IsArray()) value = ItemOfArray(value);
-    _data.Assign(name, std::move(value));
+    _data.SetValue(name, std::move(value));
 }
 
 }  // namespace dunvey

@@ -10,32 +10,43 @@
 
 namespace dunvey {
 
-/// Builds a text piece by piece. The block behind it doubles as needed, so that many small pieces
-/// cost no more than their bytes.
-class JSONStringBuffer {
+/// Builds a text piece by piece. The block doubles as needed, so that many small pieces cost no
+/// more than their bytes. Raises OutOfMemoryException above 256 MiB.
+class JSONStringBuffer final {
  public:
-    /// Without a block until the first text comes.
+    /// Without a block until the first text is assigned.
     JSONStringBuffer() = default;
+
+    uint64_t binaryLength = 0;  ///< bytes in use
+    Ref<MemoryBlock> data;
+    uint64_t length = 0;  ///< characters appended: bytes that begin one
+
+    // Inline, since most pieces are a few bytes.
+    virtual void Append(std::string_view text) {
+        const uint64_t needed = binaryLength + text.size();
+        if (data->Size() < needed) Grow(needed);
+        data->SetStringValue(binaryLength, text.size(), text);
+        binaryLength = needed;
+        uint64_t characters = 0;
+        for (const char c : text)
+            characters += (static_cast<unsigned char>(c) & 0xC0) != 0x80;
+        length += characters;
+    }
     /// Starts with a text.
     explicit JSONStringBuffer(std::string_view text);
     /// Starts with a block of `capacity` bytes.
     explicit JSONStringBuffer(uint64_t capacity);
-    virtual ~JSONStringBuffer() = default;
-
-    uint64_t binaryLength = 0;  ///< bytes in use
-    Ref<MemoryBlock> data;
-    uint64_t length = 0;  ///< characters appended, each piece counted by itself
-
-    virtual void Append(std::string_view text);
     /// The length in characters.
     virtual uint64_t Len() const { return length; }
     virtual operator std::string() const { return StringValue().Bytes; }
+    /// Appends the text, also to a buffer without a block.
     virtual JSONStringBuffer& operator=(std::string_view text);
     /// The bytes so far, with no encoding.
     virtual EncodedText StringValue() const;
+    ~JSONStringBuffer() = default;
 
-    /// The bytes so far, without a copy; the buffer is empty then.
-    std::string TakeText();
+ private:
+    void Grow(uint64_t needed);
 };
 
 }  // namespace dunvey

@@ -10,9 +10,9 @@
 /// read once at the start and written once at the end. Main thread only.
 namespace dunvey::Preferences {
 
-/// The state of the check box that lets a document open in a higher version.
+/// The state of the check box that allows a document to be opened by a higher version.
 extern bool gAllowOpenHigherVersion;
-/// The state of the check box that makes the quit button available.
+/// The state of the check box that enables the quit button.
 extern bool gAllowQuitButtonActiveted;
 /// The installed version from which the document icons were last imported; empty for none.
 extern std::string pIconVersion;
@@ -24,11 +24,11 @@ extern Ref<PrefsClass> Prefs;
 
 /// Makes a new store for the application.
 void Initialize(const std::string& appName);
-/// Reads the values at the start. With both the Option and the Command key held down the file is
-/// deleted first. Where the file can't be used, for whatever reason, all values are the default
-/// ones and nothing is said; one that couldn't be read isn't written in the end either.
+/// Reads the values at the start. If the Option and the Command key are both held down, the file is
+/// deleted first. If the file can't be used, all values get their defaults, without a message; a
+/// file that can't be read isn't written at the end either.
 void Raed();
-/// Writes the values at the end; a failure is not told.
+/// Writes the values at the end; a failure is silent.
 void Save();
 /// Gives all values their defaults, if there is a store.
 void SetDefault();

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <utility>
 
 #include "persistence/json_item.h"
 #include "platform/files/folder_item.h"
@@ -18,13 +19,12 @@ class PrefsClass {
 
     /// Raises PreferenceNotFoundException.
     virtual Variant Get(const std::string& name) const;
-    /// Reads the file, after making its folder if need be. False if there is none or it holds no
-    /// JSON. A file of more than 1 MiB, or one that would be so large when
-    /// written, counts as one that holds none; an array on top as an empty document. Raises
-    /// IOException if the file can't be read; Save then leaves it alone.
+    /// Reads the file, after making its folder if it is missing. False if there is no file or it
+    /// holds no JSON. An array at the top counts as an empty document. Raises IOException if the
+    /// file can't be read or is larger than 16 MiB; Save then leaves it alone.
     virtual bool Load();
 
-    /// What `preferences[name]` gives: read or assigned through Get and Set.
+    /// The result of `preferences[name]`, read or assigned through Get and Set.
     class Preference {
      public:
         Preference(PrefsClass& preferences, std::string name)
@@ -39,11 +39,10 @@ class PrefsClass {
         PrefsClass& preferences_;
         std::string name_;
     };
-    virtual Variant operator[](const std::string& name) const { return Get(name); }
     virtual Preference operator[](const std::string& name) { return {*this, name}; }
 
-    /// Writes the document over the file. False if Load or Remove hasn't named the file, or the
-    /// file can't be written.
+    /// Writes the document over the file. False if neither Load nor Remove has found the file's
+    /// place, if the file can't be written, or if it would be too large to be read again.
     virtual bool Save();
     /// Adds or replaces.
     virtual void Set(const std::string& name, const Variant& value);
@@ -52,7 +51,6 @@ class PrefsClass {
 
  private:
     Ref<FolderItem> Folder() const;
-    bool LoadDocument();
 
     Ref<JSONItem> mPrefs;
     Ref<FolderItem> mPrefsFile;

@@ -12,7 +12,6 @@
 #include "platform/files/folder_item.h"
 #include "platform/processes/error_line.h"
 #include "platform/text/encoding.h"
-#include "platform/text/hex_text.h"
 #include "platform/text/shown_text.h"
 #include "platform/text/text.h"
 

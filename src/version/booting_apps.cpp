@@ -2,7 +2,7 @@
 
 #include "platform/files/special_folder.h"
 #include "platform/processes/shell.h"
-#include "platform/text/reg_ex_xojo.h"
+#include "platform/controls/reg_ex_xojo.h"
 #include "platform/text/text.h"
 #include "platform/values/array.h"
 

@@ -4,7 +4,7 @@
 #include <string_view>
 
 #include "platform/files/streams.h"
-#include "platform/text/reg_ex_xojo.h"
+#include "platform/controls/reg_ex_xojo.h"
 #include "platform/text/text.h"
 #include "platform/values/exceptions.h"
 

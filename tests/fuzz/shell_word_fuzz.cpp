@@ -11,8 +11,8 @@
 namespace dunvey::fuzz {
 namespace {
 
-/// A shell that lives as long as this process and tells the words that it is given. It has no
-/// commands but its own: words that aren't quoted do no harm.
+/// A shell that lives as long as this process and writes the words that it is given. It finds no
+/// commands but its built-in ones, so unquoted words do no harm.
 class TellingShell {
  public:
     TellingShell() {
@@ -37,8 +37,8 @@ class TellingShell {
         Say("set -f; tell() { printf '%s\\0' \"$#\" \"$@\" end; }\n");
     }
 
-    /// The words that the shell makes of the text: their number, and each word with a zero byte
-    /// behind it.
+    /// The words that the shell makes of the text: their number and each word, each with a zero
+    /// byte after it.
     std::string Words(const std::string& text) {
         Say("tell " + text + "\n");
         static const std::string end("\0end\0", 5);
@@ -46,7 +46,7 @@ class TellingShell {
         while (!told.ends_with(end)) {
             char block[4096];
             const ssize_t got = read(answers_.Get(), block, sizeof block);
-            // The fuzzer's clock interrupts.
+            // libFuzzer's timer interrupts.
             if (got < 0 && errno == EINTR) continue;
             Check(got > 0, "the shell answers", text);
             told.append(block, static_cast<size_t>(got));

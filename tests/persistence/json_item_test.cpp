@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <functional>
+#include <map>
 #include <string>
 #include <utility>
 #include <vector>
@@ -48,7 +49,7 @@ TEST(JSONItem, ValuesUnderANameRefuseAnArrayEvenAnEmptyOne) {
     }
 }
 
-/// What is left of an array after the call; "X" behind it if it raised KeyNotFound.
+/// The values of an array after the call, and "X" if it raised KeyNotFoundException.
 std::string After(const std::string& text, const Call& call) {
     JSONItem item(text);
     std::string fault;
@@ -57,15 +58,16 @@ std::string After(const std::string& text, const Call& call) {
     } catch (const KeyNotFoundException&) {
         fault = "X";
     }
-    std::string keys;
-    for (int64_t i = 0; i < item.Count(); ++i) {
-        keys += (i > 0 ? " " : "") + item.Key(i).StringValue() + "=" +
-                item.InternalValue(item.Key(i)).StringValue();
-    }
-    return keys + fault;
+    std::map<int64_t, std::string> values;
+    for (int64_t i = 0; i < item.Count(); ++i)
+        values[item.Key(i).Int64Value()] = item.InternalValue(item.Key(i)).StringValue();
+    std::string list;
+    for (const auto& [index, value] : values)
+        list += (list.empty() ? "" : " ") + std::to_string(index) + "=" + value;
+    return list + fault;
 }
 
-/// A place and what is left after it.
+/// An index and the values after the operation.
 using Places = std::vector<std::pair<int64_t, std::string>>;
 
 void ExpectInserted(const std::string& text, const Places& cases) {
@@ -90,7 +92,7 @@ TEST(JSONItem, InsertAndRemoveMoveTheValuesBehind) {
     ExpectRemoved("[]", {{0, "X"}});
 }
 
-TEST(JSONItem, AGapCountsForNothingAndTheValuesBehindItCanNotBeMoved) {
+TEST(JSONItem, ValuesAfterAGapCanNotBeMoved) {
     const std::pair<Call, const char*> cases[] = {
         {[](JSONItem&) {}, "0=1 1=2 5=9"},
         {[](JSONItem& item) { item.Append(3); }, "0=1 1=2 3=3 5=9"},
@@ -187,12 +189,12 @@ TEST(JSONItem, SetChildTakesAnyNameEvenInAnArray) {
     EXPECT_EQ(item.ToString(), "[1,\"next\"]");
 }
 
-TEST(JSONItem, TextsFromTheParserAreDeclaredWhenTheyAreRead) {
+TEST(JSONItem, TextsAreReadAsUTF8) {
     JSONItem item("{\"a\":\"é\"}");
     EXPECT_EQ(item.InternalValue("61").Encoding(), TextEncoding::None);
     EXPECT_EQ(item.Value("a").EncodedValue(), (EncodedText{"é", Encodings::UTF8}));
     EXPECT_EQ(item.Lookup("a", 0).Encoding(), Encodings::UTF8);
-    item.SetValue("b", Variant("\xE9", Encodings::ISOLatin1));
+    item.SetValue("b", Variant(std::string("\xE9\0", 2), Encodings::UTF16));
     EXPECT_EQ(item.Value("b").EncodedValue(), (EncodedText{"é", Encodings::UTF8}));
     JSONItem array("[\"é\"]");
     EXPECT_EQ(array.Value(0).Encoding(), Encodings::UTF8);
@@ -203,9 +205,7 @@ TEST(JSONItem, ArraysBecomeItems) {
     const Ref<JSONItem> child = New<JSONItem>();
     JSONItem item;
     item.SetValue("flags", std::vector<bool>{true, false});
-    item.SetValue("small", std::vector<int32_t>{1, -2});
     item.SetValue("large", std::vector<int64_t>{5000000000});
-    item.SetValue("single", std::vector<float>{0.5f});
     item.SetValue("double", std::vector<double>{1});
     item.SetValue("texts", std::vector<std::string>{"a", ""});
     item.SetValue("items", std::vector<Ref<JSONItem>>{child, nullptr});
@@ -213,7 +213,7 @@ TEST(JSONItem, ArraysBecomeItems) {
     EXPECT_THROW(item.SetValue("flags", std::vector<Date>{Date{}}), TypeMismatchException);
     EXPECT_THROW(item.SetValue("flags", std::vector<Variant>{1}), TypeMismatchException);
     EXPECT_EQ(item.ToString(),
-              "{\"flags\":[true,false],\"small\":[1,-2],\"large\":[5000000000],\"single\":[0.5],"
+              "{\"flags\":[true,false],\"large\":[5000000000],"
               "\"double\":[1.0],\"texts\":[\"a\",\"\"],\"items\":[{},null],\"none\":{}}");
     EXPECT_EQ(item.Child("large")->Value(0).VarType(), VariantType::Integer64);
     EXPECT_TRUE(item.Child("items")->Child(0) == child);

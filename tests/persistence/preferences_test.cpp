@@ -1,10 +1,8 @@
 #include "persistence/preferences.h"
 
 #include <gtest/gtest.h>
-#include <sys/resource.h>
 #include <unistd.h>
 
-#include <csignal>
 #include <cstdlib>
 #include <string>
 #include <utility>
@@ -59,18 +57,12 @@ std::string Started(bool option = false, bool command = false) {
     return Values();
 }
 
-/// Saves where no file grows beyond the size, as on a disk that is full.
-bool SavedWithin(rlim_t size) {
-    rlimit before;
-    getrlimit(RLIMIT_FSIZE, &before);
-    const auto handler = std::signal(SIGXFSZ, SIG_IGN);
-    const rlimit limit = {size, before.rlim_max};
-    setrlimit(RLIMIT_FSIZE, &limit);
-    Preferences::Save();
-    const bool isSaved = Preferences::Prefs->Save();
-    setrlimit(RLIMIT_FSIZE, &before);
-    std::signal(SIGXFSZ, handler);
-    return isSaved;
+/// Arrays in arrays, in the innermost one so many numbers.
+std::string Nested(int levels, int numbers) {
+    std::string text(static_cast<size_t>(levels), '[');
+    for (int i = 0; i < numbers; ++i)
+        text += "0,";
+    return text + "0" + std::string(static_cast<size_t>(levels), ']');
 }
 
 /// A user's home of its own, in which this test program keeps its preferences.
@@ -102,7 +94,10 @@ class PreferencesTest : public testing::Test {
 };
 
 TEST_F(PreferencesTest, FirstRunMakesTheFolderAndItsEndTheFile) {
-    Preferences::Save();  // no store yet
+    Disturb();
+    Preferences::SetDefault();
+    Preferences::Save();
+    EXPECT_EQ(Values(), "1 1 -1 disturbed") << "there is no store yet";
     EXPECT_EQ(Started(), kDefaults);
     EXPECT_EQ(access(folder_.c_str(), F_OK), 0);
     EXPECT_FALSE(IsThere());
@@ -141,7 +136,6 @@ TEST_F(PreferencesTest, AFileThatCanNotBeUsedIsReplacedAtTheEnd) {
         "\"1\"}");
     hostile.push_back(Stored("{}", "true", "1", "\"1\""));
     hostile.push_back(std::string(1 << 20, '['));
-    hostile.push_back(stored_ + std::string(1 << 20, ' '));
     for (const std::string& text : hostile) {
         MakeFile(text);
         EXPECT_EQ(Started(), kDefaults) << text.substr(0, 60);
@@ -150,16 +144,49 @@ TEST_F(PreferencesTest, AFileThatCanNotBeUsedIsReplacedAtTheEnd) {
         EXPECT_NE(Contents(), text);
         EXPECT_EQ(Started(), "0 0 " + Str(Application::NonReleaseVersion()) + " ");
     }
-    // The file has a size, but no blocks: reading it would still take the memory.
-    ASSERT_EQ(truncate(file_.c_str(), off_t{1} << 40), 0);
-    EXPECT_EQ(Started(), kDefaults);
+}
+
+TEST_F(PreferencesTest, KeepsEveryKeyOfAFileThatParses) {
+    const std::string brackets(6000, '[');
+    for (const std::string& text :
+         {"{\"other\":\"" + brackets + "\"," + stored_.substr(1),
+          "{\"other\":\"" + std::string(600'000, '/') + "\"," + stored_.substr(1),
+          stored_.substr(0, stored_.size() - 1) + ",\"other\":1}" + brackets}) {
+        MakeFile(text);
+        const std::string other = JSONItem(text).Value("other").StringValue();
+        EXPECT_EQ(Started(), "1 0 77 10.2");
+        Preferences::Save();
+        EXPECT_EQ(JSONItem(Contents()).Value("other").StringValue(), other);
+    }
+    MakeFile("{\"zoom\":[1.5,{\"x\":null}],\"iconVersion\":\"日\",\"IconVersion\":\"9\"}");
+    EXPECT_EQ(Started(), kDefaults) << "other values are missing";
+    Preferences::Save();
+    EXPECT_TRUE(
+        Contents().starts_with("{\n  \"zoom\":[\n    1.5,\n    {\n      \"x\":null\n    }\n  ],\n"
+                               "  \"iconVersion\":\"日\",\n  \"IconVersion\":\"\",\n  "
+                               "\"AllowOpenHigherVersion\":false,\n"))
+        << Contents();
+}
+
+TEST_F(PreferencesTest, LeavesAFileAloneThatIsTooLarge) {
+    constexpr off_t kLimit = off_t{16} << 20;
+    for (const off_t size : {kLimit, kLimit + 1, off_t{1} << 40}) {
+        MakeFile(stored_ + "   ");
+        ASSERT_EQ(truncate(file_.c_str(), size), 0);
+        EXPECT_EQ(Started(), size <= kLimit ? "1 0 77 10.2" : kDefaults);
+        EXPECT_EQ(Preferences::Prefs->Save(), size <= kLimit);
+    }
+    // It grows by its indentation and would be too large to be read again.
+    MakeFile("{\"other\":" + Nested(500, 20'000) + "," + stored_.substr(1));
+    const std::string before = Contents();
+    EXPECT_EQ(Started(), "1 0 77 10.2");
+    Preferences::Save();
+    EXPECT_TRUE(Contents() == before);
 }
 
 TEST_F(PreferencesTest, ValuesOfAnotherTypeAreConverted) {
     const std::pair<std::string, std::string> cases[] = {
-        {Stored("1", "0", "\"12\"", "10.2"), "1 0 12 10.2"},
-        {Stored("\"TRUE\"", "\"no\"", "true", "true"), "1 0 1 True"},
-        {Stored("-0.5", "0.0", "12.9", "7"), "1 0 12 7"},
+        {Stored("1", "\"no\"", "\"12\"", "10.2"), "1 0 12 10.2"},
         {Stored("null", "null", "null", "null"), kDefaults},
         {Stored("true", "true", "1e300", "\"\xFF\""), "1 1 9223372036854775807 \xFF"}};
     for (const auto& [text, values] : cases) {
@@ -168,20 +195,7 @@ TEST_F(PreferencesTest, ValuesOfAnotherTypeAreConverted) {
     }
 }
 
-TEST_F(PreferencesTest, KeepsKeysOfOthersAndWritesThemBack) {
-    MakeFile(
-        "{\"zoom\":[1.5,{\"x\":null}],\"allowOpenHigherVersion\":\"日\","
-        "\"AllowOpenHigherVersion\":true}");
-    EXPECT_EQ(Started(), kDefaults);
-    Preferences::Save();
-    EXPECT_TRUE(
-        Contents().starts_with("{\n  \"zoom\":[\n    1.5,\n    {\n      \"x\":null\n    }\n  ],\n"
-                               "  \"allowOpenHigherVersion\":\"日\",\n"
-                               "  \"AllowOpenHigherVersion\":false,\n"))
-        << Contents();
-}
-
-TEST_F(PreferencesTest, WhatIsNoFileMakesAFirstRunOfIt) {
+TEST_F(PreferencesTest, AFileThatCanNotBeReadCountsAsAFirstRun) {
     const std::string stored = home_.Write("stored", stored_);
     for (const std::string& make : {
              "mkdir " + file_,
@@ -200,28 +214,7 @@ TEST_F(PreferencesTest, WhatIsNoFileMakesAFirstRunOfIt) {
     }
 }
 
-TEST_F(PreferencesTest, ALinkToAFileThatIsMissingIsFollowedAtTheEnd) {
-    home_.MakeFolder("config/" + name_);
-    ASSERT_EQ(symlink((home_ / "elsewhere").c_str(), file_.c_str()), 0);
-    EXPECT_EQ(Started(), kDefaults);
-    Preferences::Save();
-    EXPECT_EQ(Contents(), Written("false", "false", ""));
-}
-
-TEST_F(PreferencesTest, AFullDiskLeavesTheOldFileWholeAndNoHalfOfANewOne) {
-    MakeFile(stored_);
-    EXPECT_EQ(Started(), "1 0 77 10.2");
-    Preferences::pIconVersion = std::string(200, 'x');
-    EXPECT_FALSE(SavedWithin(150));
-    EXPECT_EQ(Contents(), stored_);
-    ASSERT_EQ(unlink(file_.c_str()), 0);
-    EXPECT_FALSE(SavedWithin(10));
-    EXPECT_FALSE(IsThere());
-    Preferences::Save();
-    EXPECT_EQ(Contents(), Written("true", "false", std::string(200, 'x')));
-}
-
-TEST_F(PreferencesTest, TheStoreTellsWhatItHasAndWhatItLacks) {
+TEST_F(PreferencesTest, TheStoreHoldsAnyValueUnderItsName) {
     PrefsClass store("App");
     EXPECT_FALSE(store.Save());
     store["a"] = 1;
@@ -241,15 +234,6 @@ TEST_F(PreferencesTest, TheStoreTellsWhatItHasAndWhatItLacks) {
     again.Remove();
     EXPECT_EQ(again.Get("a").StringValue(), "two");
     EXPECT_FALSE(PrefsClass("App").Load());
-}
-
-TEST_F(PreferencesTest, DefaultsAreSetOnlyWhileThereIsAStore) {
-    Disturb();
-    Preferences::SetDefault();
-    EXPECT_EQ(Values(), "1 1 -1 disturbed");
-    Preferences::Initialize("App");
-    Preferences::SetDefault();
-    EXPECT_EQ(Values(), kDefaults);
 }
 
 }  // namespace

@@ -4,7 +4,6 @@
 #include <string>
 #include <vector>
 
-#include "platform/values/object.h"
 #include "platform/values/reference.h"
 
 namespace dunvey {

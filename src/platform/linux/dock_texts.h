@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "platform/processes/system.h"
+#include "platform/bundles/system.h"
 
 namespace dunvey {
 

@@ -1,9 +1,8 @@
-#include "platform/text/user_language.h"
-
 #include <cstdlib>
 
+#include "platform/bundles/system.h"
+#include "platform/bundles/translation_table.h"
 #include "platform/text/text.h"
-#include "platform/text/translation_table.h"
 
 namespace dunvey {
 namespace {

@@ -9,7 +9,7 @@
 #include "platform/files/file_descriptor.h"
 #include "platform/loop/application.h"
 #include "platform/text/file_extension.h"
-#include "platform/text/hex_text.h"
+#include "platform/text/text.h"
 
 namespace dunvey {
 namespace {

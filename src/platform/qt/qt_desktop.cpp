@@ -10,6 +10,7 @@
 #include <chrono>
 #include <functional>
 
+#include "platform/bundles/system.h"
 #include "platform/loop/application.h"
 #include "platform/loop/event_loop.h"
 #include "platform/qt/dock.h"
@@ -18,7 +19,6 @@
 #include "platform/qt/qt_style.h"
 #include "platform/qt/qt_window.h"
 #include "platform/qt/text_order.h"
-#include "platform/text/user_language.h"
 
 namespace dunvey {
 namespace {

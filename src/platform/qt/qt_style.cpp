@@ -5,7 +5,7 @@
 #include <QStyleOption>
 
 #include "platform/qt/qt_text.h"
-#include "platform/text/shown_text.h"
+#include "platform/pictures/contrast.h"
 
 namespace dunvey {
 namespace {

@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QPalette>
 
+#include "platform/pictures/contrast.h"
 #include "platform/text/shown_text.h"
 
 namespace dunvey {

@@ -22,7 +22,7 @@ char32_t CodePoint(std::string_view character) {
     for (size_t i = 1; i < character.size(); ++i) {
         value = (value << 6) | (ByteAt(character, i) & 0x3Fu);
     }
-    // What isn't its own shortest form, a surrogate or too large is no character.
+    // A longer form than needed, a surrogate or a value above U+10FFFF is no character.
     return Chr(value) == character ? value : kUnreadable;
 }
 
@@ -36,11 +36,10 @@ std::u32string FromUTF8(std::string_view bytes) {
     return characters;
 }
 
-std::u32string FromSingleBytes(std::string_view bytes, uint8_t last) {
+std::u32string FromASCII(std::string_view bytes) {
     std::u32string characters;
-    for (size_t i = 0; i < bytes.size(); ++i) {
-        characters += ByteAt(bytes, i) <= last ? char32_t{ByteAt(bytes, i)} : kUnreadable;
-    }
+    for (size_t i = 0; i < bytes.size(); ++i)
+        characters += ByteAt(bytes, i) < 0x80 ? char32_t{ByteAt(bytes, i)} : kUnreadable;
     return characters;
 }
 
@@ -69,9 +68,7 @@ std::u32string FromUTF16(std::string_view bytes) {
 std::u32string Characters(const EncodedText& text) {
     switch (text.Encoding) {
         case TextEncoding::ASCII:
-            return FromSingleBytes(text.Bytes, 0x7F);
-        case TextEncoding::ISOLatin1:
-            return FromSingleBytes(text.Bytes, 0xFF);
+            return FromASCII(text.Bytes);
         case TextEncoding::UTF16:
             return FromUTF16(text.Bytes);
         default:
@@ -93,8 +90,7 @@ void AppendCharacter(std::string& bytes, char32_t character, TextEncoding encodi
     } else if (encoding == TextEncoding::UTF8) {
         bytes += Chr(character);
     } else {
-        const char32_t last = encoding == TextEncoding::ASCII ? 0x7F : 0xFF;
-        bytes += character <= last ? static_cast<char>(character) : '?';
+        bytes += character < 0x80 ? static_cast<char>(character) : '?';
     }
 }
 

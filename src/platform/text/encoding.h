@@ -5,15 +5,14 @@
 
 namespace dunvey {
 
-/// How the bytes of a text are to be read. None: nobody has said.
-enum class TextEncoding : uint8_t { None, UTF8, ASCII, ISOLatin1, UTF16 };
+/// How the bytes of a text are read. None: not known.
+enum class TextEncoding : uint8_t { None, UTF8, ASCII, UTF16 };
 
-/// The encodings by name. UTF16 has the low byte first; a byte-order mark in front of a text to be
-/// read decides otherwise.
+/// The encodings by name. UTF16 is little-endian; when a text is read, a byte-order mark at its
+/// beginning decides.
 namespace Encodings {
 inline constexpr TextEncoding UTF8 = TextEncoding::UTF8;
 inline constexpr TextEncoding ASCII = TextEncoding::ASCII;
-inline constexpr TextEncoding ISOLatin1 = TextEncoding::ISOLatin1;
 inline constexpr TextEncoding UTF16 = TextEncoding::UTF16;
 }  // namespace Encodings
 

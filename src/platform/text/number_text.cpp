@@ -1,10 +1,12 @@
 #include "platform/text/number_text.h"
 
 #include <locale.h>
+#if __has_include(<xlocale.h>)
+#include <xlocale.h>
+#endif
 
-#include <clocale>
+#include <cstdio>
 #include <cstdlib>
-#include <string>
 
 namespace dunvey {
 namespace {
@@ -24,8 +26,8 @@ size_t SkipSign(std::string_view text, size_t position) {
     return sign ? position + 1 : position;
 }
 
-/// The length of the decimal number at the beginning, 0 if there is none. Cutting it out first
-/// keeps "nan", "inf" and hexadecimal forms away from the library, which would take them.
+/// The length of the decimal number at the beginning, 0 if there is none. An exponent without
+/// digits doesn't count.
 size_t NumberLength(std::string_view text) {
     const size_t sign = SkipSign(text, 0);
     size_t end = SkipDigits(text, sign);
@@ -44,11 +46,10 @@ size_t NumberLength(std::string_view text) {
     return end;
 }
 
-}  // namespace
-
 double DecimalValue(std::string_view text) {
-    // The toolkit sets the user's locale for the whole process, and with it a decimal comma.
+    // Qt sets the user's locale for the whole process, and with it perhaps a decimal comma.
     static const locale_t kPlain = newlocale(LC_NUMERIC_MASK, "C", nullptr);
+    // strtod also reads "nan", "inf" and hexadecimal numbers: it gets the decimal number alone.
     const std::string number(text.substr(0, NumberLength(text)));
     return number.empty() ? 0 : strtod_l(number.c_str(), nullptr, kPlain);
 }
@@ -56,14 +57,160 @@ double DecimalValue(std::string_view text) {
 double HexadecimalValue(std::string_view text) {
     double value = 0;
     for (const char c : text) {
-        const int digit = IsDigit(c)             ? c - '0'
-                          : c >= 'a' && c <= 'f' ? c - 'a' + 10
-                          : c >= 'A' && c <= 'F' ? c - 'A' + 10
-                                                 : -1;
+        const int digit = HexDigit(c);
         if (digit < 0) break;
         value = value * 16 + digit;
     }
     return value;
+}
+
+/// What printf makes of the number under the format, with a point in every locale.
+std::string Printed(const char* format, int precision, double number) {
+    char text[1024];
+    const int length = std::snprintf(text, sizeof text, format, precision, number);
+    std::string printed(text, static_cast<size_t>(length));
+    const size_t point = printed.find_first_not_of("+-0123456789e");
+    if (point != std::string::npos) {
+        const size_t end = printed.find_first_of("0123456789", point);
+        printed.replace(point, end - point, ".");
+    }
+    return printed;
+}
+
+constexpr int kLeastDigits = 15;
+constexpr int kMostDigits = 17;
+
+/// The decimal form of a whole number divided by ten to the power of `places`.
+std::string Shifted(int64_t whole, int places) {
+    std::string text = std::to_string(whole);
+    const auto behind = static_cast<size_t>(places);
+    if (places == 0) return text;
+    if (text.size() <= behind) text.insert(0, behind + 1 - text.size(), '0');
+    return text.insert(text.size() - behind, ".");
+}
+
+/// A number of 0 or more in decimal form, with as many places as it takes to read back the same,
+/// but no more than `most`.
+std::string Fixed(double number, int most) {
+    // Most numbers have few digits. Both sides of the division are exact, so its result is what
+    // reading the text gives. printf takes ten times as long.
+    constexpr int kExactPowers = 22;                    // of ten, as doubles
+    constexpr double kExactLimit = 9007199254740992.0;  // 2^53, for whole numbers
+    double power = 1;
+    for (int places = 0; places <= std::min(most, kExactPowers); ++places, power *= 10) {
+        const double shifted = number * power + 0.5;
+        if (shifted > kExactLimit) break;
+        const auto whole = static_cast<int64_t>(shifted);
+        if (static_cast<double>(whole) / power == number) return Shifted(whole, places);
+    }
+    // The digits before the point; below 0 for zeros after it. It may be one too many.
+    const int before = number == 0 ? 0 : static_cast<int>(std::floor(std::log10(number))) + 1;
+    for (int digits = kLeastDigits;; ++digits) {
+        const int places = std::clamp(digits - before, 0, most);
+        std::string text = Printed("%.*f", places, number);
+        if (places == most || digits > kMostDigits || DecimalValue(text) == number) return text;
+    }
+}
+
+struct Pattern {
+    std::string before;
+    std::string after;
+    bool hasSign = false;
+    bool hasPoint = false;
+    size_t leastWhole = 0;
+    size_t leastPlaces = 0;
+    int mostPlaces = 0;
+
+    explicit Pattern(std::string_view pattern) {
+        bool hasDigits = false;
+        for (const char c : pattern) {
+            if (c == '-') {
+                hasSign = true;
+            } else if (c == '.' && !hasPoint) {
+                hasDigits = hasPoint = true;
+            } else if (c == '0' || c == '#') {
+                hasDigits = true;
+                AddDigit(c == '0');
+            } else {
+                (hasDigits ? after : before) += c;
+            }
+        }
+    }
+    void AddDigit(bool always) {
+        constexpr int kMost = 400;
+        if (!hasPoint) {
+            leastWhole += always ? 1 : 0;
+        } else if (mostPlaces < kMost) {
+            ++mostPlaces;
+            if (always) leastPlaces = static_cast<size_t>(mostPlaces);
+        }
+    }
+};
+
+}  // namespace
+
+int HexDigit(char c) {
+    if (IsDigit(c)) return c - '0';
+    if (c >= 'a' && c <= 'f') return c - 'a' + 10;
+    return c >= 'A' && c <= 'F' ? c - 'A' + 10 : -1;
+}
+
+double Val(std::string_view text) {
+    const size_t begin = text.find_first_not_of(" \t\r\n\f\v");
+    if (begin == std::string_view::npos) return 0;
+    text.remove_prefix(begin);
+    const bool isHexadecimal = text.starts_with("&h") || text.starts_with("&H");
+    return isHexadecimal ? HexadecimalValue(text.substr(2)) : DecimalValue(text);
+}
+
+std::string Str(int64_t number) {
+    return std::to_string(number);
+}
+
+std::string Str(double number) {
+    if (std::isnan(number)) return "NaN";
+    if (std::isinf(number)) return number < 0 ? "-Infinity" : "Infinity";
+    if (number == 0) return "0";
+    for (int digits = kLeastDigits;; ++digits) {
+        const std::string text = Printed("%.*g", digits, number);
+        if (digits == kMostDigits || DecimalValue(text) == number) return text;
+    }
+}
+
+std::string Str(double number, std::string_view pattern) {
+    if (pattern.empty() || !std::isfinite(number)) return Str(number);
+    const Pattern form(pattern);
+    const std::string digits = Fixed(std::fabs(number), form.mostPlaces);
+    const std::string_view text = digits;
+    const size_t point = std::min(text.find('.'), text.size());
+    const std::string_view whole = text.substr(0, digits[0] == '0' ? 0 : point);
+    std::string_view places = text.substr(std::min(point + 1, text.size()));
+    places = places.substr(0, places.find_last_not_of('0') + 1);
+
+    std::string shown;
+    if (form.hasSign && number < 0 && !(whole.empty() && places.empty())) shown = "-";
+    shown += form.before;
+    shown.append(form.leastWhole - std::min(form.leastWhole, whole.size()), '0').append(whole);
+    if (!places.empty() || form.leastPlaces > 0) shown += '.';
+    shown.append(places).append(form.leastPlaces - std::min(form.leastPlaces, places.size()), '0');
+    return shown += form.after;
+}
+
+std::string Format(double number, std::string_view pattern) {
+    const int64_t whole = Truncate(number);
+    std::string digits = std::to_string(whole);
+    const size_t sign = whole < 0 ? 1 : 0;
+    const size_t wanted = pattern.size() + sign;
+    if (digits.size() < wanted) digits.insert(sign, wanted - digits.size(), '0');
+    return digits;
+}
+
+int64_t Truncate(double number) {
+    constexpr double kLimit = 9223372036854775808.0;  // 2^63, the first value that doesn't fit
+    if (std::isnan(number)) return 0;
+    if (number >= kLimit) return INT64_MAX;
+    if (number < -kLimit) return INT64_MIN;
+    return static_cast<int64_t>(number);
 }
 
 }  // namespace dunvey

@@ -1,9 +1,102 @@
+#define PCRE2_CODE_UNIT_WIDTH 8
 #include "platform/text/reg_ex.h"
 
-#include "platform/text/compiled_pattern.h"
+#include <pcre2.h>
+
+#include <map>
+#include <memory>
+#include <utility>
+
+#include "platform/values/exceptions.h"
 
 namespace dunvey {
 namespace {
+
+// Far more than any honest line needs; a hostile one reaches them within milliseconds.
+constexpr uint32_t kMatchLimit = 200'000;
+constexpr uint32_t kDepthLimit = 10'000;
+constexpr size_t kStackStart = 32 * 1024;
+constexpr size_t kStackLimit = 1024 * 1024;
+
+template <auto Free>
+struct Deleter {
+    template <typename T>
+    void operator()(T* pointer) const {
+        Free(pointer);
+    }
+};
+
+/// One pattern, compiled, with memory for its match.
+class CompiledPattern {
+ public:
+    /// Raises RegExException for a pattern that can't be compiled.
+    CompiledPattern(const std::string& pattern, bool caseSensitive);
+
+    /// Looks for the first match at or after `start` (bytes). False if there is none or a limit of
+    /// the engine was reached.
+    bool Find(std::string_view text, size_t start);
+
+    /// The part of `text` that a group of the last match covers; empty for a group that took no
+    /// part or doesn't exist.
+    std::string_view Group(std::string_view text, size_t number) const;
+
+ private:
+    std::unique_ptr<pcre2_code, Deleter<pcre2_code_free>> code_;
+    std::unique_ptr<pcre2_match_data, Deleter<pcre2_match_data_free>> match_;
+    std::unique_ptr<pcre2_match_context, Deleter<pcre2_match_context_free>> context_;
+    std::unique_ptr<pcre2_jit_stack, Deleter<pcre2_jit_stack_free>> stack_;
+};
+
+std::string CompileErrorText(int error) {
+    PCRE2_UCHAR text[256];
+    const int length = pcre2_get_error_message(error, text, sizeof text);
+    return length < 0
+               ? "unknown error"
+               : std::string(reinterpret_cast<const char*>(text), static_cast<size_t>(length));
+}
+
+CompiledPattern::CompiledPattern(const std::string& pattern, bool caseSensitive) {
+    int error = 0;
+    size_t position = 0;
+    code_.reset(pcre2_compile(reinterpret_cast<PCRE2_SPTR>(pattern.data()), pattern.size(),
+                              caseSensitive ? 0 : PCRE2_CASELESS, &error, &position, nullptr));
+    if (!code_) throw RegExException(CompileErrorText(error), error);
+    match_.reset(pcre2_match_data_create_from_pattern(code_.get(), nullptr));
+    context_.reset(pcre2_match_context_create(nullptr));
+    pcre2_set_match_limit(context_.get(), kMatchLimit);
+    pcre2_set_depth_limit(context_.get(), kDepthLimit);
+    // Where the kernel forbids code made at run time PCRE2 interprets the pattern.
+    if (pcre2_jit_compile(code_.get(), PCRE2_JIT_COMPLETE) == 0) {
+        stack_.reset(pcre2_jit_stack_create(kStackStart, kStackLimit, nullptr));
+        pcre2_jit_stack_assign(context_.get(), nullptr, stack_.get());
+    }
+}
+
+bool CompiledPattern::Find(std::string_view text, size_t start) {
+    if (start > text.size()) return false;
+    return pcre2_match(code_.get(), reinterpret_cast<PCRE2_SPTR>(text.data()), text.size(), start,
+                       0, match_.get(), context_.get()) > 0;
+}
+
+std::string_view CompiledPattern::Group(std::string_view text, size_t number) const {
+    if (number >= pcre2_get_ovector_count(match_.get())) return {};
+    const size_t* pair = pcre2_get_ovector_pointer(match_.get()) + 2 * number;
+    return pair[0] == PCRE2_UNSET ? std::string_view() : text.substr(pair[0], pair[1] - pair[0]);
+}
+
+/// The expression's pattern; valid until the next call. Some are kept, since to compile costs some
+/// twenty times a match. Raises RegExException for a pattern that can't be compiled.
+CompiledPattern& PatternOf(const RegEx& expression) {
+    constexpr size_t kMost = 16;
+    // Never destroyed: patterns are used to the very end of the process.
+    static auto& kept = *new std::map<std::pair<std::string, bool>, CompiledPattern>;
+    const std::pair key(expression.SearchPattern, expression.Options.CaseSensitive);
+    const auto found = kept.find(key);
+    if (found != kept.end()) return found->second;
+    CompiledPattern compiled(key.first, key.second);
+    if (kept.size() == kMost) kept.clear();
+    return kept.emplace(key, std::move(compiled)).first->second;
+}
 
 size_t StartOf(const RegEx& expression) {
     return expression.SearchStartPosition < 0 ? 0
@@ -22,8 +115,7 @@ void AppendReplacement(std::string& result, std::string_view replacement, std::s
         if (next == '\\') {
             result += next;
         } else {
-            const auto [begin, end] = pattern.Group(static_cast<size_t>(next - '0'));
-            result.append(text.substr(begin, end - begin));
+            result += pattern.Group(text, static_cast<size_t>(next - '0'));
         }
     }
 }
@@ -31,25 +123,25 @@ void AppendReplacement(std::string& result, std::string_view replacement, std::s
 }  // namespace
 
 Ref<RegExMatch> RegEx::Search(std::string_view text) const {
-    CompiledPattern& pattern = PatternFor(SearchPattern, Options.CaseSensitive);
+    CompiledPattern& pattern = PatternOf(*this);
     if (!pattern.Find(text, StartOf(*this))) return nullptr;
-    const auto [begin, end] = pattern.Group(0);
-    return New<RegExMatch>(static_cast<int64_t>(begin),
-                           std::string(text.substr(begin, end - begin)));
+    const std::string_view match = pattern.Group(text, 0);
+    return New<RegExMatch>(match.data() - text.data(), std::string(match));
 }
 
 std::string RegEx::Replace(std::string_view text) const {
-    CompiledPattern& pattern = PatternFor(SearchPattern, Options.CaseSensitive);
+    CompiledPattern& pattern = PatternOf(*this);
     std::string result;
     size_t copied = 0;
     size_t position = StartOf(*this);
     while (pattern.Find(text, position)) {
-        const auto [begin, end] = pattern.Group(0);
+        const std::string_view match = pattern.Group(text, 0);
+        const auto begin = static_cast<size_t>(match.data() - text.data());
         result.append(text.substr(copied, begin - copied));
         AppendReplacement(result, ReplacementPattern, text, pattern);
-        copied = end;
+        copied = begin + match.size();
         // An empty match would be found again at the same place.
-        position = end > begin ? end : end + 1;
+        position = match.empty() ? copied + 1 : copied;
         if (!Options.ReplaceAllMatches) break;
     }
     return result.append(text.substr(copied));

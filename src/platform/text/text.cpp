@@ -1,9 +1,13 @@
 #include "platform/text/text.h"
 
-#include "platform/text/number_text.h"
+#include <algorithm>
 
 namespace dunvey {
 namespace {
+
+bool IsASCII(char byte) {
+    return static_cast<unsigned char>(byte) < 0x80;
+}
 
 bool IsContinuation(char byte) {
     return (static_cast<unsigned char>(byte) & 0xC0) == 0x80;
@@ -39,7 +43,8 @@ int64_t BytesOfCharacters(std::string_view text, int64_t characters) {
 
 int64_t InStr(int64_t start, std::string_view text, std::string_view find) {
     if (find.empty()) return 0;
-    const auto from = static_cast<size_t>(BytesOfCharacters(text, start - 1));
+    const int64_t skipped = start > 0 ? start - 1 : 0;
+    const auto from = static_cast<size_t>(BytesOfCharacters(text, skipped));
     const size_t found = text.find(find, from);
     return found == std::string_view::npos ? 0 : Len(text.substr(0, found)) + 1;
 }
@@ -62,9 +67,8 @@ int64_t LenB(std::string_view text) {
 
 int64_t Len(std::string_view text) {
     int64_t count = 0;
-    for (size_t position = 0; position < text.size(); ++count) {
-        position += CharacterLength(text, position);
-    }
+    for (size_t position = 0; position < text.size(); ++count)
+        position += IsASCII(text[position]) ? 1 : CharacterLength(text, position);
     return count;
 }
 
@@ -93,6 +97,19 @@ std::string Replace(std::string_view text, std::string_view find, std::string_vi
     const size_t found = find.empty() ? std::string::npos : result.find(find);
     if (found != std::string::npos) result.replace(found, find.size(), replacement);
     return result;
+}
+
+std::string ReplaceAll(std::string text, std::string_view find, std::string_view replacement) {
+    size_t found = find.empty() ? std::string::npos : text.find(find);
+    if (found == std::string::npos) return text;
+    std::string result;
+    result.reserve(text.size() * 2);
+    size_t begin = 0;
+    for (; found != std::string::npos; found = text.find(find, begin)) {
+        result.append(text, begin, found - begin).append(replacement);
+        begin = found + find.size();
+    }
+    return result.append(text, begin);
 }
 
 std::vector<std::string> SplitB(std::string_view text, std::string_view separator) {
@@ -125,7 +142,7 @@ std::string Chr(uint32_t codePoint) {
 std::string EncodeHex(std::string_view bytes, bool blanks) {
     static constexpr char kDigits[] = "0123456789ABCDEF";
     std::string text;
-    text.reserve(bytes.size() * 3);
+    text.reserve(bytes.size() * (blanks ? 3 : 2));
     for (const char c : bytes) {
         const auto byte = static_cast<unsigned char>(c);
         if (blanks && !text.empty()) text += ' ';
@@ -135,35 +152,27 @@ std::string EncodeHex(std::string_view bytes, bool blanks) {
     return text;
 }
 
-std::string Str(int64_t number) {
-    return std::to_string(number);
-}
-
-std::string Format(double number, std::string_view pattern) {
-    const int64_t whole = Truncate(number);
-    std::string digits = std::to_string(whole);
-    const size_t sign = whole < 0 ? 1 : 0;
-    const size_t wanted = pattern.size() + sign;
-    if (digits.size() < wanted) digits.insert(sign, wanted - digits.size(), '0');
-    return digits;
-}
-
-int64_t Truncate(double number) {
-    constexpr double kLimit = 9223372036854775808.0;  // 2^63, the first value that doesn't fit
-    if (std::isnan(number)) return 0;
-    if (number >= kLimit) return INT64_MAX;
-    if (number < -kLimit) return INT64_MIN;
-    return static_cast<int64_t>(number);
-}
-
-double Val(std::string_view text) {
-    const size_t begin = text.find_first_not_of(" \t\r\n\f\v");
-    if (begin == std::string_view::npos) return 0;
-    text.remove_prefix(begin);
-    if (text.size() > 1 && text[0] == '&' && (text[1] == 'h' || text[1] == 'H')) {
-        return HexadecimalValue(text.substr(2));
+std::string DecodeHex(std::string_view digits) {
+    std::string bytes;
+    bytes.reserve(digits.size() / 2);
+    int high = -1;
+    for (const char c : digits) {
+        const int digit = HexDigit(c);
+        if (digit >= 0 && high >= 0) {
+            bytes += static_cast<char>(high << 4 | digit);
+            high = -1;
+        } else if (digit >= 0) {
+            high = digit;
+        }
     }
-    return DecimalValue(text);
+    return bytes;
+}
+
+std::string_view Trim(std::string_view text) {
+    constexpr std::string_view kWhite = " \t\n\v\f\r";
+    const size_t begin = text.find_first_not_of(kWhite);
+    if (begin == std::string_view::npos) return {};
+    return text.substr(begin, text.find_last_not_of(kWhite) - begin + 1);
 }
 
 }  // namespace dunvey

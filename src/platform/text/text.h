@@ -1,11 +1,11 @@
 #pragma once
 
-#include <algorithm>
-#include <cmath>
 #include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
+
+#include "platform/text/number_text.h"
 
 /// Operations on text. Text is UTF-8 bytes; a "character" is a code point, and a byte that belongs
 /// to no valid sequence counts as a character of its own. Nothing here depends on the locale, and
@@ -35,6 +35,9 @@ std::string NthField(std::string_view text, std::string_view separator, int64_t 
 /// The text with the first occurrence of `find` replaced; unchanged if there is none.
 std::string Replace(std::string_view text, std::string_view find, std::string_view replacement);
 
+/// The text with every occurrence of `find` replaced, from the left; unchanged if there is none.
+std::string ReplaceAll(std::string text, std::string_view find, std::string_view replacement);
+
 /// The pieces between separators. A text without the separator, the empty one too, is one piece.
 std::vector<std::string> SplitB(std::string_view text, std::string_view separator);
 
@@ -44,29 +47,12 @@ std::string Chr(uint32_t codePoint);
 /// Two upper-case hexadecimal digits for each byte, with a blank between bytes if asked for.
 std::string EncodeHex(std::string_view bytes, bool blanks = false);
 
-/// The value of the number at the beginning of the text, after white space: decimal, or hexadecimal
-/// behind "&h". 0 if there is none; never a NaN or an infinity from their names.
-double Val(std::string_view text);
+/// The bytes of each pair of hexadecimal digits, in either letter case. Other characters are
+/// skipped, and a single digit at the end.
+std::string DecodeHex(std::string_view digits);
 
-/// The decimal text of a number.
-std::string Str(int64_t number);
-
-/// The number truncated to an integer, under a pattern of zeros: at least as many digits.
-std::string Format(double number, std::string_view pattern);
-
-template <typename Number>
-Number Min(Number left, Number right) {
-    return std::min(left, right);
-}
-
-/// A whole number from a floating-point one, cut towards zero; values beyond 64 bits end at the
-/// nearest limit, so that a number out of a file can't be undefined behaviour.
-int64_t Truncate(double number);
-
-/// The greatest whole number that isn't above the given one, within the same limits.
-inline int64_t Floor(double number) {
-    return Truncate(std::floor(number));
-}
+/// The text without the white space (blank, tab, line ends, form feed) at both ends.
+std::string_view Trim(std::string_view text);
 
 /// The bytes that the first `characters` characters of the text take.
 int64_t BytesOfCharacters(std::string_view text, int64_t characters);

@@ -4,8 +4,13 @@
 #include <cstdint>
 #include <vector>
 
+#include "platform/values/exceptions.h"
+
 /// An array is a std::vector; these are the operations that the vector lacks.
 namespace dunvey {
+
+/// Raises OutOfBoundsException.
+[[noreturn]] void RaiseOutOfBounds(int64_t position, SourcePlace place = SourcePlace::Here());
 
 /// The position of the last element, -1 for an empty array.
 template <typename T>
@@ -14,11 +19,10 @@ int64_t UpperBound(const std::vector<T>& array) {
 }
 
 /// The element at the position. Raises OutOfBoundsException outside the array.
-[[noreturn]] void RaiseOutOfBounds(int64_t position);
-
 template <typename T>
-const T& At(const std::vector<T>& array, int64_t position) {
-    if (position < 0 || position > UpperBound(array)) RaiseOutOfBounds(position);
+const T& At(const std::vector<T>& array, int64_t position,
+            SourcePlace place = SourcePlace::Here()) {
+    if (position < 0 || position > UpperBound(array)) RaiseOutOfBounds(position, place);
     return array[static_cast<size_t>(position)];
 }
 

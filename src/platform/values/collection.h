@@ -4,20 +4,20 @@
 #include <vector>
 
 #include "platform/values/array.h"
-#include "platform/values/object.h"
+#include "platform/values/reference.h"
 #include "platform/values/variant.h"
 
 namespace dunvey {
 
 /// A list of values, counted from 1.
-class Collection : public Object {
+class Collection final : public Object {
  public:
-    void Add(const Variant& value) { items_.push_back(value); }
-    int64_t Count() const { return static_cast<int64_t>(items_.size()); }
+    void Add(Variant value) { items_.push_back(std::move(value)); }
+    int64_t Count() const { return UpperBound(items_) + 1; }
     /// The value at the position, from 1. Raises OutOfBoundsException.
-    Variant Item(int64_t position) const {
-        if (position < 1) RaiseOutOfBounds(position);
-        return At(items_, position - 1);
+    Variant Item(int64_t position, SourcePlace place = SourcePlace::Here()) const {
+        if (position < 1) RaiseOutOfBounds(position, place);
+        return At(items_, position - 1, place);
     }
     const std::vector<Variant>& Items() const { return items_; }
 

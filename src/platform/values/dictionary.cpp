@@ -1,33 +1,103 @@
 #include "platform/values/dictionary.h"
 
+#include <algorithm>
+#include <functional>
+#include <string_view>
+#include <utility>
+
 #include "platform/values/array.h"
-#include "platform/values/exceptions.h"
 
 namespace dunvey {
+namespace {
 
-void RaiseKeyNotFound(const Variant& key) {
-    const bool hasText = !key.IsObject() && !key.IsArray();
-    const std::string name = hasText ? " \"" + key.StringValue() + "\"" : "";
-    throw KeyNotFoundException("There is no value under the key" + name + ".");
+constexpr size_t kNowhere = SIZE_MAX;
+/// Up to so many entries a comparison with each is faster than the index.
+constexpr size_t kFew = 16;
+
+size_t HashOf(const Variant& key) {
+    if (key.IsText()) return std::hash<std::string_view>()(key.TextBytes());
+    if (key.IsNumber()) return std::hash<double>()(key.DoubleValue());
+    return std::hash<Object*>()(key.ObjectAddress());
 }
 
-Variant Dictionary::Value(const Variant& key) const {
-    const Variant* value = table_.Find(key);
-    if (value == nullptr) RaiseKeyNotFound(key);
+}  // namespace
+
+void RaiseKeyNotFound(const Variant& key, SourcePlace place) {
+    const bool hasText = !key.IsObject() && !key.IsArray();
+    const std::string name = hasText ? " \"" + key.StringValue() + "\"" : "";
+    throw KeyNotFoundException("There is no value under the key" + name + ".", 0, place);
+}
+
+size_t Dictionary::PositionOf(const Variant& key) const {
+    if (!index_) {
+        for (size_t i = 0; i < entries_.size(); ++i) {
+            if (entries_[i].Key == key) return i;
+        }
+        return kNowhere;
+    }
+    const auto [first, last] = index_->equal_range(HashOf(key));
+    for (auto place = first; place != last; ++place) {
+        if (entries_[place->second].Key == key) return place->second;
+    }
+    return kNowhere;
+}
+
+const Variant* Dictionary::Find(const Variant& key) const {
+    const size_t position = PositionOf(key);
+    return position == kNowhere ? nullptr : &entries_[position].Value;
+}
+
+Variant Dictionary::Value(const Variant& key, SourcePlace place) const {
+    const Variant* value = Find(key);
+    if (value == nullptr) RaiseKeyNotFound(key, place);
     return *value;
 }
 
 Variant Dictionary::Lookup(const Variant& key, const Variant& defaultValue) const {
-    const Variant* value = table_.Find(key);
+    const Variant* value = Find(key);
     return value == nullptr ? defaultValue : *value;
 }
 
-void Dictionary::Remove(const Variant& key) {
-    if (!table_.Remove(key)) RaiseKeyNotFound(key);
+void Dictionary::SetValue(Variant key, Variant value) {
+    const size_t position = PositionOf(key);
+    if (position != kNowhere) {
+        entries_[position].Value = std::move(value);
+        return;
+    }
+    entries_.push_back({std::move(key), std::move(value)});
+    if (index_) {
+        index_->emplace(HashOf(entries_.back().Key), entries_.size() - 1);
+    } else if (entries_.size() > kFew) {
+        BuildIndex();
+    }
 }
 
-Variant Dictionary::Key(int64_t position) const {
-    return At(table_.Entries(), position).Key;
+void Dictionary::BuildIndex() {
+    index_ = std::make_unique<Index>();
+    for (size_t i = 0; i < entries_.size(); ++i)
+        index_->emplace(HashOf(entries_[i].Key), i);
+}
+
+void Dictionary::Remove(const Variant& key, SourcePlace place) {
+    const size_t position = PositionOf(key);
+    if (position == kNowhere) RaiseKeyNotFound(key, place);
+    const size_t hash = HashOf(entries_[position].Key);
+    const bool isLast = position + 1 == entries_.size();
+    entries_.erase(entries_.begin() + static_cast<std::ptrdiff_t>(position));
+    if (!index_) return;
+    if (!isLast) return BuildIndex();
+    const auto [first, last] = index_->equal_range(hash);
+    index_->erase(
+        std::find_if(first, last, [&](const auto& each) { return each.second == position; }));
+}
+
+void Dictionary::Clear() {
+    entries_.clear();
+    index_.reset();
+}
+
+Variant Dictionary::Key(int64_t position, SourcePlace place) const {
+    return At(entries_, position, place).Key;
 }
 
 }  // namespace dunvey

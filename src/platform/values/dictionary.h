@@ -1,41 +1,58 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
+#include <memory>
+#include <unordered_map>
+#include <vector>
 
-#include "platform/values/object.h"
-#include "platform/values/ordered_table.h"
+#include "platform/values/exceptions.h"
+#include "platform/values/reference.h"
 #include "platform/values/variant.h"
 
 namespace dunvey {
 
 /// A map from keys to values. It keeps the order in which keys were added; a value that is replaced
 /// keeps its place. Keys are the same if they are equal as values: texts by their bytes, letter
-/// case included, numbers by what they are worth.
-class Dictionary : public Object {
+/// case included, numbers by value.
+class Dictionary final : public Object {
  public:
+    struct Entry {
+        Variant Key;
+        Variant Value;
+    };
+
     /// The value under the key. Raises KeyNotFoundException.
-    Variant Value(const Variant& key) const;
+    Variant Value(const Variant& key, SourcePlace place = SourcePlace::Here()) const;
     /// Adds or replaces.
-    void SetValue(const Variant& key, const Variant& value) {
-        table_.Assign(Variant(key), Variant(value));
-    }
+    void SetValue(Variant key, Variant value);
     /// The value under the key, or `defaultValue`.
     Variant Lookup(const Variant& key, const Variant& defaultValue) const;
-    bool HasKey(const Variant& key) const { return table_.Find(key) != nullptr; }
+    bool HasKey(const Variant& key) const { return Find(key) != nullptr; }
     /// Raises KeyNotFoundException.
-    void Remove(const Variant& key);
-    void Clear() { table_ = OrderedTable(); }
-    int64_t Count() const { return static_cast<int64_t>(table_.Count()); }
-    /// The key at a position in the order of the keys, from 0. Raises OutOfBoundsException.
-    Variant Key(int64_t position) const;
+    void Remove(const Variant& key, SourcePlace place = SourcePlace::Here());
+    void Clear();
+    int64_t Count() const { return static_cast<int64_t>(entries_.size()); }
+    /// The key at a position from 0. Raises OutOfBoundsException.
+    Variant Key(int64_t position, SourcePlace place = SourcePlace::Here()) const;
 
-    const OrderedTable& Table() const { return table_; }
+    /// The value under the key, nullptr if there is none; valid until a change.
+    const Variant* Find(const Variant& key) const;
+    /// All pairs in their order.
+    const std::vector<Entry>& Entries() const { return entries_; }
 
  private:
-    OrderedTable table_;
+    size_t PositionOf(const Variant& key) const;
+    void BuildIndex();
+
+    using Index = std::unordered_multimap<size_t, size_t>;
+
+    std::vector<Entry> entries_;
+    // From the hash of a key to its position. There is none while there are few entries.
+    std::unique_ptr<Index> index_;
 };
 
 /// Raises KeyNotFoundException with the key in its message.
-[[noreturn]] void RaiseKeyNotFound(const Variant& key);
+[[noreturn]] void RaiseKeyNotFound(const Variant& key, SourcePlace place = SourcePlace::Here());
 
 }  // namespace dunvey

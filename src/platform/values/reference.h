@@ -7,8 +7,22 @@
 
 namespace dunvey {
 
-/// Raises NilObjectException; apart from the template so that its users stay small.
-[[noreturn]] void RaiseNilObject();
+/// The base of the objects that a Variant can hold.
+class Object {
+ public:
+    Object() = default;
+    virtual ~Object() = default;
+    Object(const Object&) = delete;
+    Object& operator=(const Object&) = delete;
+
+ protected:
+    Object(Object&&) = default;
+    Object& operator=(Object&&) = default;
+};
+
+/// Raises NilObjectException; the place in it is the code from which this is called. Not declared
+/// noreturn: the compiler would move the call out of the function that the place is to show.
+[[gnu::noinline, gnu::returns_nonnull]] void* RaiseNilObject();
 
 /// A shared reference to an object. It may be nil; a use of nil raises NilObjectException. The
 /// object lives as long as a reference to it does.
@@ -21,15 +35,16 @@ class Ref {
     template <typename U, typename = std::enable_if_t<std::is_convertible_v<U*, T*>>>
     Ref(const Ref<U>& other) : pointer_(other.Shared()) {}
 
-    T* operator->() const { return &Use(); }
-    T& operator*() const { return Use(); }
+    // Inlined always, so that RaiseNilObject is called from the code that uses the reference.
+    [[gnu::always_inline]] T* operator->() const {
+        return pointer_ != nullptr ? pointer_.get() : static_cast<T*>(RaiseNilObject());
+    }
+    [[gnu::always_inline]] T& operator*() const { return *operator->(); }
     explicit operator bool() const { return pointer_ != nullptr; }
 
     /// The object's address, nullptr for nil.
     T* Get() const { return pointer_.get(); }
     const std::shared_ptr<T>& Shared() const { return pointer_; }
-    /// The same, and leaves nil.
-    std::shared_ptr<T> Release() && { return std::move(pointer_); }
 
     /// The same object as a U; nil if it is none.
     template <typename U>
@@ -42,11 +57,6 @@ class Ref {
     }
 
  private:
-    T& Use() const {
-        if (!pointer_) RaiseNilObject();
-        return *pointer_;
-    }
-
     std::shared_ptr<T> pointer_;
 };
 

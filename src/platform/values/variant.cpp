@@ -1,124 +1,132 @@
 #include "platform/values/variant.h"
 
 #include <algorithm>
+#include <cstdio>
+#include <ctime>
+#include <limits>
 
+#include "platform/text/text.h"
 #include "platform/values/exceptions.h"
 
 namespace dunvey {
-
-static_assert(sizeof(Variant) == 16);
-
 namespace {
 
-template <typename Word>
-uint64_t WordAt(const char* bytes) {
-    Word word = 0;
-    std::memcpy(&word, bytes, sizeof word);
-    return word;
+std::string DateText(Date date) {
+    const auto seconds = static_cast<time_t>(date.SecondsSince1970);
+    struct tm fields = {};
+    char text[64];
+    if (gmtime_r(&seconds, &fields) == nullptr) return Str(date.SecondsSince1970);
+    return {text, std::strftime(text, sizeof text, "%Y-%m-%d %H:%M:%S", &fields)};
 }
 
-/// The first eight bytes, the lowest first; zeros follow fewer.
-uint64_t FirstBytes(std::string_view text) {
-    const char* bytes = text.data();
-    const size_t size = text.size();
-    if (size >= 8) return WordAt<uint64_t>(bytes);
-    // Two pieces that may overlap.
-    if (size >= 4)
-        return WordAt<uint32_t>(bytes) | WordAt<uint32_t>(bytes + size - 4) << (size - 4) * 8;
-    if (size >= 2)
-        return WordAt<uint16_t>(bytes) | WordAt<uint16_t>(bytes + size - 2) << (size - 2) * 8;
-    return size == 1 ? WordAt<uint8_t>(bytes) : 0;
+std::string ColorText(Color color) {
+    char text[16];
+    std::snprintf(text, sizeof text, "&h%06X", static_cast<unsigned>(color.RedGreenBlue));
+    return text;
 }
 
 }  // namespace
 
-Variant::Variant(std::string_view bytes, TextEncoding encoding) {
-    if (bytes.size() > kShortTextRoom) {
-        PutLongText(bytes, encoding);
-        return;
-    }
-    const uint64_t second = bytes.size() > 8 ? FirstBytes(bytes.substr(8)) : 0;
-    Put(FirstBytes(bytes),
-        second | uint64_t{static_cast<uint8_t>(encoding)} << kEncodingShift |
-            uint64_t{bytes.size()} << kLengthShift,
-        Kind::ShortText);
-}
-
-Variant::Variant(int elementType, std::vector<Variant> elements) {
-    Put(new Array{elementType, std::move(elements)}, Kind::Array);
-}
-
-void Variant::PutLongText(std::string_view text, TextEncoding encoding) {
-    char* copy = new char[text.size()];
-    std::memcpy(copy, text.data(), text.size());
-    // Six bytes are room for a size beyond any machine's.
-    Put(reinterpret_cast<uintptr_t>(copy),
-        uint64_t{text.size()} | uint64_t{static_cast<uint8_t>(encoding)} << kEncodingShift,
-        Kind::LongText);
-}
-
-std::string_view Variant::LongTextBytes() const {
-    return {Get<const char*>(), halves_[1] & ((uint64_t{1} << kEncodingShift) - 1)};
-}
-
-void Variant::CopyFrom(const Variant& other) {
-    switch (other.WhichKind()) {
-        case Kind::LongText:
-            return PutLongText(other.LongTextBytes(), other.Encoding());
-        case Kind::Array:
-            return Put(new Array(*other.Get<Array*>()), Kind::Array);
-        case Kind::Object:
-            return Put(ObjectHold::TakeAgain(other.Get<Object*>()), Kind::Object);
-        default:
-            halves_[0] = other.halves_[0];
-            halves_[1] = other.halves_[1];
-    }
-}
-
-void Variant::ReleaseMemory() noexcept {
-    switch (WhichKind()) {
-        case Kind::LongText:
-            delete[] Get<char*>();
-            break;
-        case Kind::Object:
-            ObjectHold::Release(Get<Object*>());
-            break;
-        default:
-            delete Get<Array*>();
-    }
-    halves_[1] = 0;
+int Variant::VarType() const {
+    // In the order of the alternatives of `value_`.
+    constexpr int kTypes[] = {VariantType::Nil,       VariantType::Boolean, VariantType::Integer32,
+                              VariantType::Integer64, VariantType::Single,  VariantType::Double,
+                              VariantType::Date,      VariantType::Color,   VariantType::String,
+                              VariantType::Object};
+    return IsArray() ? VariantType::Array | ArrayElementType() : kTypes[value_.index()];
 }
 
 const Variant::Array& Variant::Elements() const {
-    if (WhichKind() != Kind::Array) RaiseMismatch("an array");
-    return *Get<const Array*>();
+    if (!IsArray()) RaiseMismatch("an array");
+    return std::get<Array>(value_);
 }
 
-bool Variant::Equals(const Variant& other) const {
-    const auto isNumber = [](Kind kind) { return kind >= Kind::Integer32 && kind <= Kind::Double; };
-    if (IsText()) return other.IsText() && TextBytes() == other.TextBytes();
-    if (IsInteger() && other.IsInteger()) return Int64Value() == other.Int64Value();
-    if (isNumber(WhichKind()) && isNumber(other.WhichKind())) {
-        // Both must agree: as doubles alone, neighbours beyond 2^53 would be equal.
-        return DoubleValue() == other.DoubleValue() &&
-               (IsInteger() == other.IsInteger() || Int64Value() == other.Int64Value());
+void Variant::RaiseMismatch(const char* wanted) const {
+    throw TypeMismatchException("A value of type " + Str(int64_t{VarType()}) +
+                                " can't be converted to " + wanted + ".");
+}
+
+bool Variant::BooleanValue() const {
+    if (const bool* value = std::get_if<bool>(&value_)) return *value;
+    if (IsText()) {
+        const std::string text = StringValue();
+        return Lowercase(text) == "true" || Val(text) != 0;
     }
-    if (WhichKind() != other.WhichKind()) return false;
-    switch (WhichKind()) {
-        case Kind::Boolean:
-            return Get<bool>() == other.Get<bool>();
-        case Kind::Date:
-            return Get<Date>() == other.Get<Date>();
-        case Kind::Color:
-            return Get<Color>() == other.Get<Color>();
-        case Kind::Object:
-            return Get<Object*>() == other.Get<Object*>();
-        case Kind::Array:
-            return ArrayElementType() == other.ArrayElementType() &&
-                   ArrayElements() == other.ArrayElements();
-        default:
-            return true;
-    }
+    return DoubleValue() != 0;
+}
+
+int32_t Variant::Int32Value() const {
+    using Limits = std::numeric_limits<int32_t>;
+    return static_cast<int32_t>(
+        std::clamp(Int64Value(), int64_t{Limits::min()}, int64_t{Limits::max()}));
+}
+
+int64_t Variant::Int64Value() const {
+    if (const auto* value = std::get_if<int32_t>(&value_)) return *value;
+    if (const auto* value = std::get_if<int64_t>(&value_)) return *value;
+    return Truncate(DoubleValue());
+}
+
+float Variant::SingleValue() const {
+    return static_cast<float>(DoubleValue());
+}
+
+double Variant::DoubleValue() const {
+    if (IsNull()) return 0;
+    if (const auto* value = std::get_if<double>(&value_)) return *value;
+    if (const auto* value = std::get_if<float>(&value_)) return double{*value};
+    if (const auto* value = std::get_if<bool>(&value_)) return *value ? 1 : 0;
+    if (IsInteger()) return static_cast<double>(Int64Value());
+    if (!IsText()) RaiseMismatch("a number");
+    return Val(StringValue());
+}
+
+std::string Variant::StringValue() const {
+    if (IsNull()) return {};
+    if (const auto* value = std::get_if<bool>(&value_)) return *value ? "True" : "False";
+    if (IsInteger()) return Str(Int64Value());
+    if (IsNumber()) return Str(DoubleValue());
+    if (const auto* value = std::get_if<Date>(&value_)) return DateText(*value);
+    if (const auto* value = std::get_if<Color>(&value_)) return ColorText(*value);
+    if (!IsText()) RaiseMismatch("a text");
+    return ConvertEncoding(EncodedValue(), Encodings::UTF8).Bytes;
+}
+
+EncodedText Variant::EncodedValue() const {
+    if (const auto* text = std::get_if<EncodedText>(&value_)) return *text;
+    return {StringValue(), Encodings::UTF8};
+}
+
+Ref<Object> Variant::ObjectValue() const {
+    if (IsNull()) return nullptr;
+    if (!IsObject()) RaiseMismatch("an object");
+    return std::get<Ref<Object>>(value_);
+}
+
+std::string_view Variant::TextBytes() const {
+    const auto* text = std::get_if<EncodedText>(&value_);
+    return text == nullptr ? std::string_view() : std::string_view(text->Bytes);
+}
+
+TextEncoding Variant::Encoding() const {
+    const auto* text = std::get_if<EncodedText>(&value_);
+    return text == nullptr ? TextEncoding::None : text->Encoding;
+}
+
+Object* Variant::ObjectAddress() const {
+    const auto* object = std::get_if<Ref<Object>>(&value_);
+    return object == nullptr ? nullptr : object->Get();
+}
+
+bool Variant::Array::operator==(const Array& other) const {
+    return type == other.type && elements == other.elements;
+}
+
+bool operator==(const Variant& left, const Variant& right) {
+    if (left.IsText() && right.IsText()) return left.TextBytes() == right.TextBytes();
+    if (left.IsInteger() && right.IsInteger()) return left.Int64Value() == right.Int64Value();
+    if (left.IsNumber() && right.IsNumber()) return left.DoubleValue() == right.DoubleValue();
+    return left.value_ == right.value_;
 }
 
 }  // namespace dunvey

@@ -1,103 +1,75 @@
 #pragma once
 
 #include <concepts>
+#include <cstddef>
 #include <cstdint>
-#include <cstring>
 #include <string>
 #include <string_view>
 #include <type_traits>
 #include <utility>
+#include <variant>
 #include <vector>
 
 #include "platform/text/encoding.h"
-#include "platform/values/object.h"
 #include "platform/values/reference.h"
 #include "platform/values/variant_types.h"
 
 namespace dunvey {
 
 /// A value of one of the types of VariantType. Texts and arrays are copied with it, objects shared.
-/// It takes 16 bytes; texts of up to 14 bytes need nothing beside it.
 class Variant {
  public:
     Variant() noexcept = default;
     Variant(std::nullptr_t) noexcept {}
-    Variant(std::same_as<bool> auto value) noexcept { Put(value, Kind::Boolean); }
-    /// A signed integer, or an unsigned one with room to spare, of up to 64 bits.
+    Variant(std::same_as<bool> auto value) noexcept : value_(value) {}
+    /// An integer of up to 64 bits, signed, or unsigned where it fits: 32-bit if the type allows.
     template <std::integral T>
     requires(!std::same_as<T, bool> && (std::signed_integral<T> || sizeof(T) < 8)) Variant(T value)
-    noexcept {
-        if constexpr (sizeof(T) + std::unsigned_integral<T> <= 4) {
-            Put(static_cast<int32_t>(value), Kind::Integer32);
-        } else {
-            Put(static_cast<int64_t>(value), Kind::Integer64);
-        }
-    }
-    Variant(float value) noexcept { Put(value, Kind::Single); }
-    Variant(double value) noexcept { Put(value, Kind::Double); }
-    Variant(Date value) noexcept { Put(value, Kind::Date); }
-    Variant(Color value) noexcept { Put(value, Kind::Color); }
-    /// A text in UTF-8.
-    Variant(const char* text) : Variant(std::string_view(text)) {}
-    Variant(const std::string& text) : Variant(std::string_view(text)) {}
-    Variant(std::string_view bytes, TextEncoding encoding = Encodings::UTF8);
-    Variant(const EncodedText& text) : Variant(text.Bytes, text.Encoding) {}
+    noexcept : value_(static_cast<Integer<sizeof(T) + std::unsigned_integral<T> <= 4>>(value)) {}
+    Variant(float value) noexcept : value_(value) {}
+    Variant(double value) noexcept : value_(value) {}
+    Variant(Date value) noexcept : value_(value) {}
+    Variant(Color value) noexcept : value_(value) {}
+    /// A text in UTF-8 unless said otherwise.
+    Variant(const char* text) : Variant(std::string(text)) {}
+    Variant(std::string bytes, TextEncoding encoding = Encodings::UTF8)
+        : Variant(EncodedText{std::move(bytes), encoding}) {}
+    Variant(EncodedText text) noexcept : value_(std::move(text)) {}
     /// An object; a nil reference gives Nil.
     template <std::derived_from<Object> T>
     Variant(const Ref<T>& object) {
-        if (object) Put(ObjectHold::Take(object.Shared()), Kind::Object);
-    }
-    template <std::derived_from<Object> T>
-    Variant(Ref<T>&& object) {
-        if (object) Put(ObjectHold::Take(std::move(object).Release()), Kind::Object);
+        if (object) value_ = Ref<Object>(object);
     }
     /// An array. Its element type is that of T, whatever the array holds.
     template <typename T>
-    Variant(const std::vector<T>& array)
-        : Variant(ElementType<T>(), std::vector<Variant>(array.begin(), array.end())) {}
-
-    Variant(const Variant& other) { CopyFrom(other); }
-    Variant(Variant&& other) noexcept { MoveFrom(other); }
-    Variant& operator=(const Variant& other) {
-        if (this != &other) *this = Variant(other);
-        return *this;
+    Variant(const std::vector<T>& array) : Variant(ElementType<T>(), array.size()) {
+        for (const T& element : array)
+            std::get<Array>(value_).elements.emplace_back(element);
     }
-    Variant& operator=(Variant&& other) noexcept {
-        if (this != &other) {
-            Release();
-            MoveFrom(other);
-        }
-        return *this;
-    }
-    ~Variant() { Release(); }
 
     /// The code of VariantType, with the bit of Array for an array.
-    int VarType() const {
-        return IsArray() ? VariantType::Array | ArrayElementType()
-                         : kTypes[static_cast<size_t>(WhichKind())];
-    }
-    bool IsNull() const { return WhichKind() == Kind::Nil; }
-    bool IsText() const { return WhichKind() == Kind::ShortText || WhichKind() == Kind::LongText; }
-    bool IsInteger() const {
-        return WhichKind() == Kind::Integer32 || WhichKind() == Kind::Integer64;
-    }
-    bool IsArray() const { return WhichKind() == Kind::Array; }
-    bool IsObject() const { return WhichKind() == Kind::Object; }
+    int VarType() const;
+    bool IsNull() const { return Holds<std::monostate>(); }
+    bool IsText() const { return Holds<EncodedText>(); }
+    bool IsInteger() const { return Holds<int32_t>() || Holds<int64_t>(); }
+    bool IsNumber() const { return IsInteger() || Holds<double>() || Holds<float>(); }
+    bool IsArray() const { return Holds<Array>(); }
+    bool IsObject() const { return Holds<Ref<Object>>(); }
     /// The type code of an array's elements, VariantType::Nil for elements of any type. Raises
-    /// TypeMismatchException for what is no array.
+    /// TypeMismatchException for a value that is no array.
     int ArrayElementType() const { return Elements().type; }
-    /// Raises TypeMismatchException for what is no array.
+    /// Raises TypeMismatchException for a value that is no array.
     const std::vector<Variant>& ArrayElements() const { return Elements().elements; }
 
-    // Conversions. Nil gives False, 0, the empty text and the nil reference. What has no sense as
-    // the type asked for (an array, an object, a date or a colour as a number) raises
-    // TypeMismatchException.
+    // Conversions. Nil gives False, 0, the empty text and the nil reference. Where there is no
+    // conversion (an array, an object, a date or a colour to a number) TypeMismatchException is
+    // raised.
 
     /// A number is True unless it is 0; a text if it says "true", in any letter case, or begins
     /// with a number other than 0.
     bool BooleanValue() const;
-    /// Fractions are cut off; what is out of range ends at the nearest limit, NaN gives 0. A
-    /// Boolean is 1 or 0, a text the number at its beginning, 0 if there is none.
+    /// Fractions are cut off; a value out of range gives the nearest limit, NaN 0. A Boolean is 1
+    /// or 0, a text the number at its beginning, 0 if there is none.
     int32_t Int32Value() const;
     int64_t Int64Value() const;
     /// As the integers, with fractions.
@@ -111,117 +83,48 @@ class Variant {
     /// The object; nil for Nil. Raises TypeMismatchException for other values.
     Ref<Object> ObjectValue() const;
 
-    /// The bytes and the encoding of a text, as they are; valid while the value stays. No bytes for
-    /// other values.
-    std::string_view TextBytes() const {
-        if (WhichKind() == Kind::ShortText) {
-            return {reinterpret_cast<const char*>(halves_), halves_[1] >> kLengthShift & 0xF};
-        }
-        return WhichKind() == Kind::LongText ? LongTextBytes() : std::string_view();
-    }
-    TextEncoding Encoding() const {
-        return IsText() ? static_cast<TextEncoding>(halves_[1] >> kEncodingShift & 0xF)
-                        : TextEncoding::None;
-    }
+    /// The bytes and the encoding of a text, unconverted; valid until the value changes. No bytes
+    /// for other values.
+    std::string_view TextBytes() const;
+    TextEncoding Encoding() const;
     /// The object's address, nullptr for other values.
-    Object* ObjectAddress() const { return IsObject() ? Get<Object*>() : nullptr; }
+    Object* ObjectAddress() const;
 
     /// Numbers are equal by value whatever their types, texts by their bytes, objects if they are
     /// the same one, arrays by type and elements. Values of different kinds are never equal.
-    friend bool operator==(const Variant& left, const Variant& right) {
-        if (left.WhichKind() == Kind::ShortText && right.WhichKind() == Kind::ShortText) {
-            // The bytes behind a short text are zero.
-            return ((left.halves_[0] ^ right.halves_[0]) |
-                    ((left.halves_[1] ^ right.halves_[1]) & ~kEncodingBits)) == 0;
-        }
-        return left.Equals(right);
-    }
-
-    /// The type code for the elements of a std::vector<T>.
-    template <typename T>
-    static int ElementType();
+    friend bool operator==(const Variant& left, const Variant& right);
 
  private:
-    // From LongText on there is memory behind the value.
-    enum class Kind : uint8_t {
-        Nil,
-        Boolean,
-        Integer32,
-        Integer64,
-        Single,
-        Double,
-        Date,
-        Color,
-        ShortText,
-        LongText,
-        Object,
-        Array
-    };
-    /// The type codes in the order of the kinds.
-    static constexpr int kTypes[] = {
-        VariantType::Nil,    VariantType::Boolean, VariantType::Integer32, VariantType::Integer64,
-        VariantType::Single, VariantType::Double,  VariantType::Date,      VariantType::Color,
-        VariantType::String, VariantType::String,  VariantType::Object};
+    template <bool isSmall>
+    using Integer = std::conditional_t<isSmall, int32_t, int64_t>;
     struct Array {
         int type;
         std::vector<Variant> elements;
+        bool operator==(const Array& other) const;
     };
-    static constexpr size_t kShortTextRoom = 14;
-    // Where things stand in the second half.
-    static constexpr int kEncodingShift = 48;
-    static constexpr int kLengthShift = 52;
-    static constexpr int kKindShift = 56;
-    static constexpr uint64_t kEncodingBits = uint64_t{0xF} << kEncodingShift;
 
-    Variant(int elementType, std::vector<Variant> elements);
-
-    Kind WhichKind() const { return static_cast<Kind>(halves_[1] >> kKindShift); }
-    void Put(uint64_t first, uint64_t second, Kind kind) {
-        halves_[0] = first;
-        halves_[1] = second | uint64_t{static_cast<uint8_t>(kind)} << kKindShift;
+    Variant(int elementType, size_t count) : value_(Array{elementType, {}}) {
+        std::get<Array>(value_).elements.reserve(count);
     }
+    /// The type code for the elements of a std::vector<T>.
     template <typename T>
-    void Put(T value, Kind kind) {
-        static_assert(std::is_trivially_copyable_v<T> && sizeof value <= sizeof(uint64_t));
-        uint64_t first = 0;
-        std::memcpy(&first, &value, sizeof value);
-        Put(first, 0, kind);
-    }
+    static int ElementType();
     template <typename T>
-    T Get() const {
-        T value;
-        std::memcpy(&value, halves_, sizeof value);
-        return value;
+    bool Holds() const {
+        return std::holds_alternative<T>(value_);
     }
-
-    void MoveFrom(Variant& other) noexcept {
-        halves_[0] = other.halves_[0];
-        halves_[1] = std::exchange(other.halves_[1], 0);
-    }
-    void CopyFrom(const Variant& other);
-    void Release() noexcept {
-        if (WhichKind() >= Kind::LongText) ReleaseMemory();
-    }
-    void ReleaseMemory() noexcept;
-    void PutLongText(std::string_view text, TextEncoding encoding);
-    std::string_view LongTextBytes() const;
     const Array& Elements() const;
-    bool Equals(const Variant& other) const;
     [[noreturn]] void RaiseMismatch(const char* wanted) const;
 
-    // The value, or the bytes of a short text, or the address of what is elsewhere. Above the last
-    // six bytes stand a text's encoding, the length of a short one and the kind; below them the
-    // size of a long text. Written and moved half by half: a processor waits when it reads as a
-    // whole what was just written in parts. Both systems have the low byte first.
-    uint64_t halves_[2] = {};
+    std::variant<std::monostate, bool, int32_t, int64_t, float, double, Date, Color, EncodedText,
+                 Ref<Object>, Array>
+        value_;
 };
 
 template <typename T>
 int Variant::ElementType() {
     if constexpr (std::same_as<T, Variant>) {
         return VariantType::Nil;
-    } else if constexpr (std::same_as<T, std::string> || std::same_as<T, EncodedText>) {
-        return VariantType::String;
     } else if constexpr (std::is_convertible_v<T, Ref<Object>>) {
         return VariantType::Object;
     } else {

@@ -4,9 +4,9 @@
 #include <QCheckBox>
 #include <QPushButton>
 
+#include "platform/pictures/contrast.h"
 #include "platform/qt/qt_style.h"
 #include "platform/qt/qt_text.h"
-#include "platform/text/shown_text.h"
 
 namespace dunvey::test {
 namespace {

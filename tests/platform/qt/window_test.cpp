@@ -15,10 +15,10 @@
 #include "filled_chooser.h"
 #include "menus/localized.h"
 #include "platform/loop/application.h"
+#include "platform/pictures/contrast.h"
 #include "platform/qt/qt_graphics.h"
 #include "platform/qt/qt_text.h"
 #include "platform/qt/qt_window.h"
-#include "platform/text/shown_text.h"
 #include "steps.h"
 #include "support/hostile_names.h"
 

@@ -2,11 +2,11 @@
 
 #include <gtest/gtest.h>
 
-#include <clocale>
+#include <algorithm>
 
-#include "platform/values/array.h"
-#include "platform/values/exceptions.h"
-#include "platform/values/reference.h"
+#include "platform/text/encoding.h"
+#include "platform/text/shown_text.h"
+#include "support/hostile_names.h"
 
 namespace dunvey {
 namespace {
@@ -20,6 +20,8 @@ TEST(Text, PositionsCountCharactersFromOne) {
     EXPECT_EQ(InStr(0, "abc", "B"), 0) << "comparison is exact";
     EXPECT_EQ(InStr(0, "abc", ""), 0);
     EXPECT_EQ(InStr(9, "abc", "c"), 0);
+    EXPECT_EQ(InStr(INT64_MIN, "abc", "c"), 3);
+    EXPECT_EQ(InStr(INT64_MAX, "abc", "c"), 0);
 }
 
 TEST(Text, CutsByCharactersAndByBytes) {
@@ -46,57 +48,8 @@ TEST(Text, SplitsIntoPieces) {
     EXPECT_EQ(NthField("8", ".", 0), "");
     EXPECT_EQ(Replace("CS 3 CS 3 1", "CS 3 ", ""), "CS 3 1") << "the first occurrence only";
     EXPECT_EQ(Replace("a", "", "b"), "a");
-}
-
-TEST(Text, NumbersAreReadFromTheBeginning) {
-    const std::pair<const char*, double> kNumbers[] = {{"8.1.0", 8.1},
-                                                       {"7.5", 7.5},
-                                                       {"  12abc", 12},
-                                                       {"-3", -3},
-                                                       {"+4.5x", 4.5},
-                                                       {".5", .5},
-                                                       {"1e3", 1000},
-                                                       {"1e", 1},
-                                                       {"2e+", 2},
-                                                       {"", 0},
-                                                       {"x", 0},
-                                                       {"-", 0},
-                                                       {"nan", 0},
-                                                       {"inf", 0},
-                                                       {"0x10", 0},
-                                                       {"&h0d", 13},
-                                                       {"&hFF.", 255},
-                                                       {"&hzz", 0},
-                                                       {"2.0.?", 2},
-                                                       {"1,5", 1},
-                                                       {"&h1G", 1},
-                                                       {".", 0},
-                                                       {"1.e2", 100},
-                                                       {"\t9", 9},
-                                                       {"9999999999999999999999", 1e22}};
-    for (const auto& [text, number] : kNumbers)
-        EXPECT_EQ(Val(text), number) << text;
-}
-
-TEST(Text, NumbersHaveAPointInEveryLocale) {
-    const char* before = std::setlocale(LC_ALL, nullptr);
-    const std::string saved = before;
-    // Where no such locale is installed the test still holds, it only proves less.
-    std::setlocale(LC_ALL, "de_DE.UTF-8");
-    EXPECT_EQ(Val("7.5"), 7.5);
-    std::setlocale(LC_ALL, saved.c_str());
-}
-
-TEST(Text, NumbersAreWritten) {
-    EXPECT_EQ(Format(9, "00"), "09");
-    EXPECT_EQ(Format(15, "00"), "15");
-    EXPECT_EQ(Format(115, "00"), "115");
-    EXPECT_EQ(Format(-3, "00"), "-03");
-    EXPECT_EQ(Truncate(1e300), INT64_MAX);
-    EXPECT_EQ(Truncate(-1e300), INT64_MIN);
-    EXPECT_EQ(Truncate(-7.9), -7);
-    EXPECT_EQ(EncodeHex("\x06\xED", false), "06ED");
-    EXPECT_EQ(EncodeHex("\x06\xED", true), "06 ED");
+    EXPECT_EQ(ReplaceAll("aXXbX", "X", "XX"), "aXXXXbXX");
+    EXPECT_EQ(ReplaceAll("a", "", "b"), "a");
 }
 
 TEST(Text, CodePointsBecomeUtf8) {
@@ -109,26 +62,79 @@ TEST(Text, CodePointsBecomeUtf8) {
     EXPECT_EQ(Chr(0), std::string(1, '\0'));
 }
 
-TEST(Array, IndexOfStartsWhereItIsTold) {
-    const std::vector<std::string> names = {"a", "b", "a"};
-    EXPECT_EQ(IndexOf(names, "a"), 0);
-    EXPECT_EQ(IndexOf(names, "a", 1), 2);
-    EXPECT_EQ(IndexOf(names, "A"), -1);
-    EXPECT_EQ(IndexOf(names, "a", 3), -1);
-    EXPECT_EQ(UpperBound(std::vector<int>()), -1);
-    EXPECT_THROW(At(names, 3), OutOfBoundsException);
-    EXPECT_THROW(At(names, -1), OutOfBoundsException);
+TEST(Text, HexadecimalDigitsBecomeBytes) {
+    std::string all;
+    for (int byte = 0; byte < 256; ++byte)
+        all += static_cast<char>(byte);
+    EXPECT_EQ(EncodeHex("\x06\xED"), "06ED");
+    EXPECT_EQ(EncodeHex("\x06\xED", true), "06 ED");
+    EXPECT_EQ(DecodeHex(EncodeHex(all)), all);
+    EXPECT_EQ(DecodeHex(EncodeHex(all, true)), all);
+    EXPECT_EQ(DecodeHex("4a4B5"), "JK");
+    EXPECT_EQ(DecodeHex("4x-A4B"), "JK") << "other characters are skipped";
 }
 
-TEST(Reference, AUseOfNilRaises) {
-    Ref<std::string> text;
-    EXPECT_FALSE(text);
-    EXPECT_THROW(text->size(), NilObjectException);
-    EXPECT_THROW(*text, NilObjectException);
-    text = New<std::string>("held");
-    const Ref<std::string> other = text;
-    text = nullptr;
-    EXPECT_EQ(*other, "held");
+TEST(Text, TrimKeepsWhatIsInside) {
+    EXPECT_EQ(Trim(" \t\r\n\v\fa b\n"), "a b");
+    EXPECT_EQ(Trim("a"), "a");
+    EXPECT_EQ(Trim(" \n"), "");
+    EXPECT_EQ(Trim(""), "");
+}
+
+std::string Bytes(const char* bytes, size_t size) {
+    return {bytes, size};
+}
+
+TEST(Encoding, ConvertsCharacterByCharacter) {
+    const auto utf8 = Encodings::UTF8;
+    const auto utf16 = Encodings::UTF16;
+    const auto ascii = Encodings::ASCII;
+    const std::string unreadable = "\xEF\xBF\xBD";
+    const std::pair<EncodedText, EncodedText> cases[] = {
+        {{"a\xE9", ascii}, {"a" + unreadable, utf8}},
+        {{Bytes("\xE5\x65\x3D\xD8\x00\xDE", 6), utf16}, {"日😀", utf8}},
+        {{Bytes("\xFE\xFF\x65\xE5", 4), utf16}, {"日", utf8}},
+        {{Bytes("\xFF\xFE\xE5\x65", 4), utf16}, {"日", utf8}},
+        {{Bytes("\x3D\xD8\x41\x00\x00\xDE\x42", 7), utf16},
+         {unreadable + "A" + unreadable + unreadable, utf8}},
+        {{Bytes("\x3D\xD8", 2), utf16}, {unreadable, utf8}},
+        {{"é日😀", utf8}, {Bytes("\xE9\x00\xE5\x65\x3D\xD8\x00\xDE", 8), utf16}},
+        {{"aé日", utf8}, {"a??", ascii}},
+        // Not the shortest form, a surrogate, beyond the last: no characters.
+        {{"\xE0\x80\xAF|\xED\xA0\x80|\xF4\x90\x80\x80", utf8}, {"?|?|?", ascii}},
+        {{"\xFF", utf8}, {"\xFF", utf8}},
+        {{"\xFF", TextEncoding::None}, {"\xFF", utf8}},
+    };
+    for (const auto& [from, to] : cases)
+        EXPECT_EQ(ConvertEncoding(from, to.Encoding), to) << to.Bytes;
+}
+
+TEST(ShownText, OneLineReplacesWhatDisturbsALine) {
+    for (const std::string& name : test::HostileNames()) {
+        const std::string line = OneLine(name);
+        EXPECT_TRUE(std::none_of(line.begin(), line.end(), [](char byte) {
+            return (byte >= 0 && byte < 0x20) || byte == 0x7F;
+        })) << name;
+        EXPECT_EQ(line.find("\xE2\x80\xAE"), std::string::npos);
+    }
+    struct Case {
+        const char* text;
+        const char* line;
+    };
+    for (const Case& each :
+         std::vector<Case>{{"a\nb\tc", "a\u240Ab\u2409c"},
+                           {"\x7F", "\u2421"},
+                           {"\u202Egnp.exe", "\uFFFDgnp.exe"},
+                           {"\u2066x\u2069", "\uFFFDx\uFFFD"},
+                           {"\u200Fa\u061C (1)\u200B\uFEFF", "\uFFFDa\uFFFD (1)\uFFFD\uFFFD"},
+                           {"a\u2028b\u2029", "a\uFFFDb\uFFFD"},
+                           {"\u2027\u202F\u2065", "\u2027\u202F\u2065"},
+                           {"\xC2\x85\xC2\x9F\xC2\xA0", "\uFFFD\uFFFD\u00A0"},
+                           {"\xE2\x80", "\xE2\x80"},
+                           {"\xC2", "\xC2"},
+                           {"日本語 שלום", "日本語 שלום"}}) {
+        EXPECT_EQ(OneLine(each.text), each.line) << each.text;
+    }
 }
 
 }  // namespace

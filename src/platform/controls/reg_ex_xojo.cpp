@@ -1,7 +1,7 @@
-#include "platform/text/reg_ex_xojo.h"
+#include "platform/controls/reg_ex_xojo.h"
 
+#include "platform/bundles/system.h"
 #include "platform/controls/message_dialog.h"
-#include "platform/processes/system.h"
 #include "platform/text/text.h"
 #include "platform/values/exceptions.h"
 

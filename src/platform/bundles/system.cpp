@@ -1,7 +1,6 @@
-#include "platform/processes/system.h"
+#include "platform/bundles/system.h"
 
-#include "platform/text/translation_table.h"
-#include "platform/text/user_language.h"
+#include "platform/bundles/translation_table.h"
 
 namespace dunvey::System {
 

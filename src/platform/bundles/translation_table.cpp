@@ -1,5 +1,6 @@
-#include "platform/text/translation_table.h"
+#include "platform/bundles/translation_table.h"
 
+#include <algorithm>
 #include <map>
 #include <optional>
 
@@ -12,10 +13,9 @@ namespace dunvey {
 namespace {
 
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
-/// A table has a few kilobytes; what is larger is none.
+/// A table has a few kilobytes; more than this isn't read.
 constexpr int64_t kSizeLimit = 1 << 20;
 
-/// Reads rows from a text, one token after the other.
 class Reader {
  public:
     explicit Reader(std::string_view text) : text_(text) {}
@@ -46,7 +46,7 @@ class Reader {
         return true;
     }
 
-    /// White space and comments; a comment without an end goes on to the text's end.
+    /// Skips white space and comments; a comment without an end reaches to the text's end.
     void SkipBlanks() {
         for (;;) {
             position_ = std::min(text_.find_first_not_of(" \t\r\n", position_), text_.size());
@@ -72,7 +72,7 @@ class Reader {
         SkipPast("\n");
     }
 
-    /// A text in quotes on one line; none if it isn't there or has no end.
+    /// A text in quotes on one line; nothing if there is none or its end is missing.
     std::optional<std::string> ReadQuoted() {
         if (!Take('"')) return std::nullopt;
         std::string quoted;
@@ -112,9 +112,10 @@ class Reader {
     bool ReadCodePoint(std::string& quoted) {
         constexpr size_t kDigits = 4;
         const std::string_view digits = text_.substr(position_, kDigits);
-        const bool whole = digits.size() == kDigits &&
-                           digits.find_first_not_of("0123456789abcdefABCDEF") == digits.npos;
-        if (!whole) return false;
+        const bool isComplete =
+            digits.size() == kDigits &&
+            std::all_of(digits.begin(), digits.end(), [](char c) { return HexDigit(c) >= 0; });
+        if (!isComplete) return false;
         quoted += Chr(static_cast<uint32_t>(Val("&h" + std::string(digits))));
         position_ += kDigits;
         return true;
@@ -146,10 +147,10 @@ const TranslationTable& TranslationsInto(const std::string& language) {
     static std::map<std::string, TranslationTable> tables;
     const auto known = tables.find(language);
     if (known != tables.end()) return known->second;
-    // A language comes from the environment; it names a folder, never a way to another one.
-    const bool sound = !language.empty() && language.find('/') == language.npos;
-    std::optional<TranslationTable> table = sound ? LoadTable(language) : std::nullopt;
-    if (sound && !table) table = LoadTable(NthField(language, "_", 1));
+    // The language comes from the environment: it must not lead to another folder.
+    const bool isName = !language.empty() && language.find('/') == language.npos;
+    std::optional<TranslationTable> table = isName ? LoadTable(language) : std::nullopt;
+    if (isName && !table) table = LoadTable(NthField(language, "_", 1));
     return tables[language] = std::move(table).value_or(TranslationTable());
 }
 

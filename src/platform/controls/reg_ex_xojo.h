@@ -8,11 +8,12 @@
 #include "platform/values/reference.h"
 
 /// Regular expressions in one call. A pattern that can't be compiled is shown to the user here, so
-/// that no caller has to deal with one. `start` counts characters; groups stand as "\1" and "\2".
+/// that no caller has to handle the exception. `start` counts characters; a replacement names
+/// groups as "\1" and "\2".
 namespace dunvey::RegExXojo {
 
-/// The object of the last call; each call that gets past its first checks makes a fresh one, so
-/// nothing carries over.
+/// The object of the last call. Each call that gets past its first checks makes a new one, so no
+/// option carries over.
 extern Ref<RegEx> reg;
 
 /// The message for a pattern that is one metacharacter alone, in the given language.
@@ -23,7 +24,7 @@ std::string kAlert_Metacharacters(const std::string& language);
 bool Mach(std::string_view source, const std::string& pattern, int64_t start, bool caseSensitive);
 
 /// The source with the first match at or after `start` replaced; unchanged without a match, for an
-/// empty source or pattern, and for the patterns "^", "$" and "\b", which the user is told of.
+/// empty source or pattern, and for the patterns "^", "$" and "\b", for which an alert is shown.
 /// Empty after a pattern error has been shown.
 std::string Replace(std::string_view source, const std::string& pattern,
                     const std::string& replacement, int64_t start, bool caseSensitive);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 namespace dunvey {
 
@@ -9,4 +10,12 @@ namespace dunvey {
 /// preference, unless the locale is C or POSIX; the first one that there are texts in counts.
 std::string UserLanguage();
 
+namespace System {
+
+/// The text of a localised constant: its translation into `language` (empty: the user's), else
+/// `text`, the default.
+std::string _GetLocalizedString(std::string_view key, std::string_view text,
+                                const std::string& language);
+
+}  // namespace System
 }  // namespace dunvey

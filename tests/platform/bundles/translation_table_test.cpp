@@ -1,4 +1,4 @@
-#include "platform/text/translation_table.h"
+#include "platform/bundles/translation_table.h"
 
 #include <gtest/gtest.h>
 

@@ -1,0 +1,243 @@
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+#include "persistence/json_exception.h"
+#include "persistence/json_item.h"
+#include "platform/text/text.h"
+#include "platform/values/collection.h"
+
+namespace dunvey {
+namespace {
+
+constexpr int kDeepest = 1000;
+
+struct CodeRange {
+    uint32_t first;
+    uint32_t last;
+};
+
+/// The characters that are written as "\u" escapes.
+constexpr std::array<CodeRange, 11> kEscaped = {{{0x0000, 0x001F},
+                                                 {0x007F, 0x007F},
+                                                 {0x00AD, 0x00AD},
+                                                 {0x0600, 0x0604},
+                                                 {0x070F, 0x070F},
+                                                 {0x17B4, 0x17B5},
+                                                 {0x200C, 0x200F},
+                                                 {0x2028, 0x202F},
+                                                 {0x2060, 0x206F},
+                                                 {0xFEFF, 0xFEFF},
+                                                 {0xFFF0, 0xFFFF}}};
+
+struct Replacement {
+    char character;
+    std::string_view escape;
+};
+
+/// In this order: the backslash comes first, since the others add backslashes.
+constexpr std::array<Replacement, 7> kNamed = {{{'\\', "\\\\"},
+                                                {'"', "\\\""},
+                                                {'\b', "\\b"},
+                                                {'\f', "\\f"},
+                                                {'\n', "\\n"},
+                                                {'\r', "\\r"},
+                                                {'\t', "\\t"}}};
+
+// The steps of _escape as bits: those of kNamed, then those of kEscaped, then the slash.
+constexpr uint32_t kSlash = 1u << (kNamed.size() + kEscaped.size());
+constexpr uint32_t NamedStep(size_t number) {
+    return 1u << number;
+}
+constexpr uint32_t RangeStep(size_t number) {
+    return 1u << (kNamed.size() + number);
+}
+
+/// The first byte of a character in UTF-8.
+constexpr uint32_t LeadByte(uint32_t code) {
+    if (code < 0x80) return code;
+    return code < 0x800 ? 0xC0 | code >> 6 : 0xE0 | code >> 12;
+}
+
+/// For each byte the steps that characters beginning with it may need.
+constexpr std::array<uint32_t, 256> MakeSteps() {
+    std::array<uint32_t, 256> steps = {};
+    for (size_t i = 0; i < kEscaped.size(); ++i) {
+        for (uint32_t code = kEscaped[i].first; code <= kEscaped[i].last; ++code)
+            steps[LeadByte(code)] |= RangeStep(i);
+    }
+    for (size_t i = 0; i < kNamed.size(); ++i)
+        steps[static_cast<unsigned char>(kNamed[i].character)] = NamedStep(i);
+    steps['/'] = kSlash;
+    return steps;
+}
+
+/// The steps that the text may need; most texts need none.
+uint32_t StepsOf(std::string_view text) {
+    static constexpr std::array<uint32_t, 256> kSteps = MakeSteps();
+    uint32_t steps = 0;
+    for (const char c : text)
+        steps |= kSteps[static_cast<unsigned char>(c)];
+    return steps;
+}
+
+bool IsUTF8(const Variant& text) {
+    return text.Encoding() == TextEncoding::None || text.Encoding() == Encodings::UTF8;
+}
+
+[[noreturn]] void RaiseUnrecognized(const std::string& text) {
+    throw JSONException("Unrecognized Object", 11, text);
+}
+
+}  // namespace
+
+std::string JSONItem::Serialize(const JSONItem* item) const {
+    if (item == nullptr) return {};
+    JSONStringBuffer buffer(uint64_t{1024});
+    serialise(*item, 0, buffer, 0);
+    return buffer;
+}
+
+void JSONItem::serialise(const Variant& value, int64_t level, JSONStringBuffer& buffer,
+                         int depth) const {
+    switch (value.VarType()) {
+        case VariantType::Nil:
+            return buffer.Append("null");
+        case VariantType::Boolean:
+            return buffer.Append(value.BooleanValue() ? "true" : "false");
+        case VariantType::Integer32:
+        case VariantType::Integer64:
+            return buffer.Append(Str(value.Int64Value()));
+        case VariantType::Single:
+        case VariantType::Double: {
+            // JSON has no form for NaN and infinities.
+            const double number = value.DoubleValue();
+            return buffer.Append(std::isfinite(number) ? Str(number, DecimalFormat) : "null");
+        }
+        case VariantType::String:
+            buffer.Append("\"");
+            _escape(IsUTF8(value) ? value.TextBytes() : value.StringValue(), buffer);
+            return buffer.Append("\"");
+        case VariantType::Object:
+            return serialise(*value.ObjectAddress(), level, buffer, depth);
+        default:
+            RaiseUnrecognized(value.IsArray() ? std::string() : value.StringValue());
+    }
+}
+
+/// Writes a container, from bracket to bracket.
+class JSONItem::Entries {
+ public:
+    Entries(const JSONItem& options, bool isArray, int64_t level, JSONStringBuffer& buffer,
+            int depth)
+        : options_(options), isArray_(isArray), level_(level), buffer_(buffer), depth_(depth) {
+        // A document that contains itself is recognised by its depth.
+        if (depth == kDeepest)
+            throw JSONException("Circular Reference Detected", 14, std::string());
+        buffer.Append(isArray ? "[" : "{");
+    }
+
+    void Add(std::string_view key, const Variant& value) {
+        if (!isEmpty_) buffer_.Append(",");
+        isEmpty_ = false;
+        const int64_t level = level_ + options_.IndentSpacing;
+        StartLine(level);
+        if (!isArray_) AddKey(key);
+        options_.serialise(value, level, buffer_, depth_ + 1);
+    }
+
+    void End() {
+        if (!isEmpty_) StartLine(level_);
+        buffer_.Append(isArray_ ? "]" : "}");
+    }
+
+ private:
+    void StartLine(int64_t level) {
+        if (options_.Compact) return;
+        buffer_.Append(EndOfLine::Platform);
+        indentBuffer(level, buffer_);
+    }
+    void AddKey(std::string_view key) {
+        if (!options_._RenderAsJavascript) buffer_.Append("\"");
+        options_._escape(key, buffer_);
+        buffer_.Append(options_._RenderAsJavascript ? ":" : "\":");
+    }
+
+    const JSONItem& options_;
+    bool isArray_;
+    int64_t level_;
+    JSONStringBuffer& buffer_;
+    int depth_;
+    bool isEmpty_ = true;
+};
+
+void JSONItem::serialise(const Object& object, int64_t level, JSONStringBuffer& buffer,
+                         int depth) const {
+    const auto* item = dynamic_cast<const JSONItem*>(&object);
+    const auto* collection = item != nullptr ? nullptr : dynamic_cast<const Collection*>(&object);
+    const auto* dictionary =
+        item != nullptr ? &item->_data : dynamic_cast<const Dictionary*>(&object);
+    if (collection == nullptr && dictionary == nullptr) RaiseUnrecognized({});
+    const bool isArray = item != nullptr ? item->_mIsArray : collection != nullptr;
+    Entries entries(*this, isArray, level, buffer, depth);
+    if (collection != nullptr) {
+        for (const Variant& value : collection->Items())
+            entries.Add({}, value);
+    } else if (isArray) {
+        item->serialiseElements(entries);
+    } else {
+        for (const Dictionary::Entry& entry : dictionary->Entries())
+            entries.Add(entry.Key.IsText() ? entry.Key.TextBytes() : entry.Key.StringValue(),
+                        entry.Value);
+    }
+    entries.End();
+}
+
+/// The values by index, whatever the order in which they were added.
+void JSONItem::serialiseElements(Entries& entries) const {
+    std::vector<const Dictionary::Entry*> ordered;
+    for (const Dictionary::Entry& entry : _data.Entries())
+        ordered.push_back(&entry);
+    const auto isBefore = [](const Dictionary::Entry* left, const Dictionary::Entry* right) {
+        if (!left->Key.IsInteger()) return false;
+        return !right->Key.IsInteger() || left->Key.Int64Value() < right->Key.Int64Value();
+    };
+    if (!std::is_sorted(ordered.begin(), ordered.end(), isBefore))
+        std::stable_sort(ordered.begin(), ordered.end(), isBefore);
+    for (const Dictionary::Entry* entry : ordered)
+        entries.Add({}, entry->Value);
+}
+
+void JSONItem::_escape(std::string_view text, JSONStringBuffer& buffer) const {
+    const uint32_t steps = StepsOf(text) & ~(EscapeSlashes ? 0 : kSlash);
+    if (steps == 0) return buffer.Append(text);
+    std::string escaped(text);
+    for (size_t i = 0; i < kNamed.size(); ++i) {
+        if ((steps & NamedStep(i)) != 0)
+            escaped = ReplaceAll(std::move(escaped), {&kNamed[i].character, 1}, kNamed[i].escape);
+    }
+    for (size_t i = 0; i < kEscaped.size(); ++i) {
+        if ((steps & RangeStep(i)) != 0)
+            escaped = _escapeRange(std::move(escaped), kEscaped[i].first, kEscaped[i].last);
+    }
+    if ((steps & kSlash) != 0) escaped = ReplaceAll(std::move(escaped), "/", "\\/");
+    buffer.Append(escaped);
+}
+
+std::string JSONItem::_escapeRange(std::string text, int64_t first, int64_t last) {
+    if (last == -1) last = first;
+    for (int64_t code = first; code <= last; ++code) {
+        const std::string bytes = {static_cast<char>(code >> 8), static_cast<char>(code)};
+        text =
+            ReplaceAll(std::move(text), Chr(static_cast<uint32_t>(code)), "\\u" + EncodeHex(bytes));
+    }
+    return text;
+}
+
+void JSONItem::indentBuffer(int64_t count, JSONStringBuffer& buffer) {
+    constexpr std::string_view kBlanks = "          ";
+    for (; count > 0; count -= LenB(kBlanks))
+        buffer.Append(kBlanks.substr(0, static_cast<size_t>(count)));
+}
+
+}  // namespace dunvey

@@ -1,0 +1,58 @@
+#include "platform/pictures/contrast.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace dunvey {
+namespace {
+
+constexpr Color kBlack{0x000000};
+constexpr Color kWhite{0xFFFFFF};
+
+uint32_t Part(Color color, int shift) {
+    return (color.RedGreenBlue >> shift) & 0xFF;
+}
+
+double Luminance(Color color) {
+    const auto linear = [color](int shift) {
+        const double part = Part(color, shift) / 255.0;
+        return part <= 0.03928 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * linear(16) + 0.7152 * linear(8) + 0.0722 * linear(0);
+}
+
+Color Mixed(Color color, Color goal, uint32_t step, uint32_t steps) {
+    Color mixed;
+    for (const int shift : {16, 8, 0}) {
+        const uint32_t part = Part(color, shift) * (steps - step) + Part(goal, shift) * step;
+        mixed.RedGreenBlue |= (part / steps) << shift;
+    }
+    return mixed;
+}
+
+}  // namespace
+
+double Contrast(Color color1, Color color2) {
+    const auto [dark, light] = std::minmax({Luminance(color1), Luminance(color2)});
+    return (light + 0.05) / (dark + 0.05);
+}
+
+Color Readable(Color color, Color background, double leastContrast) {
+    const bool lighten = Contrast(kWhite, background) > Contrast(kBlack, background);
+    constexpr uint32_t kSteps = 32;
+    uint32_t step = 0;
+    Color mixed = color;
+    while (step < kSteps && Contrast(mixed, background) < leastContrast)
+        mixed = Mixed(color, lighten ? kWhite : kBlack, ++step, kSteps);
+    return mixed;
+}
+
+double LeastContrast(Color themeBackground, Color themeText) {
+    // Ordinary themes with black text on light grey stay below this.
+    constexpr double kHighContrast = 20;
+    const bool isOrdinaryLight = Luminance(themeBackground) > Luminance(themeText) &&
+                                 Contrast(themeBackground, themeText) < kHighContrast;
+    return isOrdinaryLight ? 2.5 : 4.5;
+}
+
+}  // namespace dunvey

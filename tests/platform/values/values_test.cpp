@@ -1,0 +1,183 @@
+#include <gtest/gtest.h>
+
+#include <random>
+#include <string>
+#include <vector>
+
+#include "platform/values/array.h"
+#include "platform/values/collection.h"
+#include "platform/values/dictionary.h"
+#include "platform/values/memory_block.h"
+
+namespace dunvey {
+namespace {
+
+TEST(Array, IndexOfStartsAtTheGivenPosition) {
+    const std::vector<std::string> names = {"a", "b", "a"};
+    EXPECT_EQ(IndexOf(names, "a"), 0);
+    EXPECT_EQ(IndexOf(names, "a", 1), 2);
+    EXPECT_EQ(IndexOf(names, "A"), -1);
+    EXPECT_EQ(IndexOf(names, "a", 3), -1);
+    EXPECT_EQ(IndexOf(names, "b", -5), 1);
+    EXPECT_EQ(UpperBound(std::vector<int>()), -1);
+    EXPECT_EQ(At(names, 2), "a");
+    EXPECT_THROW(At(names, 3), OutOfBoundsException);
+    EXPECT_THROW(At(names, -1), OutOfBoundsException);
+}
+
+TEST(Reference, RaisesWhenNilIsUsed) {
+    Ref<std::string> text;
+    EXPECT_FALSE(text);
+    EXPECT_THROW(text->size(), NilObjectException);
+    EXPECT_THROW(*text, NilObjectException);
+    text = New<std::string>("held");
+    const Ref<std::string> other = text;
+    text = nullptr;
+    EXPECT_EQ(*other, "held");
+}
+
+template <typename Call>
+std::string OriginOf(Call&& call) {
+    try {
+        call();
+    } catch (const RuntimeException& exception) {
+        return exception.Origin();
+    }
+    return "nothing was raised";
+}
+
+std::string Line(int line) {
+    return "values_test.cpp:" + std::to_string(line);
+}
+
+TEST(Exceptions, OriginIsTheCodeThatUsedTheIndexOrTheKey) {
+    const std::vector<int> array;
+    Dictionary dictionary;
+    Collection collection;
+    MemoryBlock block(uint64_t{1});
+    // Each call is on the line that its origin names.
+    const std::pair<std::string, int> origins[] = {
+        {OriginOf([&] { At(array, 0); }), __LINE__},
+        {OriginOf([&] { dictionary.Value("key"); }), __LINE__},
+        {OriginOf([&] { dictionary.Remove("key"); }), __LINE__},
+        {OriginOf([&] { dictionary.Key(0); }), __LINE__},
+        {OriginOf([&] { collection.Item(0); }), __LINE__},
+        {OriginOf([&] { collection.Item(1); }), __LINE__},
+        {OriginOf([&] { block.StringValue(1, 1); }), __LINE__},
+        {OriginOf([&] { block.SetStringValue(2, 0, ""); }), __LINE__},
+        {OriginOf([&] { block.SetSize(UINT64_MAX); }), __LINE__}};
+    for (const auto& [origin, line] : origins)
+        EXPECT_TRUE(origin.ends_with(Line(line))) << origin << ", not line " << line;
+}
+
+// Exported, so that its name is known at run time.
+[[gnu::noinline, gnu::visibility("default")]] size_t UsesNil(const Ref<std::string>& text) {
+    return text->size() + 1;
+}
+
+}  // namespace
+
+TEST(Exceptions, OriginOfNilIsAnAddressInTheCodeThatUsedIt) {
+    const std::string origin = OriginOf([] { UsesNil(nullptr); });
+    EXPECT_TRUE(origin.starts_with("platform_tests+0x")) << origin;
+    // The same code gives the same address, other code another one.
+    EXPECT_EQ(origin, OriginOf([] { UsesNil(nullptr); }));
+    EXPECT_NE(origin, OriginOf([] { *Ref<int>(); }));
+}
+
+namespace {
+
+TEST(Dictionary, TakesKeysOfAllTypes) {
+    Dictionary dictionary;
+    const Ref<Dictionary> object = New<Dictionary>();
+    const std::vector<Variant> keys = {
+        Variant(),          true, false, 1, "1", "a", "A", 2.5, "2.5", object, Date{1}, Color{1},
+        int64_t{5000000000}};
+    for (size_t i = 0; i < keys.size(); ++i)
+        dictionary.SetValue(keys[i], int(i));
+    EXPECT_EQ(dictionary.Count(), 13);
+    for (size_t i = 0; i < keys.size(); ++i)
+        EXPECT_EQ(dictionary.Value(keys[i]).Int32Value(), int(i));
+    EXPECT_EQ(dictionary.Value(1.0).Int32Value(), 3) << "numbers are compared by value";
+    EXPECT_FALSE(dictionary.HasKey(New<Dictionary>()));
+}
+
+TEST(Dictionary, NamesAMissingKey) {
+    Dictionary dictionary;
+    EXPECT_EQ(dictionary.Lookup("key", "else").StringValue(), "else");
+    EXPECT_THROW(dictionary.Remove("key"), KeyNotFoundException);
+    EXPECT_THROW(dictionary.Value(New<Dictionary>()), KeyNotFoundException);
+    try {
+        dictionary.Value("key");
+        FAIL();
+    } catch (const KeyNotFoundException& exception) {
+        EXPECT_EQ(exception.Message, "There is no value under the key \"key\".");
+    }
+}
+
+// The same calls on a dictionary and on a plain list of pairs, with 3 keys and with 300.
+TEST(Dictionary, ManyAdditionsAndRemovalsKeepKeysAndOrder) {
+    std::mt19937 random(5);
+    for (const int range : {3, 30, 300}) {
+        Dictionary dictionary;
+        std::vector<std::pair<Variant, int>> expected;
+        for (int step = 0; step < 5000; ++step) {
+            const int number = static_cast<int>(random() % static_cast<unsigned>(range));
+            const Variant key =
+                number % 2 == 0 ? Variant(number) : "name " + std::to_string(number);
+            const auto place = std::find_if(expected.begin(), expected.end(),
+                                            [&key](const auto& pair) { return pair.first == key; });
+            ASSERT_EQ(dictionary.HasKey(key), place != expected.end());
+            if (place == expected.end()) {
+                dictionary.SetValue(key, step);
+                expected.emplace_back(key, step);
+            } else if (random() % 2 == 0) {
+                dictionary.Remove(key);
+                expected.erase(place);
+            } else {
+                dictionary.SetValue(key, step);
+                place->second = step;
+            }
+        }
+        ASSERT_EQ(dictionary.Count(), static_cast<int64_t>(expected.size()));
+        for (size_t i = 0; i < expected.size(); ++i) {
+            EXPECT_TRUE(dictionary.Key(static_cast<int64_t>(i)) == expected[i].first);
+            EXPECT_EQ(dictionary.Value(expected[i].first).Int32Value(), expected[i].second);
+        }
+        EXPECT_THROW(dictionary.Key(dictionary.Count()), OutOfBoundsException);
+        EXPECT_THROW(dictionary.Key(-1), OutOfBoundsException);
+        dictionary.Clear();
+        EXPECT_EQ(dictionary.Count(), 0);
+        EXPECT_FALSE(dictionary.HasKey(0));
+    }
+}
+
+TEST(Collection, CountsFromOne) {
+    Collection collection;
+    collection.Add("a");
+    EXPECT_EQ(collection.Count(), 1);
+    EXPECT_EQ(collection.Item(1).StringValue(), "a");
+    for (const int64_t position : {int64_t{0}, int64_t{2}, INT64_MIN})
+        EXPECT_THROW(collection.Item(position), OutOfBoundsException);
+}
+
+TEST(MemoryBlock, ReadsAndWritesWithinItsBounds) {
+    MemoryBlock block(uint64_t{4});
+    EXPECT_EQ(block.StringValue(0, 4), std::string(4, '\0'));
+    block.SetStringValue(1, 3, "abcdef");
+    EXPECT_EQ(block.StringValue(0, 4), std::string("\0abc", 4));
+    block.SetStringValue(1, 3, "x");
+    EXPECT_EQ(block.StringValue(0, 4), std::string("\0x\0\0", 4));
+    block.SetSize(6);
+    EXPECT_EQ(block.StringValue(4, 2), std::string(2, '\0'));
+    EXPECT_EQ(block.StringValue(6, 0), "");
+    EXPECT_THROW(block.StringValue(5, 2), OutOfBoundsException);
+    EXPECT_THROW(block.StringValue(7, 0), OutOfBoundsException);
+    EXPECT_THROW(block.StringValue(1, UINT64_MAX), OutOfBoundsException);
+    EXPECT_THROW(block.SetStringValue(3, 4, ""), OutOfBoundsException);
+    EXPECT_THROW(block.SetSize((1 << 28) + 1), OutOfMemoryException);
+    EXPECT_EQ(block.Size(), 6u);
+}
+
+}  // namespace
+}  // namespace dunvey
