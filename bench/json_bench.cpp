@@ -39,23 +39,22 @@ std::string Mixed(size_t size) {
     return text + "]}";
 }
 
-void ReportRate(const std::string& stage, size_t bytes, const Work& ours, const Work& peer) {
+void ReportTime(const std::string& stage, const Work& ours, const Work& peer) {
     const std::vector<double> seconds = InTurns({ours, peer});
-    const double megabytes = static_cast<double>(bytes) / 1e6;
-    Report({"JSON, " + stage, "MB/s", megabytes / seconds[0], megabytes / seconds[1], "nlohmann",
-            RatioAtLeast(1)});
+    Report(
+        {"JSON, " + stage, "µs", seconds[0] * 1e6, seconds[1] * 1e6, "nlohmann", RatioAtMost(1)});
 }
 
 /// The time to read a document includes the time to free it.
 void Compare(const std::string& name, const std::string& text) {
-    ReportRate(
-        "parse " + name, text.size(), [&] { Keep(JSONItem(text).Count()); },
+    ReportTime(
+        "parse " + name, [&] { Keep(JSONItem(text).Count()); },
         [&] { Keep(nlohmann::json::parse(text).size()); });
     JSONItem item(text);
     const auto peer = nlohmann::json::parse(text);
     for (const bool compact : {true, false}) {
         item.Compact = compact;
-        ReportRate((compact ? "write compact " : "write indented ") + name, item.ToString().size(),
+        ReportTime((compact ? "write compact " : "write indented ") + name,
                    [&] { Keep(item.ToString().size()); },
                    [&] { Keep(peer.dump(compact ? -1 : 2).size()); });
     }
@@ -65,12 +64,8 @@ void Compare(const std::string& name, const std::string& text) {
 void Grow(const std::string& stage, size_t size, const std::function<Work(size_t)>& workOfSize) {
     const size_t large = size * 10;
     const std::vector<double> seconds = InTurns({workOfSize(size), workOfSize(large)});
-    Report({"JSON, growth of " + stage,
-            "exponent",
-            Exponent(static_cast<double>(size), seconds[0], static_cast<double>(large), seconds[1]),
-            0,
-            {},
-            OursAtMost(1.2)});
+    ReportExponent("JSON, " + stage, static_cast<double>(size), seconds[0],
+                   static_cast<double>(large), seconds[1]);
 }
 
 Work Appending(size_t count) {

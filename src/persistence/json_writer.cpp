@@ -30,28 +30,33 @@ constexpr std::array<CodeRange, 11> kEscaped = {{{0x0000, 0x001F},
                                                  {0xFEFF, 0xFEFF},
                                                  {0xFFF0, 0xFFFF}}};
 
-struct Replacement {
-    char character;
-    std::string_view escape;
-};
-
-/// In this order: the backslash comes first, since the others add backslashes.
-constexpr std::array<Replacement, 7> kNamed = {{{'\\', "\\\\"},
-                                                {'"', "\\\""},
-                                                {'\b', "\\b"},
-                                                {'\f', "\\f"},
-                                                {'\n', "\\n"},
-                                                {'\r', "\\r"},
-                                                {'\t', "\\t"}}};
-
-// The steps of _escape as bits: those of kNamed, then those of kEscaped, then the slash.
-constexpr uint32_t kSlash = 1u << (kNamed.size() + kEscaped.size());
-constexpr uint32_t NamedStep(size_t number) {
-    return 1u << number;
+/// The escape of a character that has a short one; empty for others.
+constexpr std::string_view ShortEscape(char c) {
+    switch (c) {
+        case '\\':
+            return "\\\\";
+        case '"':
+            return "\\\"";
+        case '\b':
+            return "\\b";
+        case '\f':
+            return "\\f";
+        case '\n':
+            return "\\n";
+        case '\r':
+            return "\\r";
+        case '\t':
+            return "\\t";
+        case '/':
+            return "\\/";
+        default:
+            return {};
+    }
 }
-constexpr uint32_t RangeStep(size_t number) {
-    return 1u << (kNamed.size() + number);
-}
+
+// What a text may need, as bits: bit i for the range kEscaped[i], and these two.
+constexpr uint32_t kSlash = 1u << kEscaped.size();
+constexpr uint32_t kShort = kSlash << 1;
 
 /// The first byte of a character in UTF-8.
 constexpr uint32_t LeadByte(uint32_t code) {
@@ -59,26 +64,27 @@ constexpr uint32_t LeadByte(uint32_t code) {
     return code < 0x800 ? 0xC0 | code >> 6 : 0xE0 | code >> 12;
 }
 
-/// For each byte the steps that characters beginning with it may need.
-constexpr std::array<uint32_t, 256> MakeSteps() {
-    std::array<uint32_t, 256> steps = {};
+/// For each byte what characters that begin with it may need.
+constexpr std::array<uint32_t, 256> MakeNeeds() {
+    std::array<uint32_t, 256> needs = {};
     for (size_t i = 0; i < kEscaped.size(); ++i) {
         for (uint32_t code = kEscaped[i].first; code <= kEscaped[i].last; ++code)
-            steps[LeadByte(code)] |= RangeStep(i);
+            needs[LeadByte(code)] |= 1u << i;
     }
-    for (size_t i = 0; i < kNamed.size(); ++i)
-        steps[static_cast<unsigned char>(kNamed[i].character)] = NamedStep(i);
-    steps['/'] = kSlash;
-    return steps;
+    for (uint32_t byte = 0; byte < 0x80; ++byte) {
+        if (!ShortEscape(static_cast<char>(byte)).empty()) needs[byte] = kShort;
+    }
+    needs['/'] = kSlash;
+    return needs;
 }
 
-/// The steps that the text may need; most texts need none.
-uint32_t StepsOf(std::string_view text) {
-    static constexpr std::array<uint32_t, 256> kSteps = MakeSteps();
-    uint32_t steps = 0;
+/// What the text may need; most texts need nothing.
+uint32_t NeedsOf(std::string_view text) {
+    static constexpr std::array<uint32_t, 256> kNeeds = MakeNeeds();
+    uint32_t needs = 0;
     for (const char c : text)
-        steps |= kSteps[static_cast<unsigned char>(c)];
-    return steps;
+        needs |= kNeeds[static_cast<unsigned char>(c)];
+    return needs;
 }
 
 bool IsUTF8(const Variant& text) {
@@ -209,18 +215,22 @@ void JSONItem::serialiseElements(Entries& entries) const {
 }
 
 void JSONItem::_escape(std::string_view text, JSONStringBuffer& buffer) const {
-    const uint32_t steps = StepsOf(text) & ~(EscapeSlashes ? 0 : kSlash);
-    if (steps == 0) return buffer.Append(text);
-    std::string escaped(text);
-    for (size_t i = 0; i < kNamed.size(); ++i) {
-        if ((steps & NamedStep(i)) != 0)
-            escaped = ReplaceAll(std::move(escaped), {&kNamed[i].character, 1}, kNamed[i].escape);
+    const uint32_t needs = NeedsOf(text) & ~(EscapeSlashes ? 0 : kSlash);
+    if (needs == 0) return buffer.Append(text);
+    std::string escaped;
+    escaped.reserve(text.size() * 2);
+    for (const char c : text) {
+        const std::string_view escape = ShortEscape(c);
+        if (escape.empty() || (c == '/' && !EscapeSlashes)) {
+            escaped += c;
+        } else {
+            escaped += escape;
+        }
     }
     for (size_t i = 0; i < kEscaped.size(); ++i) {
-        if ((steps & RangeStep(i)) != 0)
+        if ((needs >> i & 1) != 0)
             escaped = _escapeRange(std::move(escaped), kEscaped[i].first, kEscaped[i].last);
     }
-    if ((steps & kSlash) != 0) escaped = ReplaceAll(std::move(escaped), "/", "\\/");
     buffer.Append(escaped);
 }
 

@@ -26,7 +26,7 @@ std::string VersionOfName(const std::string& name) {
     std::string found;
     std::string longest;
     for (int half = 2; half < 200; ++half) {
-        const std::string version = half == 15 ? "7.5" : Str(half / 2);
+        const std::string version = half == 15 ? "7.5" : Str(int64_t{half / 2});
         const std::string named = "Adobe InDesign " + InDesign::GetAppName(version) + " ";
         if (!(name + " ").starts_with(named) || named.size() <= longest.size()) continue;
         found = version;
