@@ -6,7 +6,6 @@
 #include <QScopedValueRollback>
 #include <QScrollBar>
 #include <QTimer>
-#include <QToolTip>
 
 #include "platform/qt/qt_cells.h"
 #include "platform/qt/qt_text.h"
@@ -111,10 +110,12 @@ void QtList::ReadLook() {
     look.setColor(QPalette::Text, Qt::black);
     look.setColor(QPalette::WindowText, QColor(0xB4, 0xB4, 0xB4));
     setPalette(look);
+    look.setColor(QPalette::Window, QColor(0xFF, 0xFF, 0xDC));
+    look.setColor(QPalette::WindowText, Qt::black);
+    note_.setPalette(look);
     const int height = static_cast<int>(list_->DefaultRowHeight());
     verticalHeader()->setDefaultSectionSize(height);
     setFont(QApplication::font(this));
-    note_.setPalette(QToolTip::palette());
     setAccessibleName(LineOf(list_->SpokenName()));
 }
 
