@@ -89,19 +89,16 @@ TEST_F(IconImport, TheNewestVersionsIconsReplaceTheOldOnes) {
 
 TEST_F(IconImport, WithoutBothIconsNothingHappens) {
     InDesign::GetIconFile();  // nothing installed
-    const std::vector<std::string> cases[] = {{}, {kDocument}, {kBook}};
-    for (const auto& icons : cases) {
-        folder_.MakeFolder("Applications");
-        Newest("CS6", "8.0", {kDocument, kBook});
-        Newest("CC " + std::to_string(icons.size()) + (icons.empty() ? "" : icons[0]), "9.2",
-               icons);
-        resources_.Write(kDocument, "old");
-        InDesign::GetIconFile();
-        EXPECT_EQ(resources_.Icons(), "old");
-        EXPECT_EQ(Preferences::pIconVersion, "before");
-    }
+    resources_.Write(kDocument, "old");
+    Newest("CS6", "8.0", {kDocument, kBook});
+    Newest("CC", "9.2", {kDocument});
+    InDesign::GetIconFile();
+    Newest("CC 2014", "10.0", {kBook});
+    InDesign::GetIconFile();
     InDesign::InstalledApps.push_back(nullptr);
     InDesign::GetIconFile();
+    EXPECT_EQ(resources_.Icons(), "old");
+    EXPECT_EQ(Preferences::pIconVersion, "before");
     EXPECT_EQ(user_->timesInFront(), 0);
 }
 
