@@ -79,6 +79,16 @@ TEST_F(LocalizedTexts, TheLocaleSelectsTheLanguage) {
     EXPECT_EQ(Localized::kQuit(""), "終了");
     setenv("LC_MESSAGES", "", 1);
     EXPECT_EQ(Localized::kQuit(""), "Quit");
+    const std::pair<const char*, const char*> kPreferred[] = {
+        {"ja:en", "終了"}, {"de:ja_JP.UTF-8", "終了"}, {"en_GB:ja", "Quit"}, {"de", "Quit"}};
+    for (const auto& [languages, text] : kPreferred) {
+        setenv("LANGUAGE", languages, 1);
+        EXPECT_EQ(Localized::kQuit(""), text) << languages;
+    }
+    setenv("LANGUAGE", "ja", 1);
+    setenv("LANG", "C.UTF-8", 1);
+    EXPECT_EQ(Localized::kQuit(""), "Quit") << "the C locale has no languages";
+    unsetenv("LANGUAGE");
 }
 
 TEST_F(LocalizedTexts, TheReportingAlertHasOneButtonInEnglish) {

@@ -65,7 +65,8 @@ class WindowWidget final : public QDialog {
     UserAction key_;
     /// nullptr for none.
     QtMenuBar* menuBar_ = nullptr;
-    QScrollArea scroll_{this};
+    /// A child, so that it is deleted after eventFilter can no longer be called.
+    QScrollArea& scroll_ = *new QScrollArea(this);
     /// The parent of the controls. Belongs to the scroll area.
     QWidget* const content_ = new QWidget;
     std::vector<Child> children_;

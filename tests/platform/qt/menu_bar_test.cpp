@@ -121,13 +121,6 @@ TEST_F(MenuBarTest, StandsAboveTheControlsAndTakesNothingFromThem) {
          }});
 }
 
-TEST_F(MenuBarTest, ThreeHundredRowsStillFitTheScreen) {
-    FilledChooser window(300);
-    Show(window, {[] {
-             EXPECT_LE(Shown().frameGeometry().bottom(), Shown().screen()->geometry().bottom());
-         }});
-}
-
 TEST_F(MenuBarTest, TheKeyboardAloneOpensMenus) {
     FilledChooser window(2);
     const auto open = [] {
@@ -224,6 +217,21 @@ TEST_F(MenuBarTest, CommandsFollowTheWindowThatTheUserPutsInFront) {
                       EXPECT_TRUE(window.IsClosed());
                       EXPECT_FALSE(panel->IsClosed());
                       panel->Close();
+                  }});
+}
+
+TEST_F(MenuBarTest, AWindowWithoutAMenuBarTakesTheShortcuts) {
+    const Ref<Panel> panel = New<Panel>();
+    FilledChooser window(2);
+    Show(window, {[&] { panel->Show(); },
+                  [&] {
+                      EXPECT_EQ(WindowWidget::Of(panel.Get())->height(), 100) << "none is shown";
+                      WindowWidget::Of(panel.Get())->activateWindow();
+                  },
+                  [&] {
+                      Key(Qt::Key_W, Qt::ControlModifier);
+                      EXPECT_TRUE(panel->IsClosed());
+                      EXPECT_FALSE(window.IsClosed());
                   }});
 }
 

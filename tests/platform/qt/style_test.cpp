@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QCheckBox>
+#include <QDialog>
 #include <QPushButton>
 
 #include "platform/pictures/contrast.h"
@@ -55,6 +56,24 @@ TEST(StyleTest, OutlinesAndDisabledTextsAreSeenOnDarkWindows) {
         EXPECT_LT(Contrast(ToColor(faint), ToColor(row.window)),
                   Contrast(ToColor(Qt::white), ToColor(row.window)) / 2)
             << "it still looks disabled";
+    }
+}
+
+TEST(StyleTest, TheDefaultButtonHasAThickOutlineInDarkAndHighContrastThemes) {
+    for (const auto& [window, text] :
+         {std::pair<QColor, QColor>{QColor(0x23, 0x26, 0x29), Qt::white},
+          {Qt::black, Qt::white},
+          {Qt::white, Qt::black}}) {
+        QtStyle style;
+        QDialog dialog;
+        QPushButton button(&dialog);
+        button.setStyle(&style);
+        button.setPalette(Theme(window, text));
+        button.resize(80, 24);
+        button.setDefault(true);
+        EXPECT_EQ(button.grab().toImage().pixelColor(40, 1), text) << window.name().toStdString();
+        button.setDefault(false);
+        EXPECT_NE(button.grab().toImage().pixelColor(40, 1), text) << window.name().toStdString();
     }
 }
 

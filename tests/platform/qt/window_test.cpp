@@ -246,6 +246,42 @@ TEST_F(WindowTest, TextsAreShownAsTheyAreAndShortenedInTheMiddle) {
     QApplication::setFont(before_);
 }
 
+TEST_F(WindowTest, ContentLargerThanTheScreenScrolls) {
+    class LargeWindow final : public Window {
+     public:
+        LargeWindow() : Window({3000, 2000}) {
+            const Ref<PushButton> last = New<PushButton>();
+            last->SetName("last");
+            last->SetDesign({2900, 1970, 90, 20}, {});
+            Add(last);
+        }
+    } window;
+    Show(window, {[&] {
+             EXPECT_TRUE(Shown().screen()->availableGeometry().contains(Shown().geometry()));
+             EXPECT_EQ(window.Width(), 3000);
+             EXPECT_TRUE(Find("last").parentWidget()->rect().contains(Find("last").geometry()));
+         }});
+}
+
+TEST_F(WindowTest, AFreshWindowTakesInputThatIsNoAnswer) {
+    FilledChooser window(5);
+    std::string log;
+    window.AppList()->DoubleClickHandler = [&](Listbox&) { log += "double "; };
+    window.PushButton1()->SetEnabled(true);
+    window.PushButton1()->Action = [&](PushButton&) { log += "button "; };
+    Show(window, {[&] {
+             QApplication::setDoubleClickInterval(600'000);
+             QTest::mouseClick(List().viewport(), Qt::LeftButton, {}, CellCentre(3));
+             EXPECT_EQ(window.AppList()->ListIndex(), 3);
+             QTest::mouseDClick(List().viewport(), Qt::LeftButton, {}, CellCentre(3));
+             QTest::mouseClick(&Find("PushButton1"), Qt::LeftButton);
+             QTest::keyClick(&Find("CheckBox2"), Qt::Key_Space);
+             EXPECT_TRUE(window.CheckBox2()->Value());
+             QApplication::setDoubleClickInterval(0);
+         }});
+    EXPECT_EQ(log, "");
+}
+
 TEST_F(WindowTest, NoJapaneseTextIsTooWide) {
     for (const auto& text :
          {Localized::kMassage_AnotherVerAppBooting, Localized::kMassage_SameVerAppNotInstalled,
