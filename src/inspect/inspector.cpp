@@ -16,11 +16,9 @@ Inspector::Inspector(bool readsProcesses, std::function<void(size_t)> progress)
     InDesign::GetInstalledApps();
 }
 
-void Inspector::Examine(const std::string& argument, bool recursive) {
-    const std::string path = PathOfArgument(argument);
-    const FolderItem item(path.empty() ? argument : path);
-    if (recursive && item.Directory()) return AddFolder(item);
-    Add(path.empty() ? argument : path);
+void Inspector::Examine(const std::string& path, bool recursive) {
+    if (const FolderItem item(path); recursive && item.Directory()) return AddFolder(item);
+    Add(path);
 }
 
 void Inspector::AddFolder(const FolderItem& folder) {

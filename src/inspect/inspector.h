@@ -43,9 +43,9 @@ class Inspector {
     /// first document. `progress` is called after each file with their number.
     Inspector(bool readsProcesses, std::function<void(size_t)> progress);
 
-    /// Examines the file; with `recursive` all documents below a folder, links to folders aside, in
-    /// name order.
-    void Examine(const std::string& argument, bool recursive);
+    /// Examines the file at a path; with `recursive` all documents below a folder, links to folders
+    /// aside, in name order.
+    void Examine(const std::string& path, bool recursive);
     const std::vector<Finding>& Findings() const { return findings_; }
 
  private:

@@ -5,13 +5,9 @@
 #include "version/header_version.h"
 
 namespace dunvey::InDesign {
-namespace {
-
-const std::vector<std::string> kExtensions = {"indd", "indb", "indl", "indt"};
-
-}  // namespace
 
 const std::vector<std::string>& DocumentExtensions() {
+    static const std::vector<std::string> kExtensions = {"indd", "indb", "indl", "indt"};
     return kExtensions;
 }
 
@@ -23,7 +19,7 @@ std::string VersionText(const std::vector<int64_t>& version) {
 Ref<FileClass> MakeNewFileClass(const Ref<FolderItem>& item) {
     if (!item || !item->Exists()) return nullptr;
     const std::string extension = FileExtension(item->Name());
-    if (!IsExtensionIn(kExtensions, extension)) return nullptr;
+    if (!IsExtensionIn(DocumentExtensions(), extension)) return nullptr;
     Ref<FileClass> record = New<FileClass>();
     record->File = item;
     record->FileExt = extension;
