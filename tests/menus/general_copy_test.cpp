@@ -2,6 +2,7 @@
 #include <sys/stat.h>
 
 #include "menus/general.h"
+#include "platform/files/folder_item.h"
 #include "support/temporary_folder.h"
 
 namespace dunvey {
