@@ -1,8 +1,11 @@
 #include "desktop/machine.h"
 
-#include <algorithm>
+#include <cstdlib>
 
+#include "platform/files/special_folder.h"
+#include "platform/loop/application.h"
 #include "platform/loop/keyboard.h"
+#include "platform/processes/shell_environment.h"
 #include "platform/processes/system_information.h"
 
 namespace dunvey {
@@ -10,15 +13,6 @@ namespace dunvey {
 headless::Machine& headless::TheMachine() {
     static Machine machine;
     return machine;
-}
-
-Clock::Time Clock::Now() {
-    return headless::TheMachine().now;
-}
-
-void Clock::SleepUntil(Time time) {
-    Time& now = headless::TheMachine().now;
-    now = std::max(now, time);
 }
 
 bool Keyboard::AsyncCommandKey() {
@@ -40,6 +34,19 @@ int64_t SystemInformationMBS::MacMajorVersion() {
 
 int64_t SystemInformationMBS::MacMinorVersion() {
     return headless::TheMachine().systemMinor;
+}
+
+Ref<FolderItem> SpecialFolder::Applications() {
+    return New<FolderItem>(std::string(std::getenv("HOME")) + "/Applications");
+}
+
+Ref<FolderItem> SpecialFolder::ApplicationData() {
+    return New<FolderItem>(std::getenv("XDG_CONFIG_HOME"));
+}
+
+std::vector<std::string> ShellEnvironment() {
+    const Ref<FolderItem> contents = Application::ExecutableFile()->Parent()->Parent();
+    return EnvironmentWithPath(contents->Child("Helpers")->NativePath() + ":/usr/bin:/bin");
 }
 
 }  // namespace dunvey

@@ -5,8 +5,9 @@
 
 #include "platform/loop/clock.h"
 
-/// The machine as a test sets it: what Keyboard, SystemInformationMBS and Clock answer in programs
-/// that link this library.
+/// The machine as a test sets it: Keyboard, SystemInformationMBS and Clock in programs that link this
+/// library. The special folders are HOME/Applications and XDG_CONFIG_HOME, the user's language
+/// follows the locale, and commands are found in the Helpers folder of the test's bundle.
 namespace dunvey::headless {
 
 struct Machine {

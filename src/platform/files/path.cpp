@@ -1,5 +1,6 @@
 #include "platform/files/path.h"
 
+#include <pwd.h>
 #include <unistd.h>
 
 #include <cstdlib>
@@ -9,6 +10,10 @@ namespace dunvey {
 namespace {
 
 using OwnedText = std::unique_ptr<char, decltype(&std::free)>;
+
+bool IsAbsolute(const char* path) {
+    return path != nullptr && path[0] == '/';
+}
 
 }  // namespace
 
@@ -23,6 +28,13 @@ std::string AbsolutePath(const std::string& path) {
 std::string RealPath(const std::string& path) {
     const OwnedText resolved(realpath(path.c_str(), nullptr), &std::free);
     return resolved ? resolved.get() : std::string();
+}
+
+std::string HomePath() {
+    const char* const home = std::getenv("HOME");
+    if (IsAbsolute(home)) return home;
+    const passwd* const user = getpwuid(getuid());
+    return user != nullptr && IsAbsolute(user->pw_dir) ? user->pw_dir : "/";
 }
 
 }  // namespace dunvey

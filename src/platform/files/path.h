@@ -11,4 +11,8 @@ std::string AbsolutePath(const std::string& path);
 /// reached.
 std::string RealPath(const std::string& path);
 
+/// The user's home folder: HOME if that is an absolute path, else the one of the user database, "/"
+/// if there is none.
+std::string HomePath();
+
 }  // namespace dunvey

@@ -3,21 +3,15 @@
 #include <fcntl.h>
 #include <unistd.h>
 
-#include <string_view>
+#include <cstdlib>
 
 #include "platform/loop/application.h"
-#include "platform/processes/launch_loop.h"
-#include "platform/processes/process_setup.h"
 #include "platform/values/exceptions.h"
 
 namespace dunvey {
 namespace {
 
-constexpr std::string_view kPath = "PATH=";
-constexpr std::string_view kStandardPath = "/usr/local/bin:/usr/bin:/bin";
-/// A function exported by an interactive bash would take precedence over the helper of its name.
-constexpr std::string_view kFunction = "BASH_FUNC_";
-constexpr std::string_view kMark = "DUNVEY_OPENING=";
+constexpr const char* kStandardPath = "/usr/local/bin:/usr/bin:/bin";
 
 /// The folder as an entry of PATH. A colon in its path would end the entry, so such a folder is
 /// named by a descriptor, which stays open for as long as the process runs.
@@ -43,18 +37,9 @@ std::string HelpersEntry() {
 }  // namespace
 
 std::vector<std::string> ShellEnvironment() {
-    std::vector<std::string> environment;
-    std::string path(kStandardPath);
-    for (std::string& variable : StartEnvironment()) {
-        if (variable.starts_with(kPath)) {
-            path = variable.substr(kPath.size());
-        } else if (!variable.starts_with(kFunction) && !variable.starts_with(kMark)) {
-            environment.push_back(std::move(variable));
-        }
-    }
-    environment.push_back(std::string(kPath) + HelpersEntry() + ":" + path);
-    environment.push_back(OpeningMark());
-    return environment;
+    const char* const inherited = std::getenv("PATH");
+    return EnvironmentWithPath(HelpersEntry() + ":" +
+                               (inherited != nullptr ? inherited : kStandardPath));
 }
 
 }  // namespace dunvey

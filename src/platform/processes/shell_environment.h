@@ -10,4 +10,7 @@ namespace dunvey {
 /// helpers is missing: another program of its name must not get the documents.
 std::vector<std::string> ShellEnvironment();
 
+/// The environment of the start with this PATH and OpeningMark, and without functions of bash.
+std::vector<std::string> EnvironmentWithPath(const std::string& path);
+
 }  // namespace dunvey

@@ -12,7 +12,7 @@
 #include <ctime>
 
 #include "platform/files/file_descriptor.h"
-#include "platform/linux/applications_folder.h"
+#include "platform/files/path.h"
 #include "platform/linux/helpers/process_list.h"
 #include "platform/processes/shortage.h"
 
