@@ -7,8 +7,7 @@ set(documents ${share}/doc/dunvey)
 file(COPY ${CPACK_DUNVEY_DEBIAN_FILES}/copyright ${CPACK_DUNVEY_DEBIAN_FILES}/changelog
     DESTINATION ${documents})
 file(RENAME ${documents}/changelog ${documents}/changelog.Debian)
-file(INSTALL ${CPACK_DUNVEY_DEBIAN_FILES}/lintian-overrides DESTINATION ${share}/lintian/overrides
-    RENAME dunvey)
+configure_file(${CPACK_DUNVEY_DEBIAN_FILES}/lintian-overrides ${share}/lintian/overrides/dunvey COPYONLY)
 # The action of polkit names the program by its absolute path.
 set(write_icons ${CPACK_PACKAGING_INSTALL_PREFIX}/${CPACK_DUNVEY_BUNDLE}/Helpers/write-icons)
 configure_file(${CPACK_DUNVEY_DEBIAN_FILES}/dunvey.policy.in

@@ -1,8 +1,9 @@
 #!/usr/bin/env python3
-"""Holds what the packages declare against each other and against the program.
+"""Compares what the packages declare with each other and with the program.
 
-Usage: packaging_test.py SOURCES CONTENTS VERSION BUILD, CONTENTS being that of the bundle as built.
+Usage: packaging_test.py SOURCES CONTENTS VERSION BUILD [TEST...], CONTENTS being that of the bundle as built.
 """
+import json
 import pathlib
 import plistlib
 import re
@@ -87,6 +88,22 @@ class Bundle(unittest.TestCase):
         self.assertEqual({tag["public.filename-extension"] for tag in tags}, handled_extensions())
         self.assertEqual({tag["public.mime-type"] for tag in tags}, set(mime_types()))
 
+    def test_macos_gets_what_it_asks_for(self):
+        presets = json.loads((SOURCES / "CMakePresets.json").read_text())["configurePresets"]
+        mac = next(preset["cacheVariables"] for preset in presets if preset["name"] == "mac")
+        self.assertEqual(self.list["LSMinimumSystemVersion"], mac["CMAKE_OSX_DEPLOYMENT_TARGET"])
+        # Without it macOS 10.14 denies the quit request without asking the user.
+        question = "NSAppleEventsUsageDescription"
+        self.assertTrue(self.list[question])
+        for language in set(self.list["CFBundleLocalizations"]) - {"en"}:
+            texts = (CONTENTS / f"Resources/{language}.lproj/InfoPlist.strings").read_text()
+            self.assertRegex(texts, f'"{question}" = ".+";')
+        types = {each["UTTypeIdentifier"]: each for each in self.list["UTImportedTypeDeclarations"]}
+        self.assertEqual(len(types), len(handled_extensions()))
+        for kind in self.list["CFBundleDocumentTypes"]:
+            self.assertEqual((kind["CFBundleTypeRole"], kind["LSHandlerRank"]), ("Viewer", "Default"))
+            self.assertIn(kind["CFBundleTypeName"], {each["UTTypeDescription"] for each in types.values()})
+
     def test_icons_are_there_and_whole(self):
         names = {kind["CFBundleTypeIconFile"] for kind in self.list["CFBundleDocumentTypes"]}
         self.assertEqual(names, {"ID_Document_Icon", "ID_Book_Icon"})
@@ -135,4 +152,4 @@ class Package(unittest.TestCase):
 
 
 if __name__ == "__main__":
-    unittest.main(argv=sys.argv[:1])
+    unittest.main(argv=sys.argv[:1] + sys.argv[5:])

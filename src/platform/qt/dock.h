@@ -9,11 +9,15 @@ namespace dunvey {
 /// Whether About and Quit are in an application menu, as on macOS.
 bool HasApplicationMenu();
 
-/// The dock window on the screen, until it is destroyed.
+/// Makes the program the active one: on macOS only an active program's windows come to the front.
+/// Nothing on Linux.
+void ActivateApplication();
+
+/// What is on the screen while the program waits for documents, until it is destroyed: the dock
+/// window on Linux, the menu bar without a window on macOS.
 class QtDock {
  public:
     virtual ~QtDock() = default;
-    /// Shows it; nullptr on macOS, which has a dock of its own.
     static std::unique_ptr<QtDock> Show(UserAction key);
 };
 

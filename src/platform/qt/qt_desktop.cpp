@@ -145,6 +145,7 @@ void QtDesktop::Turn() {
 }
 
 void QtDesktop::BringToFront() {
+    ActivateApplication();
     QWidget* front = QApplication::activeModalWidget();
     for (QWidget* each : QApplication::topLevelWidgets()) {
         if (!each->isVisible() || dynamic_cast<WindowWidget*>(each) == nullptr) continue;

@@ -29,7 +29,7 @@ QtMenuBar::QtMenuBar(Ref<dunvey::MenuBar> model, QWidget* window, UserDoor door,
     setVisible(isShown);
     for (const MenuOnScreen& menu : MenusOnScreen(*model_, HasApplicationMenu()))
         AddMenu(menu);
-    if (isShown) AddOpeningKey();
+    if (isShown && window != nullptr) AddOpeningKey();
 }
 
 int QtMenuBar::HeightInWindow() const {
@@ -59,7 +59,8 @@ QAction* QtMenuBar::ActionOf(const Ref<MenuItem>& item) {
     action->setShortcut(SequenceOf(item->KeyboardShortcut));
     // A key held down must not close several windows.
     action->setAutoRepeat(false);
-    if (!item->KeyboardShortcut.empty()) parentWidget()->addAction(action);
+    if (!item->KeyboardShortcut.empty() && parentWidget() != nullptr)
+        parentWidget()->addAction(action);
     connect(action, &QAction::triggered, this,
             [this, item] { door_([&](UserAction key) { item->Choose(key); }); });
     commands_.push_back({item, action});

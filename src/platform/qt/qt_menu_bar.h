@@ -13,6 +13,7 @@ namespace dunvey {
 class QtMenuBar final : public QMenuBar {
  public:
     /// Where isShown is false, the window has only the shortcuts of the menu bar.
+    /// Without a window, only macOS shows it.
     QtMenuBar(Ref<dunvey::MenuBar> model, QWidget* window, UserDoor door, bool isShown);
 
     /// The height taken from the window: 0 for a bar that is hidden or at the top of the screen.

@@ -104,6 +104,8 @@ bool HasApplicationMenu() {
     return false;
 }
 
+void ActivateApplication() {}
+
 std::unique_ptr<QtDock> QtDock::Show(UserAction key) {
     return std::make_unique<LinuxDock>(key);
 }

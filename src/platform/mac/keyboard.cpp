@@ -1,0 +1,22 @@
+#include "platform/loop/keyboard.h"
+
+#include <ApplicationServices/ApplicationServices.h>
+
+namespace dunvey::Keyboard {
+namespace {
+
+bool IsDown(CGEventFlags key) {
+    return (CGEventSourceFlagsState(kCGEventSourceStateHIDSystemState) & key) != 0;
+}
+
+}  // namespace
+
+bool AsyncCommandKey() {
+    return IsDown(kCGEventFlagMaskCommand);
+}
+
+bool AsyncOptionKey() {
+    return IsDown(kCGEventFlagMaskAlternate);
+}
+
+}  // namespace dunvey::Keyboard
