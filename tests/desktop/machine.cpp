@@ -41,12 +41,15 @@ Ref<FolderItem> SpecialFolder::Applications() {
 }
 
 Ref<FolderItem> SpecialFolder::ApplicationData() {
-    return New<FolderItem>(std::getenv("XDG_CONFIG_HOME"));
+    Ref<FolderItem> folder = New<FolderItem>(std::getenv("XDG_CONFIG_HOME"));
+    if (!folder->Exists()) folder->CreateAsFolder();
+    return folder;
 }
 
 std::vector<std::string> ShellEnvironment() {
     const Ref<FolderItem> contents = Application::ExecutableFile()->Parent()->Parent();
-    return EnvironmentWithPath(contents->Child("Helpers")->NativePath() + ":/usr/bin:/bin");
+    return EnvironmentWithPath(contents->Child("Helpers")->NativePath() + ":" +
+                               std::getenv("PATH"));
 }
 
 }  // namespace dunvey
