@@ -1,0 +1,64 @@
+#include <functional>
+#include <utility>
+
+#include "road/display.h"
+#include "road/real_world.h"
+
+namespace dunvey {
+namespace {
+
+/// Weston in a window on the X server: key presses sent to the X server reach Weston's clients.
+class Wayland : public test::RealWorld {
+ protected:
+    void SetUp() override {
+        RealWorld::SetUp();
+        Install("CS6", "8.1.0");
+        if (access("/usr/bin/weston", X_OK) != 0) GTEST_SKIP() << "weston isn't installed";
+        chmod(folder_.Path().c_str(), 0700);
+        const std::string program = std::exchange(program_, "/usr/bin/weston");
+        compositor_ = Start({"--backend=x11-backend.so", "--use-pixman", "--no-config",
+                             "--idle-time=0", "--socket=test", "--log=" + folder_ / "weston"},
+                            {"DISPLAY=" + screen_.Name(), runtime_});
+        program_ = program;
+        ASSERT_TRUE(Await([&] { return access((folder_ / "test").c_str(), F_OK) == 0; }));
+    }
+
+    /// Starts the program and returns it once its chooser has the keyboard.
+    pid_t StartChooser() {
+        const pid_t program = Start({Document("plain.indd", 8), Document("missing.indd", 12)},
+                                    {runtime_, "WAYLAND_DISPLAY=test", "WAYLAND_DEBUG=1"});
+        EXPECT_TRUE(Await([&] {
+            const std::string messages = folder_.Read("stderr");
+            const size_t title = messages.find("set_title(\"Marlit Id - Notification\")");
+            const size_t keyboard = messages.find("wl_keyboard@", messages.find(".attach(", title));
+            return title != messages.npos && messages.find(".enter(", keyboard) != messages.npos;
+        }));
+        return program;
+    }
+    static bool Await(const std::function<bool()>& condition) {
+        for (int i = 0; i < 6000 && !condition(); ++i)
+            usleep(10'000);
+        return condition();
+    }
+
+    test::Display screen_;
+    std::string runtime_ = "XDG_RUNTIME_DIR=" + folder_.Path();
+    pid_t compositor_ = 0;
+};
+
+TEST_F(Wayland, TheChooserAppearsAndTakesAnswers) {
+    const pid_t program = StartChooser();
+    // The chooser ignores answers at first, for the time of a double click.
+    EXPECT_TRUE(Await([&] { return !screen_.Do("key Escape") || !IsAlive(program); }));
+    EXPECT_EQ(ExitCodeOf(program), 0);
+    EXPECT_EQ(Starts(1), std::vector<std::string>{"CS6: plain.indd|"});
+}
+
+TEST_F(Wayland, ACompositorThatDiesEndsTheProgram) {
+    const pid_t program = StartChooser();
+    kill(compositor_, SIGTERM);
+    EXPECT_EQ(ExitCodeOf(program), 1);
+}
+
+}  // namespace
+}  // namespace dunvey
