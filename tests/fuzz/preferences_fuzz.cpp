@@ -12,24 +12,22 @@ namespace {
 
 using namespace Preferences;
 
-using Values = std::tuple<bool, bool, int64_t, std::string>;
-
-/// The values after a start; none of them is left from the one before.
-Values Started() {
+/// The values after a start. None of them stays from the start before.
+auto Started() {
     gAllowOpenHigherVersion = gAllowQuitButtonActiveted = true;
     pNonReleaseVersion = -7;
     pIconVersion = "left over";
     Raed();
-    return {gAllowOpenHigherVersion, gAllowQuitButtonActiveted, pNonReleaseVersion, pIconVersion};
+    return std::tuple(gAllowOpenHigherVersion, gAllowQuitButtonActiveted, pNonReleaseVersion,
+                      pIconVersion);
 }
 
-/// The members that the program doesn't know, as text; none if the text is no object.
-std::string Foreign(const std::string& text) {
+/// The members that the program doesn't know, as text; "{}" if the text is no object.
+std::string Unknown(const std::string& text) {
     JSONItem document;
     try {
         document.Load(text);
     } catch (const JSONException&) {
-        return "{}";
     }
     if (document.IsArray()) return "{}";
     for (const char* name : {"AllowOpenHigherVersion", "AllowQuitButtonActiveted",
@@ -49,12 +47,12 @@ void TryInput(std::string_view bytes) {
     home.MakeFolder(name);
     const std::string text(bytes);
     home.Write(file, text);
-    Values values = Started();
+    auto values = Started();
     Save();
     std::get<2>(values) = Application::NonReleaseVersion();
     const std::string saved = home.Read(file);
     Check(Started() == values, "what was saved reads as the same", saved);
-    Check(Foreign(saved) == Foreign(text), "unknown members stay", saved);
+    Check(Unknown(saved) == Unknown(text), "unknown members stay", saved);
     Save();
     Check(home.Read(file) == saved, "saved again it is the same file", saved);
 }

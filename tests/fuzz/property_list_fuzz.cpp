@@ -1,77 +1,41 @@
-#include <unistd.h>
-
 #include "fuzz/fuzz.h"
-#include "fuzz/memory_file.h"
 #include "platform/bundles/property_list.h"
-#include "support/icon_file.h"
 #include "support/temporary_folder.h"
 #include "version/application_version.h"
 
 namespace dunvey::fuzz {
 namespace {
 
-constexpr const char* kKey = "CFBundleShortVersionString";
-
-/// An application whose property list is the file.
-class Bundle {
- public:
-    explicit Bundle(const MemoryFile& list) {
-        folder_.MakeFolder("An.app/Contents");
-        Check(symlink(list.Path().c_str(), (folder_ / "An.app/Contents/Info.plist").c_str()) == 0,
-              "there is a bundle");
-    }
-    std::string Version() const {
-        return InDesign::AppVersion(New<FolderItem>(folder_ / "An.app"));
-    }
-
- private:
-    test::TemporaryFolder folder_;
-};
-
-/// What the version is, parsed without the cache.
-std::string Expected(std::string_view bytes) {
-    using namespace CoreFoundationGlobalsMBS;
-    const Ref<CFDictionaryMBS> list =
-        NewCFObjectMBSFromXML(NewCFBinaryDataMBSStr(std::string(bytes)));
-    const Ref<CFStringMBS> text = list ? list->Lookup(*NewCFStringMBS(kKey)) : nullptr;
-    if (!text || text->Text().empty()) return "0.0.0";
-    // UTF-8 needs at most three bytes for two of UTF-16, and an entity is longer than its
-    // character.
-    Check(text->Text().size() <= 2 * bytes.size(), "a text comes out of the list", text->Text());
-    std::string version = text->Text();
-    const std::string third = "CS 3 ";
-    const size_t place = version.starts_with("CS 3") ? version.find(third) : version.npos;
-    return place == version.npos ? version : version.erase(place, third.size());
-}
-
-/// A binary list with the version after another text.
-std::string BinaryList(const std::string& version) {
-    const std::string objects[] = {"\xD2\1\2\3\4", "\x51k", "\x5F\x10\x1A" + std::string(kKey),
-                                   "\x51v", "\x5F\x12" + test::BigEndian(version.size()) + version};
-    std::string list = "bplist00";
-    std::string offsets;
-    for (const std::string& object : objects) {
-        offsets += test::BigEndian(list.size());
-        list += object;
-    }
-    const std::string zeros(8, '\0');
-    return list + offsets + zeros.substr(2) + "\4\1" + zeros.substr(1) + "\5" + zeros +
-           zeros.substr(4) + test::BigEndian(list.size());
+/// The version of an application with this property list.
+std::string Version(const std::string& list) {
+    static const test::TemporaryFolder folder;
+    static const std::string contents = folder.MakeFolder("An.app/Contents");
+    folder.Write("An.app/Contents/Info.plist", list);
+    return InDesign::AppVersion(New<FolderItem>(folder / "An.app"));
 }
 
 }  // namespace
 
+/// The input is a property list; without markup it is also the version in a valid one.
 void TryInput(std::string_view bytes) {
-    static MemoryFile file;
-    static const Bundle bundle(file);
-    const std::string text = "9" + std::string(bytes);
-    Check(Expected(BinaryList(text)) == text, "a sound list has its version", text);
-    file.Write(bytes);
-    const std::string expected = Expected(bytes);
-    Check(bundle.Version() == expected, "the version is the list's text", expected);
-    Check(bundle.Version() == expected, "the cached version is the same", expected);
-    file.Write(std::string(kPropertyListLimit + 1, ' ').replace(0, bytes.size(), bytes));
-    Check(bundle.Version() == "0.0.0", "a list that is too large has no version");
+    const std::string list(bytes);
+    const std::string version = Version(list);
+    Check(!version.empty(), "there is always a version");
+    // UTF-8 takes at most three bytes for two of UTF-16, and an entity is longer than its
+    // character.
+    Check(version == "0.0.0" || version.size() <= 2 * list.size(), "it is in the list", version);
+    Check(Version(list) == version, "the cached version is the same", version);
+    std::string text = "9";
+    for (const char c : bytes)
+        text += c > ' ' && c != '<' && c != '&' && c < 0x7F ? c : '-';
+    const std::string valid =
+        "<plist version=\"1.0\"><dict><key>CFBundleShortVersionString</key><string>" + text +
+        "</string></dict></plist>";
+    const bool fits = valid.size() <= kPropertyListLimit;
+    Check(Version(valid) == (fits ? text : "0.0.0"), "a valid list has its version", text);
+    Check(Version(list) == version, "another list in between changes nothing", version);
+    const std::string tooLong(std::max(list.size(), kPropertyListLimit + 1) - list.size(), ' ');
+    Check(Version(list + tooLong) == "0.0.0", "a list that is too large has no version");
 }
 
 }  // namespace dunvey::fuzz
