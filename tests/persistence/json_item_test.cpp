@@ -18,7 +18,7 @@ using tests::Raised;
 
 using Call = std::function<void(JSONItem&)>;
 
-TEST(JSONItem, OperationsWithAnIndexRefuseAnObjectThatHoldsSomething) {
+TEST(JSONItem, RaisesWhereTheShapeIsTheOther) {
     const Call notA[] = {[](JSONItem& item) { item.Append(1); },
                          [](JSONItem& item) { item.SetChild(0, New<JSONItem>()); },
                          [](JSONItem& item) { item.Insert(0, 1); },
@@ -27,36 +27,33 @@ TEST(JSONItem, OperationsWithAnIndexRefuseAnObjectThatHoldsSomething) {
                          [](JSONItem& item) { item.Remove(0); }};
     const Call notAn[] = {[](JSONItem& item) { item.Value(0); },
                           [](JSONItem& item) { item.SetValue(0, 1); }};
-    JSONItem item("{\"a\":1}");
+    const Call isAn[] = {[](JSONItem& item) { item.Value("a"); },
+                         [](JSONItem& item) { item.SetValue("a", 1); },
+                         [](JSONItem& item) { item.Lookup("a", 1); }};
+    JSONItem object("{\"a\":1}");
+    JSONItem array("[1]");
+    JSONItem empty("[1]");
+    empty.Clear();
     for (const Call& call : notA)
-        EXPECT_EQ(Raised([&] { call(item); }), "12 JSONItem is not a array");
+        EXPECT_EQ(Raised([&] { call(object); }), "12 JSONItem is not a array");
     for (const Call& call : notAn)
-        EXPECT_EQ(Raised([&] { call(item); }), "12 JSONItem is not an array");
-    EXPECT_EQ(item.ToString(), "{\"a\":1}");
-    EXPECT_FALSE(item.IsArray());
-}
-
-TEST(JSONItem, ValuesUnderANameRefuseAnArrayEvenAnEmptyOne) {
-    const Call calls[] = {[](JSONItem& item) { item.Value("a"); },
-                          [](JSONItem& item) { item.SetValue("a", 1); },
-                          [](JSONItem& item) { item.Lookup("a", 1); }};
-    JSONItem item("[1]");
-    for (const char* text : {"[1]", "[]"}) {
-        for (const Call& call : calls)
-            EXPECT_EQ(Raised([&] { call(item); }), "13 JSONItem is an array");
-        EXPECT_EQ(item.ToString(), text);
-        item.Clear();
+        EXPECT_EQ(Raised([&] { call(object); }), "12 JSONItem is not an array");
+    for (const Call& call : isAn) {
+        EXPECT_EQ(Raised([&] { call(array); }), "13 JSONItem is an array");
+        EXPECT_EQ(Raised([&] { call(empty); }), "13 JSONItem is an array");
     }
+    EXPECT_EQ(object.ToString() + array.ToString() + empty.ToString(), "{\"a\":1}[1][]");
+    EXPECT_FALSE(object.IsArray());
 }
 
 /// The values of an array after the call, and "X" if it raised KeyNotFoundException.
 std::string After(const std::string& text, const Call& call) {
     JSONItem item(text);
-    std::string fault;
+    std::string raised;
     try {
         call(item);
     } catch (const KeyNotFoundException&) {
-        fault = "X";
+        raised = "X";
     }
     std::map<int64_t, std::string> values;
     for (int64_t i = 0; i < item.Count(); ++i)
@@ -64,32 +61,29 @@ std::string After(const std::string& text, const Call& call) {
     std::string list;
     for (const auto& [index, value] : values)
         list += (list.empty() ? "" : " ") + std::to_string(index) + "=" + value;
-    return list + fault;
-}
-
-/// An index and the values after the operation.
-using Places = std::vector<std::pair<int64_t, std::string>>;
-
-void ExpectInserted(const std::string& text, const Places& cases) {
-    for (const auto& [index, left] : cases)
-        EXPECT_EQ(After(text, [i = index](JSONItem& item) { item.Insert(i, 7); }), left) << text;
-}
-
-void ExpectRemoved(const std::string& text, const Places& cases) {
-    for (const auto& [index, left] : cases)
-        EXPECT_EQ(After(text, [i = index](JSONItem& item) { item.Remove(i); }), left) << text;
+    return list + raised;
 }
 
 TEST(JSONItem, InsertAndRemoveMoveTheValuesBehind) {
-    const Places inserted = {{1, "0=1 1=7 2=2"}, {0, "0=7 1=1 2=2"}, {2, "0=1 1=2 2=7"},
-                             {4, "0=1 1=2 4=7"}, {-1, "0=1 1=2X"},   {INT64_MIN, "0=1 1=2X"}};
-    const Places removed = {
-        {0, "0=2 1=3"}, {1, "0=1 1=3"}, {2, "0=1 1=2"}, {7, "0=1 1=2"}, {INT64_MAX, "0=1 1=2"}};
-    ExpectInserted("[1,2]", inserted);
-    ExpectInserted("[]", {{0, "0=7"}});
-    ExpectRemoved("[1,2,3]", removed);
-    ExpectRemoved("[1,2]", {{-1, "-1=1 0=2"}, {-2, "0=1 1=2X"}});
-    ExpectRemoved("[]", {{0, "X"}});
+    const auto inserted = [](const std::string& text, int64_t index) {
+        return After(text, [index](JSONItem& item) { item.Insert(index, 7); });
+    };
+    const auto removed = [](const std::string& text, int64_t index) {
+        return After(text, [index](JSONItem& item) { item.Remove(index); });
+    };
+    const std::pair<int64_t, std::string> places[] = {{1, "0=1 1=7 2=2"}, {0, "0=7 1=1 2=2"},
+                                                      {2, "0=1 1=2 2=7"}, {4, "0=1 1=2 4=7"},
+                                                      {-1, "0=1 1=2X"},   {INT64_MIN, "0=1 1=2X"}};
+    for (const auto& [index, left] : places)
+        EXPECT_EQ(inserted("[1,2]", index), left);
+    for (const int64_t index : {int64_t{2}, int64_t{7}, INT64_MAX})
+        EXPECT_EQ(removed("[1,2,3]", index), "0=1 1=2") << index;
+    EXPECT_EQ(removed("[1,2,3]", 0), "0=2 1=3");
+    EXPECT_EQ(removed("[1,2,3]", 1), "0=1 1=3");
+    EXPECT_EQ(removed("[1,2]", -1), "-1=1 0=2");
+    EXPECT_EQ(removed("[1,2]", -2), "0=1 1=2X");
+    EXPECT_EQ(inserted("[]", 0), "0=7");
+    EXPECT_EQ(removed("[]", 0), "X");
 }
 
 TEST(JSONItem, ValuesAfterAGapCanNotBeMoved) {
@@ -121,7 +115,7 @@ TEST(JSONItem, WritesAnArrayInTheOrderOfItsIndexes) {
     item.SetValue(-1, "before");
     item.SetValue(0, "none");
     EXPECT_EQ(item.ToString(), "[\"before\",\"none\",\"five\"]");
-    EXPECT_EQ(item.Names(), std::vector<std::string>());
+    EXPECT_TRUE(item.Names().empty());
     EXPECT_EQ(item.Name(0), "");
 }
 

@@ -25,20 +25,17 @@ std::string Written(const Variant& value) {
 }
 
 TEST(JSONWrite, GivesEachTypeItsForm) {
-    using Forms = std::vector<std::pair<Variant, std::string>>;
-    const Forms plain = {
+    const std::pair<Variant, std::string> cases[] = {
         {Variant(), "null"}, {true, "true"},        {false, "false"},    {-7, "-7"},
         {2.5f, "2.5"},       {100.0, "100.0"},      {-0.25, "-0.25"},    {NAN, "null"},
-        {INFINITY, "null"},  {int64_t{100}, "100"}, {-INFINITY, "null"}, {Ref<JSONItem>(), "null"}};
-    const Forms special = {{INT64_MIN, "-9223372036854775808"},
-                           {0.1f, "0.100000001490116"},
-                           {"a/b", "\"a\\/b\""},
-                           {Variant(std::string("\xE9\0", 2), Encodings::UTF16), "\"é\""},
-                           {Variant("é", TextEncoding::None), "\"é\""}};
-    for (const Forms& forms : {plain, special}) {
-        for (const auto& [value, text] : forms)
-            EXPECT_EQ(Written(value), text);
-    }
+        {INFINITY, "null"},  {int64_t{100}, "100"}, {-INFINITY, "null"}, {Ref<JSONItem>(), "null"},
+        {"a/b", "\"a\\/b\""}};
+    for (const auto& [value, text] : cases)
+        EXPECT_EQ(Written(value), text);
+    EXPECT_EQ(Written(INT64_MIN), "-9223372036854775808");
+    EXPECT_EQ(Written(0.1f), "0.100000001490116");
+    EXPECT_EQ(Written(Variant(std::string("\xE9\0", 2), Encodings::UTF16)), "\"é\"");
+    EXPECT_EQ(Written(Variant("é", TextEncoding::None)), "\"é\"");
 }
 
 TEST(JSONWrite, EscapesEachRangeUpToItsEdges) {
@@ -63,9 +60,8 @@ TEST(JSONWrite, EscapesEachRangeUpToItsEdges) {
 
 TEST(JSONWrite, LeavesBytesThatAreNoCharacterAsTheyAre) {
     for (const std::string bytes :
-         {"\xC2", "\xE2\x80", "\xE2\x80(", "\xFF\xFE", "\xEF\xBF", "\xAD"}) {
+         {"\xC2", "\xE2\x80", "\xE2\x80(", "\xFF\xFE", "\xEF\xBF", "\xAD"})
         EXPECT_EQ(Written(bytes), "\"" + bytes + "\"");
-    }
     EXPECT_EQ(Written("\xE2\xE2\x80\x8C"), "\"\xE2\\u200C\"");
 }
 
@@ -102,8 +98,7 @@ TEST(JSONWrite, TakesDictionariesAndCollections) {
     EXPECT_EQ(Written(collection), "[{\"k\\/y\":1,\"7\":\"seven\"},[],{}]");
 }
 
-class OpenItem : public JSONItem {
- public:
+struct OpenItem : JSONItem {
     using JSONItem::_RenderAsJavascript;
 };
 
@@ -125,9 +120,8 @@ TEST(JSONWrite, RefusesValuesThatJSONLacks) {
         EXPECT_EQ(Raised([&] { Written(value); }), "11 Unrecognized Object" + detail);
 }
 
-constexpr char kCircular[] = "14 Circular Reference Detected";
-
-TEST(JSONWrite, RefusesADocumentThatHoldsItself) {
+TEST(JSONWrite, RefusesADocumentThatHoldsItselfOrIsTooDeep) {
+    constexpr char kCircular[] = "14 Circular Reference Detected";
     const Ref<JSONItem> item = New<JSONItem>();
     const Ref<JSONItem> inner = New<JSONItem>();
     inner->SetValue("back", item);
@@ -137,46 +131,25 @@ TEST(JSONWrite, RefusesADocumentThatHoldsItself) {
     collection->Add(item);
     EXPECT_EQ(Raised([&] { Written(collection); }), kCircular);
     inner->Clear();
-    EXPECT_EQ(item->ToString(), "{\"in\":{}}") << "and the item is freed";
+    EXPECT_EQ(item->ToString(), "{\"in\":{}}");
+    Ref<JSONItem> nested = New<JSONItem>();
+    for (int levels = 1; levels < 1000; ++levels) {
+        const Ref<JSONItem> child = std::exchange(nested, New<JSONItem>());
+        nested->Append(child);
+    }
+    EXPECT_EQ(nested->ToString().size(), 2000u);
+    EXPECT_EQ(Raised([&] { Written(nested); }), kCircular);
 }
 
-TEST(JSONWrite, TakesThousandLevels) {
-    const auto nested = [](int levels) {
-        Ref<JSONItem> item = New<JSONItem>();
-        for (int i = 1; i < levels; ++i) {
-            const Ref<JSONItem> outer = New<JSONItem>();
-            outer->Append(item);
-            item = outer;
-        }
-        return item;
-    };
-    EXPECT_EQ(nested(1000)->ToString().size(), 2000u);
-    EXPECT_EQ(Raised([&] { nested(1001)->ToString(); }), kCircular);
-}
-
-TEST(JSONStringBuffer, DoublesAndNothingElse) {
+TEST(JSONStringBuffer, DoublesItsSize) {
     JSONStringBuffer buffer(uint64_t{4});
-    buffer.Append("abcd");
-    EXPECT_EQ(buffer.data->Size(), 4u);
-    buffer.Append("e");
-    EXPECT_EQ(buffer.data->Size(), 8u);
-    buffer.Append(std::string(20, 'x'));
-    EXPECT_EQ(buffer.data->Size(), 32u);
+    const std::pair<std::string, uint64_t> cases[] = {
+        {"abcd", 4}, {"e", 8}, {std::string(20, 'x'), 32}};
+    for (const auto& [text, size] : cases) {
+        buffer.Append(text);
+        EXPECT_EQ(buffer.data->Size(), size);
+    }
     EXPECT_EQ(std::string(buffer), "abcde" + std::string(20, 'x'));
-}
-
-TEST(JSONStringBuffer, CountsCharacters) {
-    JSONStringBuffer buffer(std::string_view("日本 and plain bytes"));
-    EXPECT_EQ(buffer.binaryLength, 22u);
-    EXPECT_EQ(buffer.Len(), 18u);
-    buffer.Append("日\xE6");
-    EXPECT_EQ(buffer.Len(), 20u);
-    buffer.Append("\x97\xA5");
-    EXPECT_EQ(buffer.Len(), 20u) << "the character was counted with its first byte";
-    EXPECT_EQ(buffer.StringValue().Encoding, TextEncoding::None);
-}
-
-TEST(JSONStringBuffer, StartsFromNothing) {
     JSONStringBuffer empty(std::string_view(""));
     empty.Append("abc");
     EXPECT_EQ(std::string(empty), "abc");
@@ -186,6 +159,17 @@ TEST(JSONStringBuffer, StartsFromNothing) {
     EXPECT_EQ(fresh.data->Size(), 1024u);
     fresh = "def";
     EXPECT_EQ(std::string(fresh), "abcdef");
+}
+
+TEST(JSONStringBuffer, CountsCharacters) {
+    JSONStringBuffer buffer(std::string_view("日本 and plain bytes"));
+    EXPECT_EQ(buffer.binaryLength, 22u);
+    EXPECT_EQ(buffer.Len(), 18u);
+    for (const char* half : {"日\xE6", "\x97\xA5"}) {
+        buffer.Append(half);
+        EXPECT_EQ(buffer.Len(), 20u) << "a character counts with its first byte";
+    }
+    EXPECT_EQ(buffer.StringValue().Encoding, TextEncoding::None);
 }
 
 TEST(JSONException, MessageHasNeitherPositionNorDetailWhereThereIsNone) {

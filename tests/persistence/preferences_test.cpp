@@ -25,12 +25,12 @@ std::string Stored(const std::string& higher, const std::string& quit, const std
            ",\"NonReleaseVersion\":" + build + ",\"IconVersion\":" + icons + "}";
 }
 
-/// What the end of the program writes.
+/// The file that the end of the program writes.
 std::string Written(const std::string& higher, const std::string& quit, const std::string& icons) {
-    return "{\n  \"AllowOpenHigherVersion\":" + higher +
-           ",\n  \"AllowQuitButtonActiveted\":" + quit +
-           ",\n  \"NonReleaseVersion\":" + Str(Application::NonReleaseVersion()) +
-           ",\n  \"IconVersion\":\"" + icons + "\"\n}";
+    const std::string build = Str(Application::NonReleaseVersion());
+    JSONItem document(Stored(higher, quit, build, "\"" + icons + "\""));
+    document.Compact = false;
+    return document.ToString();
 }
 
 std::string Values() {
@@ -39,7 +39,7 @@ std::string Values() {
            Str(Preferences::pNonReleaseVersion) + " " + Preferences::pIconVersion;
 }
 
-/// Sets values that nothing but the reading of the file can have put there.
+/// Sets values that only a test can set.
 void Disturb() {
     Preferences::gAllowOpenHigherVersion = true;
     Preferences::gAllowQuitButtonActiveted = true;
@@ -57,19 +57,11 @@ std::string Started(bool option = false, bool command = false) {
     return Values();
 }
 
-/// Arrays in arrays, in the innermost one so many numbers.
-std::string Nested(int levels, int numbers) {
-    std::string text(static_cast<size_t>(levels), '[');
-    for (int i = 0; i < numbers; ++i)
-        text += "0,";
-    return text + "0" + std::string(static_cast<size_t>(levels), ']');
-}
-
 /// A user's home of its own, in which this test program keeps its preferences.
 class PreferencesTest : public testing::Test {
  protected:
     PreferencesTest() {
-        setenv("XDG_CONFIG_HOME", configuration_.c_str(), 1);
+        setenv("XDG_CONFIG_HOME", (home_ / "config").c_str(), 1);
         Preferences::Prefs = nullptr;
     }
     ~PreferencesTest() override {
@@ -82,14 +74,12 @@ class PreferencesTest : public testing::Test {
         home_.Write(relative_, text);
     }
     std::string Contents() const { return home_.Read(relative_); }
-    bool IsThere() const { return access(file_.c_str(), F_OK) == 0; }
+    bool Exists(const std::string& path) const { return access(path.c_str(), F_OK) == 0; }
 
     const test::TemporaryFolder home_;
     const std::string name_ = Application::ExecutableFile()->Name();
     const std::string relative_ = "config/" + name_ + "/" + name_ + ".pref";
     const std::string file_ = home_ / relative_;
-    const std::string configuration_ = home_ / "config";
-    const std::string folder_ = configuration_ + "/" + name_;
     const std::string stored_ = Stored("true", "false", "77", "\"10.2\"");
 };
 
@@ -99,8 +89,8 @@ TEST_F(PreferencesTest, FirstRunMakesTheFolderAndItsEndTheFile) {
     Preferences::Save();
     EXPECT_EQ(Values(), "1 1 -1 disturbed") << "there is no store yet";
     EXPECT_EQ(Started(), kDefaults);
-    EXPECT_EQ(access(folder_.c_str(), F_OK), 0);
-    EXPECT_FALSE(IsThere());
+    EXPECT_TRUE(Exists(home_ / "config/" + name_));
+    EXPECT_FALSE(Exists(file_));
     Preferences::gAllowOpenHigherVersion = true;
     Preferences::pIconVersion = "9.0";
     Preferences::pNonReleaseVersion = 4711;
@@ -120,23 +110,29 @@ TEST_F(PreferencesTest, OnlyBothKeysTogetherDeleteTheFile) {
         EXPECT_EQ(Started(false, true), values);
         EXPECT_EQ(Contents(), text);
         EXPECT_EQ(Started(true, true), kDefaults);
-        EXPECT_FALSE(IsThere());
-        EXPECT_EQ(access(folder_.c_str(), F_OK), 0);
+        EXPECT_FALSE(Exists(file_));
+        EXPECT_TRUE(Exists(home_ / "config/" + name_));
         Preferences::Save();
         EXPECT_EQ(Contents(), Written("false", "false", ""));
     }
 }
 
 TEST_F(PreferencesTest, AFileThatCanNotBeUsedIsReplacedAtTheEnd) {
-    std::vector<std::string> hostile = {"",      " \n\t", "{",  "[]",
-                                        "[1,2]", "[1,2",  "42", "\xEF\xBB\xBF{}"};
-    hostile.push_back("[{\"AllowOpenHigherVersion\":true}]");
-    hostile.push_back(
-        "{\"AllowOpenHigherVersion\":true,\"AllowQuitButtonActiveted\":true,\"IconVersion\":"
-        "\"1\"}");
-    hostile.push_back(Stored("{}", "true", "1", "\"1\""));
-    hostile.push_back(std::string(1 << 20, '['));
-    for (const std::string& text : hostile) {
+    const std::string missing = stored_.substr(0, stored_.find(",\"Icon")) + "}";
+    const std::string array = "[" + stored_ + "]";
+    const std::string another = Stored("{}", "true", "1", "\"1\"");
+    const std::vector<std::string> texts = {"",
+                                            " \n\t",
+                                            "{",
+                                            "[]",
+                                            "[1,2",
+                                            "42",
+                                            "\xEF\xBB\xBF{}",
+                                            array,
+                                            missing,
+                                            another,
+                                            std::string(1 << 20, '[')};
+    for (const std::string& text : texts) {
         MakeFile(text);
         EXPECT_EQ(Started(), kDefaults) << text.substr(0, 60);
         EXPECT_EQ(Contents(), text);
@@ -161,11 +157,10 @@ TEST_F(PreferencesTest, KeepsEveryKeyOfAFileThatParses) {
     MakeFile("{\"zoom\":[1.5,{\"x\":null}],\"iconVersion\":\"日\",\"IconVersion\":\"9\"}");
     EXPECT_EQ(Started(), kDefaults) << "other values are missing";
     Preferences::Save();
-    EXPECT_TRUE(
-        Contents().starts_with("{\n  \"zoom\":[\n    1.5,\n    {\n      \"x\":null\n    }\n  ],\n"
-                               "  \"iconVersion\":\"日\",\n  \"IconVersion\":\"\",\n  "
-                               "\"AllowOpenHigherVersion\":false,\n"))
-        << Contents();
+    JSONItem expected("{\"zoom\":[1.5,{\"x\":null}],\"iconVersion\":\"日\",\"IconVersion\":\"\"," +
+                      Written("false", "false", "").substr(1));
+    expected.Compact = false;
+    EXPECT_EQ(Contents(), expected.ToString());
 }
 
 TEST_F(PreferencesTest, LeavesAFileAloneThatIsTooLarge) {
@@ -177,7 +172,11 @@ TEST_F(PreferencesTest, LeavesAFileAloneThatIsTooLarge) {
         EXPECT_EQ(Preferences::Prefs->Save(), size <= kLimit);
     }
     // It grows by its indentation and would be too large to be read again.
-    MakeFile("{\"other\":" + Nested(500, 20'000) + "," + stored_.substr(1));
+    std::string numbers = "0";
+    while (numbers.size() < 40'000)
+        numbers += ",0";
+    MakeFile("{\"other\":" + std::string(500, '[') + numbers + std::string(500, ']') + "," +
+             stored_.substr(1));
     const std::string before = Contents();
     EXPECT_EQ(Started(), "1 0 77 10.2");
     Preferences::Save();
@@ -196,18 +195,14 @@ TEST_F(PreferencesTest, ValuesOfAnotherTypeAreConverted) {
 }
 
 TEST_F(PreferencesTest, AFileThatCanNotBeReadCountsAsAFirstRun) {
-    const std::string stored = home_.Write("stored", stored_);
-    for (const std::string& make : {
-             "mkdir " + file_,
-             "mkfifo " + file_,
-             "ln -s /nowhere/at/all " + file_,
-             "ln -s " + file_ + " " + file_,
-             "rmdir " + folder_ + " && cp " + stored + " " + folder_,
-             "rm -r " + configuration_ + " && cp " + stored + " " + configuration_,
-         }) {
-        ASSERT_EQ(std::system(("rm -rf " + configuration_).c_str()), 0);
-        home_.MakeFolder("config/" + name_);
-        ASSERT_EQ(std::system(make.c_str()), 0);
+    home_.Write("stored", stored_);
+    const std::string prepare = "cd " + home_.Path() + "; folder=config/" + name_ +
+                                "; file=$folder/" + name_ + ".pref; rm -rf config; " +
+                                "mkdir -p $folder; ";
+    for (const std::string make :
+         {"mkdir $file", "mkfifo $file", "ln -s /nowhere/at/all $file", "ln -s $PWD/$file $file",
+          "rmdir $folder; cp stored $folder", "rm -r config; cp stored config"}) {
+        ASSERT_EQ(std::system((prepare + make).c_str()), 0);
         EXPECT_EQ(Started(), kDefaults) << make;
         EXPECT_FALSE(Preferences::Prefs->Save()) << make;
         Preferences::Save();
@@ -220,13 +215,10 @@ TEST_F(PreferencesTest, TheStoreHoldsAnyValueUnderItsName) {
     store["a"] = 1;
     store.Set("a", "two");
     EXPECT_EQ(Variant(store["a"]).StringValue(), "two");
-    try {
-        store.Get("A");
-        FAIL();
-    } catch (const Preferences::PreferenceNotFoundException& exception) {
-        EXPECT_EQ(exception.Message, "Preference value 'A' does not exist.");
-        EXPECT_EQ(exception.ErrorNumber, 0);
-    }
+    EXPECT_THROW(store.Get("A"), Preferences::PreferenceNotFoundException);
+    const Preferences::PreferenceNotFoundException missing("A");
+    EXPECT_EQ(missing.Message, "Preference value 'A' does not exist.");
+    EXPECT_EQ(missing.ErrorNumber, 0);
     EXPECT_FALSE(store.Load());
     EXPECT_TRUE(store.Save());
     PrefsClass again("App");
