@@ -39,7 +39,6 @@ class OsascriptTest : public HelperTest {
     }
 };
 
-/// What belongs to the bundle ends, everything around it runs on.
 TEST_F(OsascriptTest, EndsTheProcessesOfTheBundleAndNoOthers) {
     const std::string bundle = MakeBundle("Folder/A.app");
     const std::string programs = bundle + "/Contents/MacOS/";
@@ -56,22 +55,19 @@ TEST_F(OsascriptTest, EndsTheProcessesOfTheBundleAndNoOthers) {
     const std::string program = MakeRecorder(programs + "program");
     const Words ending[] = {
         {program}, {program}, {MakeRecorder(programs + "Deeper/program")}, {programs + "wrapper"}};
-    {
-        std::vector<pid_t> kept, ended;
-        for (const Words& words : staying)
-            kept.push_back(StartRecorder(words));
-        for (const Words& words : ending)
-            ended.push_back(StartRecorder(words));
-        kept.push_back(Records().back().process);
-        EXPECT_EQ(Records().back().executable, child);
-        const Finished osascript = Quit(bundle);
-        EXPECT_EQ(osascript.code, 0) << osascript.errors;
-        for (const pid_t process : ended)
-            EXPECT_TRUE(EventuallyEnded(process));
-        for (const pid_t process : kept)
-            EXPECT_TRUE(IsRunning(process));
-        EndChildren();
-    }
+    std::vector<pid_t> kept, ended;
+    for (const Words& words : staying)
+        kept.push_back(StartRecorder(words));
+    for (const Words& words : ending)
+        ended.push_back(StartRecorder(words));
+    kept.push_back(Records().back().process);
+    EXPECT_EQ(Records().back().executable, child);
+    const Finished osascript = Quit(bundle);
+    EXPECT_EQ(osascript.code, 0) << osascript.errors;
+    for (const pid_t process : ended)
+        EXPECT_TRUE(EventuallyEnded(process));
+    for (const pid_t process : kept)
+        EXPECT_TRUE(IsRunning(process));
 }
 
 TEST_F(OsascriptTest, FindsTheBundleBehindLinksAndRelativePaths) {
@@ -137,31 +133,27 @@ TEST_F(OsascriptTest, DoesNothingForAnythingButItsLittleLanguage) {
     const std::string bundle = MakeBundle("A.app");
     const pid_t process = StartRecorder({MakeRecorder(bundle + "/Contents/MacOS/program")});
     const std::string quit = kQuit;
-    const std::string scripts[] = {
-        "",
-        quit,
-        "on run {AppPath}\n" + quit,
-        Script(quit) + "\n",
-        Script(quit) + "\n" + quit,
-        "on run {}\nquit application \nend run",
-        "on run {App Path}\nquit application App Path\nend run",
-        "on run AppPath\n" + quit + "\nend run",
-    };
+    const std::string whole = Script(quit);
+    Words scripts = {"",
+                     quit,
+                     "on run {AppPath}\n" + quit,
+                     whole + "\n",
+                     whole + "\n" + quit,
+                     "on run {}\nquit application \nend run",
+                     "on run {App Path}\nquit application App Path\nend run",
+                     "on run AppPath\n" + quit + "\nend run"};
+    for (const char* step :
+         {"", "delay", "delay ", "delay -1", "delay nan", "delay 1x", "delay 0x1",
+          "delay 99999999999999999999", "quit application Other", "do shell script \"true\""})
+        scripts.push_back(Script(quit + "\n" + step));
     for (const std::string& script : scripts)
         Refused("osascript", {"-e", script, bundle}, 2, "isn't understood");
-    Words steps = {"", "delay", "delay ", "delay -1", "delay nan", "delay 1x", "delay 0x1"};
-    for (const char* step :
-         {"delay 99999999999999999999", "quit application Other", "do shell script \"true\""})
-        steps.push_back(step);
-    for (const std::string& step : steps)
-        Refused("osascript", {"-e", Script(quit + "\n" + step), bundle}, 2, "isn't understood");
-    const std::string whole = Script(quit);
-    const Words calls[] = {{},
-                           {"-e", whole},
-                           {whole, bundle},
-                           {"-e", whole, ""},
-                           {"-x", whole, bundle},
-                           {"-e", whole, bundle, bundle}};
+    const std::vector<Words> calls = {{},
+                                      {"-e", whole},
+                                      {whole, bundle},
+                                      {"-e", whole, ""},
+                                      {"-x", whole, bundle},
+                                      {"-e", whole, bundle, bundle}};
     for (const Words& arguments : calls)
         Refused("osascript", arguments, 2, "usage");
     EXPECT_TRUE(IsRunning(process));

@@ -53,20 +53,18 @@ TEST_F(PsTest, ShowsABundlesScriptByItsOwnPath) {
     WriteText(In("interpreter"), "#!/bin/sh\n. \"$1\"\n", 0755);
     const std::string nested = "#!" + In("interpreter");
     const std::string other = MakeStayingScript(programs + "/other", "#!/bin/sh");
-    const struct {
+    struct Case {
         std::string firstLine;
-        Words before;
-        Words after;
-    } cases[] = {
-        {"#!/bin/sh", {}, {"argument", "-c", "--"}},
-        {"#! /bin/sh", {}, {}},
-        {"#!/bin/sh -e", {}, {"-x"}},
-        {"#!/usr/bin/env sh", {}, {}},
-        {"#!/usr/bin/env -S sh -e -u", {}, {"x"}},
-        {nested, {}, {}},
-        {"#!/bin/sh", {"/bin/sh"}, {}},
-        {"#!/bin/sh", {}, {other}},
+        Words before, after;
     };
+    const Case cases[] = {{"#!/bin/sh", {}, {"argument", "-c", "--"}},
+                          {"#! /bin/sh", {}, {}},
+                          {"#!/bin/sh -e", {}, {"-x"}},
+                          {"#!/usr/bin/env sh", {}, {}},
+                          {"#!/usr/bin/env -S sh -e -u", {}, {"x"}},
+                          {nested, {}, {}},
+                          {"#!/bin/sh", {"/bin/sh"}, {}},
+                          {"#!/bin/sh", {}, {other}}};
     for (const auto& each : cases) {
         SCOPED_TRACE(each.firstLine);
         const std::string script = MakeStayingScript(programs + "/a wrapper", each.firstLine);
@@ -99,7 +97,7 @@ TEST_F(PsTest, ShowsAProgramUnderTheInstalledNameOfItsBundle) {
     for (const std::string name : {"program", "script", "link"}) {
         for (const std::string& path : {installed, elsewhere, other, std::string("./")}) {
             SCOPED_TRACE(path + name);
-            // The kernel doesn't tell where a relative link to a program stands.
+            // The kernel doesn't keep the path of a relative link to a program.
             if (name == "link" && path == "./") continue;
             const pid_t process = Start({path + name}, [&] { (void)!chdir(elsewhere.c_str()); });
             EXPECT_TRUE(EventuallyShows(installed + name));
