@@ -35,11 +35,9 @@ class NativeMenus : public test::MenuWorld {
     const ResponderChain::Place place_ = ResponderChain::AddWindow(window_);
 };
 
-TEST_F(NativeMenus, EachItemSendsItsSelectorToWhoeverAnswersIt) {
+TEST_F(NativeMenus, EachItemSendsItsSelector) {
     struct Row {
-        const char* item;
-        const char* selector;
-        const char* title;
+        const char *item, *selector, *title;
     };
     const Row kRows[] = {{"FileClose", "performClose:", "Close"},
                          {"EditUndo", "undo:", "Undo"},
@@ -47,19 +45,19 @@ TEST_F(NativeMenus, EachItemSendsItsSelectorToWhoeverAnswersIt) {
                          {"EditSelectAll", "selectAll:", "Select All"},
                          {"WindowMinimize", "performMiniaturize:", "Minimize"},
                          {"WindowZoom", "performZoom:", "Zoom"}};
+    window_.manager = New<UndoManager>(true);
     for (const Row& row : kRows) {
         window_.log.clear();
         window_.takes.clear();
         EXPECT_FALSE(Enabled(row.item)) << row.item;
         EXPECT_FALSE(Choose(bar_->Find(row.item))) << row.item;
-        window_.manager = New<UndoManager>(true);
         window_.takes = {row.selector, "undoManager"};
         EXPECT_TRUE(Enabled(row.item)) << row.item;
         EXPECT_TRUE(Choose(bar_->Find(row.item))) << row.item;
         EXPECT_EQ(window_.log, std::string(row.selector) + "(" + row.title + ") ");
     }
     EXPECT_TRUE(Choose(bar_->Find("WindowBringAlltoFront")));
-    EXPECT_EQ(user_->timesInFront(), 1) << "the application answers where no window does";
+    EXPECT_EQ(user_->timesInFront(), 1) << "the application answers if no window does";
 }
 
 TEST_F(NativeMenus, OneOfTheTwoValidationsIsEnoughAndNoneAtAllToo) {
@@ -90,56 +88,43 @@ TEST_F(NativeMenus, OneOfTheTwoValidationsIsEnoughAndNoneAtAllToo) {
     }
 }
 
-TEST_F(NativeMenus, RedoAsksTheUndoManagerAndNothingElseCounts) {
-    struct Row {
-        std::set<std::string> takes;
-        bool valid;
-        Ref<NSUndoManager> manager;
-        bool enabled;
+TEST_F(NativeMenus, RedoAsksOnlyTheUndoManager) {
+    const auto enabled = [&](const std::set<std::string>& takes,
+                             const Ref<NSUndoManager>& manager) {
+        window_.takes = takes;
+        window_.manager = manager;
+        return Enabled("EditRedo");
     };
     const Ref<NSUndoManager> can = New<UndoManager>(true);
-    const Ref<NSUndoManager> cannot = New<UndoManager>(false);
-    const Row kRows[] = {
-        {{"redo:", "validateMenuItem:"}, true, can, false},
-        {{"redo:", "validateMenuItem:", "undoManager"}, true, can, true},
-        {{"redo:", "validateMenuItem:", "undoManager"}, false, can, true},
-        {{"redo:", "validateMenuItem:", "undoManager"}, true, cannot, false},
-        {{"redo:", "validateMenuItem:", "undoManager"}, true, nullptr, false},
-        {{"undoManager"}, true, can, false},
-    };
-    for (const Row& row : kRows) {
-        window_.takes = row.takes;
-        window_.validMenuItem = row.valid;
-        window_.manager = row.manager;
-        EXPECT_EQ(Enabled("EditRedo"), row.enabled) << "row " << &row - kRows;
-    }
+    const std::set<std::string> all = {"redo:", "validateMenuItem:", "undoManager"};
+    EXPECT_TRUE(enabled(all, can)) << "although the menu item's validation fails";
+    EXPECT_FALSE(enabled({"undoManager"}, can));
+    window_.validMenuItem = true;
+    EXPECT_FALSE(enabled({"redo:", "validateMenuItem:"}, can));
+    EXPECT_FALSE(enabled(all, New<UndoManager>(false)));
+    EXPECT_FALSE(enabled(all, nullptr));
 }
 
-TEST_F(NativeMenus, ParentsAreFoundByIdentity) {
+TEST_F(NativeMenus, ParentsAreFoundByIdentityAndNativeObjectsByTitle) {
     bar_->Append(nullptr);
     const Ref<MenuItem> undo = bar_->Find("EditUndo");
-    EXPECT_EQ(CocoaMenuItem::GetParentOf(bar_->Find("HelpMenu")), bar_);
-    EXPECT_EQ(CocoaMenuItem::GetParentOf(undo), bar_->Find("EditMenu"));
-    EXPECT_FALSE(CocoaMenuItem::GetParentOf(New<MenuItem>("EditUndo", "&Undo")));
-    EXPECT_FALSE(CocoaMenuItem::GetParentOf(bar_));
-    EXPECT_FALSE(CocoaMenuItem::GetParentOf(nullptr));
-    application_->SetMenuBar(nullptr);
-    EXPECT_FALSE(CocoaMenuItem::GetParentOf(undo));
-}
-
-TEST_F(NativeMenus, NativeSidesAreFoundByTitleFromTheBarDown) {
     const Ref<MenuItem> edit = bar_->Find("EditMenu");
+    EXPECT_EQ(CocoaMenuItem::GetParentOf(bar_->Find("HelpMenu")), bar_);
+    EXPECT_EQ(CocoaMenuItem::GetParentOf(undo), edit);
+    for (const Ref<MenuItem>& none : {New<MenuItem>("EditUndo", "&Undo"), Ref<MenuItem>(bar_), {}})
+        EXPECT_FALSE(CocoaMenuItem::GetParentOf(none));
     EXPECT_TRUE(CocoaMenuItem::GetNSMenu(bar_)->itemWithTitle("Edit"));
     EXPECT_TRUE(CocoaMenuItem::MainMenu()->itemWithTitle("Help"));
     const Ref<NSMenu> menu = CocoaMenuItem::GetNSMenu(edit);
     EXPECT_TRUE(menu->itemWithTitle("Undo"));
     EXPECT_FALSE(menu->itemWithTitle("&Undo"));
-    EXPECT_FALSE(menu->itemWithTitle("Close")) << "it is in another menu";
-    EXPECT_FALSE(CocoaMenuItem::GetNSMenu(bar_->Find("EditUndo"))) << "it is no menu";
+    EXPECT_FALSE(menu->itemWithTitle("Close")) << "in another menu";
+    EXPECT_FALSE(CocoaMenuItem::GetNSMenu(undo)) << "not a menu";
     EXPECT_FALSE(CocoaMenuItem::GetNSMenuItem(nullptr));
     bar_->Find("FileAbout")->Text = "About &us";
-    EXPECT_EQ(CocoaMenuItem::GetNSMenuItem(bar_->Find("FileAbout"))->title(), "About us")
-        << "a new caption holds at once";
+    EXPECT_EQ(CocoaMenuItem::GetNSMenuItem(bar_->Find("FileAbout"))->title(), "About us");
+    application_->SetMenuBar(nullptr);
+    EXPECT_FALSE(CocoaMenuItem::GetParentOf(undo));
 }
 
 /// An item that uses every event of a subclass.

@@ -17,9 +17,10 @@ class CopyFileOrFolder : public ::testing::Test {
     test::TemporaryFolder folder_;
 };
 
-TEST_F(CopyFileOrFolder, AFolderComesToStandInTheDestinationWithAllThatItHolds) {
+TEST_F(CopyFileOrFolder, CopiesAFolderIntoTheDestinationUntilTheFirstFailure) {
     folder_.MakeFolder("from/sub/empty");
     folder_.MakeFolder("to");
+    folder_.MakeFolder("stopped");
     folder_.Write("from/a", "A");
     folder_.Write("from/sub/b", "B");
     folder_.Write("from/z", "Z");
@@ -27,22 +28,15 @@ TEST_F(CopyFileOrFolder, AFolderComesToStandInTheDestinationWithAllThatItHolds) 
     EXPECT_EQ(folder_.Read("to/from/a") + folder_.Read("to/from/sub/b") + folder_.Read("to/from/z"),
               "ABZ");
     EXPECT_TRUE(FolderItem(folder_ / "to/from/sub/empty").Directory());
-    EXPECT_FALSE(Copy("from", "to")) << "the first file is there already";
+    EXPECT_FALSE(Copy("from", "to")) << "the first file exists";
     EXPECT_FALSE(Copy("from", "missing"));
-    EXPECT_FALSE(Copy("from", "from/a")) << "a file as the destination of a folder";
-    folder_.Write("to/sub", "a file in the folder's place");
+    EXPECT_FALSE(Copy("from", "from/a")) << "the destination is a file";
+    folder_.Write("to/sub", "a file instead of the folder");
     EXPECT_FALSE(Copy("from/sub", "to"));
-}
-
-TEST_F(CopyFileOrFolder, AFailureEndsTheCopyAndLeavesWhatWasCopied) {
-    folder_.MakeFolder("from");
-    folder_.MakeFolder("to");
-    folder_.Write("from/a", "A");
     ASSERT_EQ(mkfifo((folder_ / "from/m").c_str(), 0600), 0);
-    folder_.Write("from/z", "Z");
-    EXPECT_FALSE(Copy("from", "to"));
-    EXPECT_EQ(folder_.Read("to/from/a"), "A");
-    EXPECT_FALSE(FolderItem(folder_ / "to/from/z").Exists());
+    EXPECT_FALSE(Copy("from", "stopped"));
+    EXPECT_EQ(folder_.Read("stopped/from/a"), "A");
+    EXPECT_FALSE(FolderItem(folder_ / "stopped/from/z").Exists());
 }
 
 }  // namespace

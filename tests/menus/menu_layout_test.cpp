@@ -1,6 +1,7 @@
 #include "platform/menus/menu_layout.h"
 
 #include "menus/main_menu_bar.h"
+#include "platform/menus/menu_caption.h"
 #include "support/menu_world.h"
 
 namespace dunvey {
@@ -8,47 +9,56 @@ namespace {
 
 class MenuLayout : public test::MenuWorld {
  protected:
+    /// A line for each menu: its caption, then its items, each with its shortcut.
     static std::string Shown(const MenuBar& bar, bool hasApplicationMenu) {
         std::string text;
         for (const MenuOnScreen& menu : MenusOnScreen(bar, hasApplicationMenu)) {
             text += MarkedMenuCaption(*menu.menu) + ":";
-            for (const Ref<MenuItem>& item : menu.items)
+            for (const Ref<MenuItem>& item : menu.items) {
                 text += " " + MarkedCaption(*item);
+                const std::string& shortcut = item->KeyboardShortcut;
+                if (!shortcut.empty()) text += "(" + shortcut + ")";
+                EXPECT_EQ(ParseKeyboardShortcut(shortcut).has_value(), !shortcut.empty());
+            }
             text += "\n";
         }
         return text;
     }
 };
 
-TEST_F(MenuLayout, EveryMenuHasAKeyAndAboutStandsWhereItIsLookedFor) {
+TEST_F(MenuLayout, EveryMenuHasAMnemonicAndAboutFollowsThePlatform) {
     EXPECT_EQ(Shown(MainMenuBar(), false),
-              "&File: Close - Quit\n"
-              "&Edit: &Undo Redo - Cut Copy Paste Delete Select All\n"
-              "&Window: Minimize Zoom - Bring All to Front\n"
+              "&File: Close(Cmd+W) - Quit(Cmd+Q)\n"
+              "&Edit: &Undo(Cmd+Z) Redo(Cmd+Shift+Z) - Cut(Cmd+X) Copy(Cmd+C) Paste(Cmd+V) Delete "
+              "Select All(Cmd+A)\n"
+              "&Window: Minimize(Cmd+M) Zoom - Bring All to Front\n"
               "&Help: About\n");
-    EXPECT_EQ(Shown(MainMenuBar(), true).substr(0, 27), "&File: Close About - Quit\n&");
-    EXPECT_EQ(Shown(MainMenuBar(), true).find("Help"), std::string::npos) << "an empty menu";
+    const std::string withApplicationMenu = Shown(MainMenuBar(), true);
+    EXPECT_EQ(withApplicationMenu.substr(0, 36), "&File: Close(Cmd+W) About - Quit(Cmd");
+    EXPECT_EQ(withApplicationMenu.find("Help"), std::string::npos) << "an empty menu";
     setenv("LC_ALL", "ja_JP.UTF-8", 1);
     EXPECT_EQ(Shown(MainMenuBar(), false),
-              "ファイル(&F): 閉じる - Quit\n"
-              "編集(&E): &Undo Redo - カット コピー ペースト 削除 すべてを選択\n"
-              "ウインドウ(&W): しまう 拡大／縮小 - すべてを手前に移動\n"
+              "ファイル(&F): 閉じる(Cmd+W) - Quit(Cmd+Q)\n"
+              "編集(&E): &Undo(Cmd+Z) Redo(Cmd+Shift+Z) - カット(Cmd+X) コピー(Cmd+C) "
+              "ペースト(Cmd+V) 削除 すべてを選択(Cmd+A)\n"
+              "ウインドウ(&W): しまう(Cmd+M) 拡大／縮小 - すべてを手前に移動\n"
               "ヘルプ(&H): About\n");
 }
 
-TEST_F(MenuLayout, WhatIsHiddenOrMissingLeavesNoTrace) {
+TEST_F(MenuLayout, HiddenAndMissingItemsAreLeftOut) {
     MainMenuBar bar;
     bar.Append(nullptr);
     bar.Find("FileMenu")->Append(nullptr);
     bar.Find("EditMenu")->Visible = false;
     bar.Find("FileClose")->Visible = false;
     bar.Find("FileAbout")->Visible = false;
-    EXPECT_EQ(Shown(bar, false), "&File: Quit\n&Window: Minimize Zoom - Bring All to Front\n");
+    EXPECT_EQ(Shown(bar, false),
+              "&File: Quit(Cmd+Q)\n&Window: Minimize(Cmd+M) Zoom - Bring All to Front\n");
     MenuBar small;
     small.Append(New<MenuItem>("Only", "Only"));
     EXPECT_EQ(Shown(small, false), "");
     small.Item(0)->Append(New<ApplicationMenuItem>("About", "About"));
-    EXPECT_EQ(Shown(small, false), "&Only: About\n") << "there is no menu to move it to";
+    EXPECT_EQ(Shown(small, false), "&Only: About\n") << "no menu to move it to";
 }
 
 TEST_F(MenuLayout, EveryOtherAmpersandIsDoubled) {

@@ -23,15 +23,10 @@ class WindowCommands : public test::MenuWorld {
         for (const Ref<MenuItem>& menu : bar_->Items())
             menu->Validate();
         for (const char* name : {"FileClose", "WindowMinimize", "WindowZoom"})
-            if (bar_->Find(name)->Enabled) letters += MenuCaptionOf(name);
+            if (bar_->Find(name)->Enabled) letters += bar_->Find(name)->Text[0];
         return letters;
     }
     bool Choose(const char* name) const { return MenuWorld::Choose(bar_->Find(name)); }
-    /// Shows the window, holding the program up; the steps must close it.
-    void ShowModal(Window& window, const std::function<void()>& step) {
-        user_->ExpectWindow(window.Title(), {[step](Window&) { step(); }});
-        window.ShowModal();
-    }
     Ref<PlainWindow> Shown() {
         const Ref<PlainWindow> window = New<PlainWindow>();
         user_->ExpectWindow("plain", {});
@@ -40,33 +35,31 @@ class WindowCommands : public test::MenuWorld {
     }
 
     const Ref<MenuBar> bar_ = New<MainMenuBar>();
-
- private:
-    char MenuCaptionOf(const char* name) const { return bar_->Find(name)->Text[0]; }
 };
 
-TEST_F(WindowCommands, FollowTheButtonsOfTheTitleBarButForClosing) {
+TEST_F(WindowCommands, FollowTheTitleBarButtonsExceptClose) {
     PlainWindow window;
     window.CloseButton = window.MinimizeButton = false;
     EXPECT_EQ(Enabled(), "");
-    ShowModal(window, [&] {
-        EXPECT_EQ(Enabled(), "C") << "also without a close button";
-        window.MinimizeButton = window.MaximizeButton = true;
-        EXPECT_EQ(Enabled(), "CMZ");
-        EXPECT_TRUE(Choose("FileClose"));
-        EXPECT_EQ(Enabled(), "") << "it is over, though not yet gone";
-        EXPECT_FALSE(Choose("FileClose"));
-    });
+    user_->ExpectWindow("plain", {[&](Window&) {
+                            EXPECT_EQ(Enabled(), "C") << "also without a close button";
+                            window.MinimizeButton = window.MaximizeButton = true;
+                            EXPECT_EQ(Enabled(), "CMZ");
+                            EXPECT_TRUE(Choose("FileClose"));
+                            EXPECT_EQ(Enabled(), "") << "closed, but not yet destroyed";
+                            EXPECT_FALSE(Choose("FileClose"));
+                        }});
+    window.ShowModal();
     EXPECT_EQ(window.closings, 1);
 }
 
-TEST_F(WindowCommands, GoToTheWindowInFrontAndNeverPastADialog) {
+TEST_F(WindowCommands, GoToTheFrontWindowUnlessADialogIsOpen) {
     const Ref<PlainWindow> below = Shown();
     const Ref<PlainWindow> above = Shown();
     user_->ExpectMessage("asked", headless::ScriptedDesktop::Answer::Action,
                          [&](const MessageDialog&) {
                              below->Show();
-                             EXPECT_EQ(Enabled(), "") << "nothing comes in front of a dialog";
+                             EXPECT_EQ(Enabled(), "") << "the dialog stays in front";
                              EXPECT_FALSE(Choose("FileClose"));
                              EXPECT_TRUE(Choose("WindowBringAlltoFront"));
                          });
@@ -80,7 +73,7 @@ TEST_F(WindowCommands, GoToTheWindowInFrontAndNeverPastADialog) {
     EXPECT_FALSE(Choose("FileClose"));
 }
 
-TEST_F(WindowCommands, AShownWindowLivesUntilItHasClosedOrTheDesktopGoes) {
+TEST_F(WindowCommands, AShownWindowLivesUntilItIsClosedOrTheDesktopIsRemoved) {
     std::weak_ptr<Window> closed = Shown().Shared();
     EXPECT_FALSE(closed.expired());
     EXPECT_TRUE(Choose("FileClose"));
@@ -92,7 +85,7 @@ TEST_F(WindowCommands, AShownWindowLivesUntilItHasClosedOrTheDesktopGoes) {
     InstallDesktop();
 }
 
-TEST_F(WindowCommands, EscapeClosesAWindowThatCanOnlyBeClosed) {
+TEST_F(WindowCommands, EscapeClosesAWindowWhoseOnlyTitleBarButtonIsClose) {
     struct Row {
         bool close, minimize, maximize, closes;
     };

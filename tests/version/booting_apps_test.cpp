@@ -21,7 +21,7 @@ class Booting : public test::World {
     std::string Line(const std::string& path) { return Names("COMM\n" + path + "\n"); }
 };
 
-TEST_F(Booting, NamesComeInTheOrderOfTheListAndAreNoSet) {
+TEST_F(Booting, NamesAreInListOrderWithDuplicates) {
     EXPECT_EQ(
         Names("COMM\n/sbin/init\n" + ProcessLine("CC") + ProcessLine("CS6") + ProcessLine("CC")),
         "Adobe InDesign CC.app|Adobe InDesign CS6.app|Adobe InDesign CC.app|");
@@ -36,10 +36,10 @@ TEST_F(Booting, TheUsersApplicationsFolderMayBeALink) {
     EXPECT_EQ(Line(folder_ / "elsewhere/Programs" + process), "Adobe InDesign CC.app|");
     EXPECT_EQ(Line(folder_ / "Applications" + process), "Adobe InDesign CC.app|");
     EXPECT_EQ(Line(folder_ / "elsewhere" + process), "");
-    EXPECT_EQ(Line("/Applications" + process), "") << "there is no such applications folder";
+    EXPECT_EQ(Line("/Applications" + process), "") << "not the applications folder";
 }
 
-TEST_F(Booting, AListThatFailsReadsAsNothingRunning) {
+TEST_F(Booting, AFailedListMeansNothingIsRunning) {
     Names(ProcessLine("CS6"));
     EXPECT_EQ(Names(""), "");
     unlink((folder_ / "ps-output").c_str());
@@ -66,7 +66,7 @@ TEST_F(Booting, ADifferentApplicationRunsOnlyWhereTheGivenOneDoesNot) {
 
 using Launch = Booting;
 
-TEST_F(Launch, HandsTheDocumentsOverThenOpensTheApplication) {
+TEST_F(Launch, PassesTheDocumentsThenOpensTheApplication) {
     const auto cs6 = Installed("CS6", "8.0.1");
     InDesign::OpenWith(cs6, "/a/One.indd /a/Two\\ Pages.indd ");
     const std::vector<std::vector<std::string>> expected = {

@@ -23,18 +23,16 @@ class InstalledApplications : public test::World {
     }
 };
 
-TEST_F(InstalledApplications, ComeInNumericOrderAndInNameOrderWithinOneMajorVersion) {
-    Installed("CC 2014", "10.0.2");
-    Installed("CS6", "8.0.1");
-    Installed("CC", "9.2.0");
-    Installed("CS5.5", "7.5.3");
-    Installed("CS5", "7.0.4");
+TEST_F(InstalledApplications, AreSortedByMajorVersionThenByName) {
+    for (const auto& [suffix, version] : std::vector<std::pair<std::string, std::string>>{
+             {"CC 2014", "10.0.2"}, {"CS6", "8.0.1"}, {"CS5.5", "7.5.3"}, {"CS5", "7.0.4"}})
+        Installed(suffix, version);
     Installed("Unknown");
-    EXPECT_EQ(Scan(), "Unknown|CS5|CS5.5|CS6|CC|CC 2014|");
-    EXPECT_EQ(Scan(), "Unknown|CS5|CS5.5|CS6|CC|CC 2014|") << "a second scan starts afresh";
+    for (int scan = 0; scan < 2; ++scan)
+        EXPECT_EQ(Scan(), "Unknown|CS5|CS5.5|CS6|CC 2014|");
 }
 
-TEST_F(InstalledApplications, NeedTheirFolderAndABundleOfItsName) {
+TEST_F(InstalledApplications, NeedAFolderAndABundleOfTheSameName) {
     Installed("CS6", "8.0.1");
     folder_.MakeFolder("Applications/Adobe InDesign CC");
     folder_.MakeFolder("Applications/Adobe InDesign CC 2014/Adobe InDesign.app");
@@ -49,12 +47,9 @@ TEST_F(InstalledApplications, NeedTheirFolderAndABundleOfItsName) {
     EXPECT_EQ(Scan(), "CS6|");
     folder_.MakeFolder("Applications/Adobe InDesign/Adobe InDesign.app");
     InDesign::GetInstalledApps();
-    EXPECT_EQ(InDesign::InstalledApps.size(), 2U) << "the name may end where the product's does";
-}
-
-TEST_F(InstalledApplications, AMissingFolderHoldsNone) {
+    EXPECT_EQ(InDesign::InstalledApps.size(), 2U) << "a name without a suffix";
     setenv("HOME", (folder_ / "nobody").c_str(), 1);
-    EXPECT_EQ(Scan(), "");
+    EXPECT_EQ(Scan(), "") << "no applications folder";
 }
 
 class ApplicationVersion : public test::World {
@@ -68,28 +63,28 @@ class ApplicationVersion : public test::World {
 };
 
 TEST_F(ApplicationVersion, ComesFromThePropertyList) {
-    EXPECT_EQ(InDesign::AppVersion(Installed("CS6", "8.1.0")), "8.1.0");
-    EXPECT_EQ(InDesign::AppVersion(Installed("CS3", "CS 3 3.0.1")), "3.0.1");
-    EXPECT_EQ(InDesign::AppVersion(Installed("CS3", "CS 3 CS 3 1")), "CS 3 1");
-    EXPECT_EQ(InDesign::AppVersion(Installed("CS3", "CS 3.0")), "CS 3.0");
-    EXPECT_EQ(InDesign::AppVersion(Installed("CS3", "version CS 3 1")), "version CS 3 1");
-    EXPECT_EQ(InDesign::AppVersion(Installed("CS6", "8.1.1")), "8.1.1") << "read at every call";
+    const std::pair<const char*, const char*> kRows[] = {{"8.1.0", "8.1.0"},
+                                                         {"CS 3 3.0.1", "3.0.1"},
+                                                         {"CS 3 CS 3 1", "CS 3 1"},
+                                                         {"CS 3.0", "CS 3.0"},
+                                                         {"version CS 3 1", "version CS 3 1"}};
+    for (const auto& [text, version] : kRows)
+        EXPECT_EQ(InDesign::AppVersion(Installed("CS6", text)), version);
 }
 
 TEST_F(ApplicationVersion, IsUnknownWithoutAUsableList) {
-    EXPECT_EQ(InDesign::AppVersion(nullptr), "0.0.0");
-    EXPECT_EQ(InDesign::AppVersion(New<FolderItem>(AppPath("none"))), "0.0.0");
-    EXPECT_EQ(InDesign::AppVersion(Installed("CC")), "0.0.0");
-    EXPECT_EQ(InDesign::AppVersion(Installed("CC", "")), "0.0.0");
+    for (const Ref<FolderItem>& item : {Ref<FolderItem>(), New<FolderItem>(AppPath("none")),
+                                        Installed("CC"), Installed("2014", "")})
+        EXPECT_EQ(InDesign::AppVersion(item), "0.0.0");
     const std::string head = "<plist version=\"1.0\"><dict><key>CFBundleShortVersionString</key>";
-    EXPECT_EQ(WithList(""), "0.0.0");
-    EXPECT_EQ(WithList("broken"), "0.0.0");
-    EXPECT_EQ(WithList(head + "<integer>8</integer></dict></plist>"), "0.0.0");
-    EXPECT_EQ(WithList("<plist version=\"1.0\"><dict/></plist>"), "0.0.0");
+    for (const std::string& list :
+         {std::string(), std::string("broken"), head + "<integer>8</integer></dict></plist>",
+          std::string("<plist version=\"1.0\"><dict/></plist>")})
+        EXPECT_EQ(WithList(list), "0.0.0") << list;
     EXPECT_EQ(WithList(head + "<string>8.0</string></dict></plist>"), "8.0");
 }
 
-TEST_F(ApplicationVersion, TwoPointZeroInTheNameDecidesAlone) {
+TEST_F(ApplicationVersion, TwoPointZeroInTheNameOverridesTheList) {
     EXPECT_EQ(InDesign::AppVersion(Installed("2.0")), "2.0.?");
     EXPECT_EQ(InDesign::AppVersion(Installed("2.0", "8.0")), "2.0.?");
     EXPECT_EQ(InDesign::AppVersion(Installed("CC 12.02", "8.0")), "2.0.?");
@@ -105,26 +100,21 @@ class Matching : public test::World {
     static std::string Name(const Ref<FolderItem>& item) { return item ? item->Name() : "nil"; }
 };
 
-TEST_F(Matching, TheLastMatchWinsAndTheLastLookDecidesTheName) {
+TEST_F(Matching, TheLastMatchWinsAndTheLastApplicationDecidesTheName) {
     Installed("CS6", "8.0.1");
-    Installed("CC", "9.2.0");
-    Ref<FileClass> record = Record(8);
-    EXPECT_EQ(Name(record->App), AppName("CS6"));
-    EXPECT_EQ(record->WillUseApp, record->App);
-    EXPECT_EQ(record->AppName, AppName("CS6")) << "composed, since the last one doesn't match";
-    EXPECT_EQ(Record(9)->AppName, AppName("CC"));
-    Installed("CS6 second", "8.1");
-    EXPECT_EQ(Name(Record(8)->App), AppName("CS6 second"));
-    EXPECT_EQ(Name(Record(14)->App), "nil");
-    EXPECT_EQ(Record(14)->AppName, AppName("CC 2019"));
-}
-
-TEST_F(Matching, TheComposedNameNeedNotBeTheInstalledOne) {
+    EXPECT_EQ(Record(8)->AppName, AppName("CS6"));
+    rename((folder_ / "Applications/Adobe InDesign CS6").c_str(), (folder_ / "gone").c_str());
     Installed("renamed", "8.0.1");
     EXPECT_EQ(Record(8)->AppName, AppName("renamed"));
     Installed("CC", "9.2.0");
-    EXPECT_EQ(Record(8)->AppName, AppName("CS6"));
-    EXPECT_EQ(Name(Record(8)->App), AppName("renamed"));
+    const Ref<FileClass> record = Record(8);
+    EXPECT_EQ(Name(record->App), AppName("renamed"));
+    EXPECT_EQ(record->WillUseApp, record->App);
+    EXPECT_EQ(record->AppName, AppName("CS6")) << "composed, since the last one doesn't match";
+    Installed("second", "8.1");
+    EXPECT_EQ(Name(Record(8)->App), AppName("second"));
+    EXPECT_EQ(Name(Record(14)->App), "nil");
+    EXPECT_EQ(Record(14)->AppName, AppName("CC 2019"));
 }
 
 TEST_F(Matching, SevenAndSevenPointFive) {
@@ -137,11 +127,11 @@ TEST_F(Matching, SevenAndSevenPointFive) {
     EXPECT_EQ(Name(Record(7, 0)->App), AppName("CS5.5")) << "both match, the later one wins";
 }
 
-TEST_F(Matching, OddVersionTexts) {
+TEST_F(Matching, VersionTextsAreComparedFieldByField) {
     Installed("CS5.5", "7");
     EXPECT_EQ(Name(Record(7, 5)->App), "nil") << "a version without a second field";
     Installed("Unknown");
-    EXPECT_EQ(Name(Record(0)->App), AppName("Unknown")) << "0 is the first field of 0.0.0";
+    EXPECT_EQ(Name(Record(0)->App), AppName("Unknown")) << "its version is 0.0.0";
     Installed("Padded", "08.0");
     EXPECT_EQ(Name(Record(8)->App), "nil") << "text, not numbers";
 }

@@ -35,20 +35,16 @@ TEST_F(RegExXojoTest, EmptyTextMakesNoObject) {
     EXPECT_FALSE(RegExXojo::reg);
 }
 
-TEST_F(RegExXojoTest, ShowsAnAlertForAMetacharacterAlone) {
+TEST_F(RegExXojoTest, ShowsAnAlertForAMetacharacterAloneAndForABrokenPattern) {
     for (const char* pattern : {"^", "$", "\\b"}) {
         user_->ExpectMessage("Metacharacters ^ $ \\b cannot be used alone.");
         EXPECT_EQ(RegExXojo::Replace("text", pattern, "x", 0, true), "text");
     }
     EXPECT_EQ(RegExXojo::Replace("text", "^t", "T", 0, true), "Text");
     EXPECT_TRUE(RegExXojo::Mach("text", "^", 0, true)) << "matching has no such rule";
-}
-
-TEST_F(RegExXojoTest, ShowsABrokenPatternAndReturnsNothing) {
-    const std::string message = "RegEx error: \nmissing closing parenthesis";
-    user_->ExpectMessage(message);
+    for (int i = 0; i < 2; ++i)
+        user_->ExpectMessage("RegEx error: \nmissing closing parenthesis");
     EXPECT_EQ(RegExXojo::Replace("text", "(", "x", 0, true), "");
-    user_->ExpectMessage(message);
     EXPECT_FALSE(RegExXojo::Mach("text", "(", 0, true));
 }
 

@@ -18,22 +18,17 @@ class MenuItems : public test::MenuWorld {
     const Ref<MenuItem> menu_ = New<MenuItem>("Menu");
 };
 
-TEST(MenuCaption, TheFirstAmpersandMarksTheCharacterBehindIt) {
-    struct Row {
-        std::string text;
-        std::string title;
-        std::optional<size_t> mnemonic;
-    };
-    const Row kRows[] = {
+TEST(MenuCaption, TheFirstAmpersandMarksTheNextCharacter) {
+    const std::tuple<std::string, std::string, std::optional<size_t>> kRows[] = {
         {"&Undo", "Undo", 0},    {"Save &As", "Save As", 5},
         {"&A&B", "A&B", 0},      {"編集(&E)", "編集(E)", 7},
         {"Plain", "Plain", {}},  {"End&", "End", {}},
         {"A && B", "A & B", {}}, {"A & B", "A  B", {}},
         {"&", "", {}},           {"", "", {}},
     };
-    for (const Row& row : kRows) {
-        EXPECT_EQ(MenuCaption(row.text).title, row.title) << row.text;
-        EXPECT_EQ(MenuCaption(row.text).mnemonic, row.mnemonic) << row.text;
+    for (const auto& [text, title, mnemonic] : kRows) {
+        EXPECT_EQ(MenuCaption(text).title, title) << text;
+        EXPECT_EQ(MenuCaption(text).mnemonic, mnemonic) << text;
     }
 }
 
@@ -58,69 +53,56 @@ TEST_F(MenuItems, AreFoundByNameInTheOrderOfTheTree) {
     Add("Inner")->Append(below);
     Add("Twice", "behind");
     EXPECT_EQ(menu_->Find("Twice"), below);
-    EXPECT_FALSE(menu_->Find("Menu")) << "it doesn't find itself";
+    EXPECT_FALSE(menu_->Find("Menu")) << "not one of its own items";
     EXPECT_FALSE(menu_->Item(0));
     EXPECT_EQ(menu_->Count(), 3);
     EXPECT_THROW(menu_->Item(3), OutOfBoundsException);
     EXPECT_THROW(menu_->Item(-1), OutOfBoundsException);
 }
 
-TEST_F(MenuItems, StraySeparatorsDontShow) {
-    // One letter an item; a capital one is hidden, "." is a nil.
+TEST_F(MenuItems, SeparatorsAreShownOnlyBetweenItems) {
+    // A letter is an item, a capital or "=" a hidden one, "." nil.
     const std::pair<std::string, std::string> kRows[] = {
-        {"", ""},     {"-", ""},    {"--a-b--", "a-b"}, {"a--b", "a-b"},   {"a-B-c", "a-c"},
-        {"A-b", "b"}, {"a-B", "a"}, {"a-.-b", "a-b"},   {"a-b-c", "a-b-c"}};
+        {"", ""},     {"-", ""},    {"--a-b--", "a-b"}, {"a--b", "a-b"},    {"a-B-c", "a-c"},
+        {"A-b", "b"}, {"a-B", "a"}, {"a-.-b", "a-b"},   {"a-b-c", "a-b-c"}, {"a=b", "ab"}};
     for (const auto& [items, shown] : kRows) {
         MenuItem menu;
         for (const char c : items) {
-            menu.Append(c == '.' ? nullptr : New<MenuItem>("", std::string(1, c)));
-            if (c >= 'A') menu.Items().back()->Visible = c >= 'a';
+            menu.Append(c == '.' ? nullptr : New<MenuItem>("", std::string(1, c == '=' ? '-' : c)));
+            if (c != '.') menu.Items().back()->Visible = c == '-' || c >= 'a';
         }
         std::string texts;
         for (const Ref<MenuItem>& item : menu.ItemsShown())
             texts += item->Text;
         EXPECT_EQ(texts, shown) << items;
     }
-    const Ref<MenuItem> separator = Add("hidden", "-");
-    separator->Visible = false;
-    Add("a");
-    menu_->Append(separator);
-    Add("b");
-    EXPECT_EQ(menu_->ItemsShown().size(), 2U) << "a hidden separator separates nothing";
 }
 
-TEST_F(MenuItems, AValidationEnablesWhatSomebodyServes) {
+TEST_F(MenuItems, ValidateEnablesItemsThatHaveAnAction) {
     menu_->Append(nullptr);
-    const Ref<MenuItem> plain = Add("Plain");
-    const Ref<MenuItem> served = Add("Served");
-    served->Action = [] { return true; };
-    const Ref<MenuItem> parent = Add("Parent");
+    const Ref<MenuItem> plain = Add("Plain"), served = Add("Served"), parent = Add("Parent"),
+                        manual = Add("Manual"), quit = New<QuitMenuItem>("Quit");
+    served->Action = parent->Action = [] { return true; };
     parent->Append(New<MenuItem>("Child"));
-    EXPECT_FALSE(Choose(parent));
-    EXPECT_TRUE(parent->Enabled);
-    parent->Action = served->Action;
-    const Ref<MenuItem> manual = Add("Manual");
-    manual->AutoEnable = false;
-    const Ref<MenuItem> quit = New<QuitMenuItem>("Quit");
-    quit->AutoEnable = quit->Enabled = false;
+    manual->AutoEnable = quit->AutoEnable = quit->Enabled = false;
     menu_->Append(quit);
     served->Enabled = parent->Enabled = false;
     menu_->Validate();
     EXPECT_FALSE(plain->Enabled);
     EXPECT_TRUE(served->Enabled);
-    EXPECT_TRUE(parent->Enabled);
-    EXPECT_TRUE(manual->Enabled) << "as the program set it";
+    EXPECT_TRUE(parent->Enabled) << "it has items";
+    EXPECT_TRUE(manual->Enabled) << "set by the program";
     EXPECT_TRUE(quit->Enabled);
     EXPECT_FALSE(Choose(plain));
     EXPECT_FALSE(Choose(parent));
 }
 
-TEST_F(MenuItems, OnlyWhatIsEnabledAndVisibleCanBeChosen) {
+TEST_F(MenuItems, OnlyEnabledAndVisibleItemsCanBeChosen) {
     int chosen = 0;
     const Ref<MenuItem> item = Add("Item");
     item->Action = [&] { return ++chosen < 3; };
     item->Enabled = false;
-    EXPECT_TRUE(Choose(item)) << "validated afresh";
+    EXPECT_TRUE(Choose(item)) << "validated again";
     item->Visible = false;
     EXPECT_FALSE(Choose(item));
     item->Visible = true;
@@ -128,13 +110,13 @@ TEST_F(MenuItems, OnlyWhatIsEnabledAndVisibleCanBeChosen) {
     EXPECT_FALSE(Choose(item));
     item->Enabled = true;
     EXPECT_TRUE(Choose(item));
-    EXPECT_FALSE(Choose(item)) << "the handler's own answer";
+    EXPECT_FALSE(Choose(item)) << "the handler's result";
     item->Text = "-";
     EXPECT_FALSE(Choose(item));
     EXPECT_EQ(chosen, 3);
 }
 
-TEST_F(MenuItems, AnItemLivesWhileItIsCarriedOut) {
+TEST_F(MenuItems, AnItemLivesWhileItsActionRuns) {
     Ref<MenuItem> item = New<MenuItem>("Item");
     const std::weak_ptr<MenuItem> watched = item.Shared();
     item->Action = [&] {
@@ -150,10 +132,10 @@ TEST_F(MenuItems, QuitEndsTheProgramOnce) {
     const Ref<MenuItem> quit = New<QuitMenuItem>("FileQuit", "Quit");
     EXPECT_THROW(Choose(quit), EndException);
     EXPECT_TRUE(application_->closed);
-    EXPECT_TRUE(Choose(quit)) << "it is under way already";
+    EXPECT_TRUE(Choose(quit)) << "already ending";
 }
 
-TEST(ResponderChain, AsksTheWindowInFrontThenTheApplication) {
+TEST(ResponderChain, AsksTheFrontWindowThenTheApplication) {
     const auto first = [](const char* action) {
         return ResponderChain::FirstThatTakes(NSSelectorFromString(action));
     };
