@@ -34,10 +34,10 @@ TEST_F(ExceptionReport, NamesTheExceptionItsMessageAndItsOrigin) {
     EXPECT_NE(report.find("(src/platform/files/streams.cpp:"), std::string::npos) << report;
 }
 
-TEST_F(ExceptionReport, StandardErrorHasItWithoutAScreenToo) {
+TEST_F(ExceptionReport, IsWrittenToStandardErrorWithoutADisplayToo) {
     Desktop::Install(nullptr);
-    const std::string report = Report([] { throw NilObjectException("nothing there"); });
-    EXPECT_NE(report.find("unhandled NilObjectException: nothing there"), std::string::npos);
+    const std::string report = Report([] { throw KeyNotFoundException("nothing there"); });
+    EXPECT_NE(report.find("unhandled KeyNotFoundException: nothing there"), std::string::npos);
     EXPECT_NE(report.find("exception_report_test.cpp:"), std::string::npos) << report;
     InstallDesktop();
 }

@@ -8,12 +8,12 @@
 namespace dunvey {
 namespace {
 
-/// The road from the events to the launches, with the recorders at its end.
-class Road : public test::World {
+/// From open-document events to the launch commands, which recorders receive.
+class Opening : public test::World {
  protected:
-    ~Road() override { Application::Register(nullptr); }
+    ~Opening() override { Application::Register(nullptr); }
 
-    /// One run of the program on these documents; returns the exit code.
+    /// Runs the program on these documents; returns the exit code.
     int Open(const std::vector<Ref<FolderItem>>& documents) {
         Application::Register(New<App>());
         for (const auto& document : documents)
@@ -33,7 +33,7 @@ class Road : public test::World {
     using Calls = std::vector<std::vector<std::string>>;
 };
 
-TEST_F(Road, OneCommandForEachVersionInAscendingOrder) {
+TEST_F(Opening, OneCommandForEachVersionInAscendingOrder) {
     Installed("CS5.5", "7.5.3");
     Installed("CS6", "8.0.1");
     Installed("2021", "16.4.0");
@@ -45,22 +45,21 @@ TEST_F(Road, OneCommandForEachVersionInAscendingOrder) {
     EXPECT_EQ(Open({a, b, c, d, e, b}), 0);
     EXPECT_EQ(OpenCalls(), (Calls{Start("CS5.5", {c}), Again("CS5.5"), Start("CS6", {b, e, b}),
                                   Again("CS6"), Start("2021", {a, d}), Again("2021")}));
-    EXPECT_EQ(PsRuns(), 6U) << "the process list is read anew for each document";
+    EXPECT_EQ(PsRuns(), 6U) << "the process list is read for each document";
 }
 
-TEST_F(Road, TheCommandIsThisTextToTheLastBlank) {
+TEST_F(Opening, TheWholeCommandLine) {
     folder_.Write("command", "");
     Installed("CS6", "8.0.1");
     EXPECT_EQ(Open({Document("a b.indd", 8), Document("c.indd", 8)}), 0);
     const std::string folder = folder_.Path();
-    const std::string application = folder +
-                                    "/Applications/Adobe\\ InDesign\\ CS6/"
-                                    "Adobe\\ InDesign\\ CS6.app";
+    const std::string application =
+        folder + "/Applications/Adobe\\ InDesign\\ CS6/Adobe\\ InDesign\\ CS6.app";
     EXPECT_EQ(folder_.Read("command"), "open -a " + application + " " + folder + "/a\\ b.indd " +
                                            folder + "/c.indd  && open " + application + "\n");
 }
 
-TEST_F(Road, TheCommandKeyIsReadOnlyWhereItDecides) {
+TEST_F(Opening, TheCommandKeyIsReadOnlyWhereItMatters) {
     Installed("CS6", "8.0.1");
     Installed("CC", "9.2.0");
     int readings = 0;
@@ -82,7 +81,7 @@ TEST_F(Road, TheCommandKeyIsReadOnlyWhereItDecides) {
     EXPECT_EQ(readings, 3);
 }
 
-TEST_F(Road, OtherFilesAreLeftOutAndSayNothing) {
+TEST_F(Opening, OtherFilesAreIgnored) {
     Installed("CS6", "8.0.1");
     const auto document = Document("a.indd", 8);
     const auto note = New<FolderItem>(folder_.Write("note.txt", "text"));
@@ -92,12 +91,12 @@ TEST_F(Road, OtherFilesAreLeftOutAndSayNothing) {
     EXPECT_EQ(OpenCalls(), (Calls{Start("CS6", {document}), Again("CS6")}));
 }
 
-TEST_F(Road, AnApplicationThatIsGoneAtTheLaunchIsLeftOutInSilence) {
+TEST_F(Opening, AnApplicationRemovedBeforeTheLaunchIsSkippedSilently) {
     Installed("CS6", "8.0.1");
     Installed("CC", "9.2.0");
     const auto lost = Document("a.indd", 8);
     const auto kept = Document("b.indd", 9);
-    // The key is read after the intake: as good a moment as any to lose an application.
+    // The key is read after the applications were found and before they are started.
     headless::TheMachine().readCommandKey = [this] {
         rename(AppPath("CS6").c_str(), (folder_ / "trash").c_str());
         return false;
@@ -106,7 +105,7 @@ TEST_F(Road, AnApplicationThatIsGoneAtTheLaunchIsLeftOutInSilence) {
     EXPECT_EQ(OpenCalls(), (Calls{Start("CC", {kept}), Again("CC")}));
 }
 
-TEST_F(Road, TheGatheringEndsWhenTheTimerFires) {
+TEST_F(Opening, CollectingDocumentsEndsWhenTheTimerFires) {
     Installed("CS6", "8.0.1");
     Ref<App> app = New<App>();
     Application::Register(app);
@@ -114,16 +113,17 @@ TEST_F(Road, TheGatheringEndsWhenTheTimerFires) {
     EXPECT_EQ(app->t->Mode(), Timer::kOff);
     EXPECT_EQ(app->t->Period(), 1);
     app->Event_OpenDocument(nullptr);
-    EXPECT_EQ(app->t->Mode(), Timer::kOnce) << "a rejected item restarts the wait as well";
+    EXPECT_EQ(app->t->Mode(), Timer::kOnce) << "a rejected item restarts the timer too";
     app->CanAccepted = false;
     app->Event_OpenDocument(Document("late.indd", 8));
-    EXPECT_EQ(app->t->Mode(), Timer::kOff) << "a late document leaves it off";
+    EXPECT_EQ(app->t->Mode(), Timer::kOff) << "a late document is ignored";
     EXPECT_TRUE(app->Files.empty());
 }
 
-class Batch : public Road {
+class Batch : public Opening {
  protected:
-    /// Documents with these version keys in this order, a "-" ahead of a withdrawn one.
+    /// The files of each command for documents with these version keys, in this order. "-" marks a
+    /// withdrawn document, "nil" a missing application.
     Calls Launch(const std::vector<std::string>& keys) {
         unlink((folder_ / "open-calls").c_str());
         const auto application = Installed("CS6", "8.0.1");
@@ -145,26 +145,22 @@ class Batch : public Road {
     }
 };
 
-TEST_F(Batch, GroupsEndWhereTheKeyChanges) {
-    EXPECT_EQ(Launch({}), Calls{});
-    EXPECT_EQ(Launch({"14"}), (Calls{{"/0"}}));
-    EXPECT_EQ(Launch({"14", "15"}), (Calls{{"/0"}, {"/1"}}));
-    EXPECT_EQ(Launch({"14", "14"}), (Calls{{"/0", "/1"}}));
-    EXPECT_EQ(Launch({"14", "14", "15"}), (Calls{{"/0", "/1"}, {"/2"}}));
-    EXPECT_EQ(Launch({"14", "15", "15"}), (Calls{{"/0"}, {"/1", "/2"}}));
-    EXPECT_EQ(Launch({"14", "15", "16"}), (Calls{{"/0"}, {"/1"}, {"/2"}}));
-    EXPECT_EQ(Launch({"15", "15.0"}), (Calls{{"/0"}, {"/1"}})) << "keys are texts";
-}
-
-TEST_F(Batch, WithdrawnDocumentsAreDropped) {
-    EXPECT_EQ(Launch({"-8", "-8", "-9", "-9", "-10"}), Calls{});
-    EXPECT_EQ(Launch({"-8", "8", "-8"}), (Calls{{"/1"}}));
-    EXPECT_EQ(Launch({"8", "-8", "9", "-9", "9"}), (Calls{{"/0"}, {"/2", "/4"}}));
-}
-
-TEST_F(Batch, AMissingApplicationCostsItsOwnGroupOnly) {
-    EXPECT_EQ(Launch({"nil", "8", "8"}), (Calls{{"/1", "/2"}}));
-    EXPECT_EQ(Launch({"8", "nil"}), (Calls{{"/0"}}));
+TEST_F(Batch, GroupsEndWhereTheKeyChangesAndSkipWithdrawnDocuments) {
+    const std::pair<std::vector<std::string>, Calls> kRows[] = {
+        {{}, {}},
+        {{"14"}, {{"/0"}}},
+        {{"14", "15"}, {{"/0"}, {"/1"}}},
+        {{"14", "14"}, {{"/0", "/1"}}},
+        {{"14", "14", "15"}, {{"/0", "/1"}, {"/2"}}},
+        {{"14", "15", "15"}, {{"/0"}, {"/1", "/2"}}},
+        {{"15", "15.0"}, {{"/0"}, {"/1"}}},
+        {{"-8", "-8", "-9", "-9", "-10"}, {}},
+        {{"-8", "8", "-8"}, {{"/1"}}},
+        {{"8", "-8", "9", "-9", "9"}, {{"/0"}, {"/2", "/4"}}},
+        {{"nil", "8", "8"}, {{"/1", "/2"}}},
+        {{"8", "nil"}, {{"/0"}}}};
+    for (const auto& [keys, expected] : kRows)
+        EXPECT_EQ(Launch(keys), expected) << ::testing::PrintToString(keys);
 }
 
 }  // namespace

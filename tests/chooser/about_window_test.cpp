@@ -22,7 +22,7 @@ class About : public test::Chooser {
     const Ref<App> app_ = New<App>();
 };
 
-TEST_F(About, TellsTheProgramsNameAndVersionAndIsTheOnlyOne) {
+TEST_F(About, ShowsNameAndVersionInASingleWindow) {
     user_->ExpectWindow("", {});
     ChooseAbout();
     const Ref<AboutWindow> window = AboutWindow::Instance();
@@ -38,36 +38,21 @@ TEST_F(About, TellsTheProgramsNameAndVersionAndIsTheOnlyOne) {
     ChooseAbout();
     const Ref<AboutWindow> next = AboutWindow::Instance();
     EXPECT_FALSE(next == window);
-    EXPECT_EQ(next->LabelName()->Text(), "chooser_tests") << "it is filled anew";
+    EXPECT_EQ(next->LabelName()->Text(), "chooser_tests") << "a new window is filled again";
     next->Close();
 }
 
 TEST_F(About, DrawsTheBundlesOwnIconAtTheSmallerSide) {
-    class Surface final : public Graphics {
-     public:
-        int64_t Width() const override { return 64; }
-        int64_t Height() const override { return 40; }
-        void FillRect(int64_t, int64_t, int64_t, int64_t) override {}
-        void DrawLine(int64_t, int64_t, int64_t, int64_t) override {}
-        void DrawPicture(const Picture& picture, int64_t x, int64_t y) override {
-            EXPECT_EQ(x, 0);
-            EXPECT_EQ(y, 0);
-            size = picture.Width();
-            pixel = picture.PixelsFor(1).Pixels.at(0);
-        }
-        int64_t size = 0;
-        uint32_t pixel = 0;
-    } surface;
+    test::Paper paper;
     AboutWindow window;
-    window.CanvasAppIcon()->Event_Paint(surface);
-    EXPECT_EQ(surface.size, 40);
+    window.CanvasAppIcon()->Event_Paint(paper);
     const std::string executable = Application::ExecutableFile()->NativePath();
     const std::string bundle = executable.substr(0, executable.rfind("/Contents/"));
-    const Bitmap expected = user_->IconForFile(bundle)->CGImageForProposedRect({0, 0, 1, 1});
-    EXPECT_EQ(surface.pixel, expected.Pixels.at(0));
+    const Bitmap icon = user_->IconForFile(bundle)->CGImageForProposedRect({0, 0, 1, 1});
+    EXPECT_EQ(paper.drawn.str(), "picture 0 0 0 26 " + std::to_string(icon.Pixels.at(0)) + "; ");
 }
 
-TEST_F(About, ComesUpOverTheChooserAndOutlivesIt) {
+TEST_F(About, OpensOverTheChooserAndOutlivesIt) {
     Installed("CS6", "8.0.1");
     headless::TheMachine().commandKey = true;
     Expect({[this](Window1& chooser) {

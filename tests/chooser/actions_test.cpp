@@ -8,8 +8,6 @@ namespace {
 
 using test::Chooser;
 
-const char kMixed[] = "Multiple InDesign.apps will be launched.";
-
 class ChooserActions : public Chooser {
  protected:
     ChooserActions() {
@@ -30,7 +28,7 @@ class ChooserActions : public Chooser {
     Step DoubleClick(int64_t row) {
         return [this, row](Window1& window) { user_->DoubleClick(*window.AppList(), row); };
     }
-    /// Takes the step in the first turn after so many quit requests.
+    /// Takes the step in the first turn after this many quit requests.
     void AfterRequests(size_t count, const std::function<void()>& step) {
         user_->DuringTurn([this, count, step] {
             QuitCalls().size() < count ? AfterRequests(count, step) : step();
@@ -48,7 +46,7 @@ class ChooserActions : public Chooser {
     const Ref<FolderItem> document_ = Document("a.indd", 8);
 };
 
-TEST_F(ChooserActions, TheDesktopsCloseLeavesTheDocumentOutAndTheMenusCloseKeepsWhatWasJudged) {
+TEST_F(ChooserActions, TheDesktopsCloseCancelsAndTheMenusCloseKeepsTheSelection) {
     headless::TheMachine().commandKey = true;
     Expect({[this](Window1& window) { user_->CloseByTheDesktop(window); }});
     Open({document_});
@@ -58,35 +56,25 @@ TEST_F(ChooserActions, TheDesktopsCloseLeavesTheDocumentOutAndTheMenusCloseKeeps
     EXPECT_EQ(Opened(), Starts{"CS6: a.indd"});
 }
 
-TEST_F(ChooserActions, TheChoiceIsWrittenIntoTheRecord) {
-    headless::TheMachine().commandKey = true;
-    Expect({[this](Window1& window) { user_->Toggle(*window.CheckBox1()); }, Select(2), Return()});
-    Open({document_});
-    const Ref<FileClass> record = App::Instance()->Files.at(0);
-    EXPECT_EQ(record->WillUseVer, "9.0");
-    EXPECT_EQ(record->WillUseApp->NativePath(), AppPath("CC"));
-    EXPECT_TRUE(record->WillOpen);
-    EXPECT_EQ(Opened(), Starts{"CC: a.indd"});
-}
-
-TEST_F(ChooserActions, ADoubleClickOpensOnlyWhatTheOpenButtonWould) {
+TEST_F(ChooserActions, ADoubleClickOpensOnlyWhatTheOpenButtonOpens) {
     Expect({DoubleClick(0), DoubleClick(2)});
     Open({Document("b.indd", 7, 5)});
     EXPECT_EQ(Opened(), Starts{"CC: b.indd"});
 }
 
-TEST_F(ChooserActions, AnotherVersionBesideARunningOneIsWarnedOf) {
+TEST_F(ChooserActions, WarnsOfAnotherRunningVersionUnlessTheChosenOneRuns) {
     Running({"CC"});
-    const auto look = [](const MessageDialog& dialog) {
-        EXPECT_EQ(dialog.Icon, MessageDialog::kCaution);
-        EXPECT_EQ(dialog.ActionButton->Caption, "Cancel");
-        EXPECT_EQ(dialog.CancelButton->Caption, "Quit Dunvey");
-        EXPECT_EQ(dialog.AlternateActionButton->Caption, "Ignore warning");
-        EXPECT_EQ(dialog.Explanation,
-                  "InDesign.app to launched should keep only one as much as possible.");
-    };
     Expect({Return(), Escape()});
-    user_->ExpectMessage(kMixed, Answer::Dismiss, look);
+    user_->ExpectMessage(
+        "Multiple InDesign.apps will be launched.", Answer::Dismiss,
+        [](const MessageDialog& dialog) {
+            EXPECT_EQ(dialog.Icon, MessageDialog::kCaution);
+            EXPECT_EQ(dialog.ActionButton->Caption, "Cancel");
+            EXPECT_EQ(dialog.CancelButton->Caption, "Quit Dunvey");
+            EXPECT_EQ(dialog.AlternateActionButton->Caption, "Ignore warning");
+            EXPECT_EQ(dialog.Explanation,
+                      "InDesign.app to launched should keep only one as much as possible.");
+        });
     Open({document_});
     EXPECT_EQ(Opened(), Starts{});
     EXPECT_EQ(user_->timesInFront(), 1);
@@ -94,10 +82,10 @@ TEST_F(ChooserActions, AnotherVersionBesideARunningOneIsWarnedOf) {
     headless::TheMachine().commandKey = true;
     Expect({Return()});
     Open({document_});
-    EXPECT_EQ(Opened(), Starts{"CS6: a.indd"}) << "the chosen one runs itself";
+    EXPECT_EQ(Opened(), Starts{"CS6: a.indd"});
 }
 
-TEST_F(ChooserActions, QuittingTheOtherVersionClearsTheWay) {
+TEST_F(ChooserActions, QuittingTheOtherVersionUpdatesTheChooserAndCountsForTheRestOfTheRun) {
     Running({"CC"});
     AfterQuit({});
     Expect({Select(2), QuitSelected(),
@@ -105,42 +93,40 @@ TEST_F(ChooserActions, QuittingTheOtherVersionClearsTheWay) {
                 EXPECT_EQ(Column(window, 2), (std::vector<std::string>{"", "", ""}));
                 EXPECT_FALSE(window.Canvas2()->Backdrop());
                 EXPECT_EQ(window.LabelMsg()->Text(), "");
-                EXPECT_EQ(window.AppList()->ListIndex(), 1);
+                EXPECT_EQ(window.AppList()->ListIndex(), 0);
                 EXPECT_FALSE(window.PushButton3()->Enabled());
             },
             Return()});
-    Open({document_});
-    EXPECT_EQ(Opened(), Starts{"CS6: a.indd"});
+    Open({Document("b.indd", 7), document_});
+    EXPECT_EQ(Opened(), (Starts{"CS5: b.indd", "CS6: a.indd"}));
     const std::string script = "on run {AppPath}\nquit application AppPath\ndelay 1\nend run";
     EXPECT_EQ(QuitCalls(), (std::vector<std::vector<std::string>>{{"-e", script, AppPath("CC")}}));
 }
 
-TEST_F(ChooserActions, AVersionThatRefusesToQuitIsAskedAgainUntilTheUserHasEnough) {
-    Running({"CC"});
+TEST_F(ChooserActions, AQuitRequestIsRepeatedUntilEscapeOrTheEndOfTheProgram) {
     Window1* open = nullptr;
-    // The helper's second takes real time, in which any number of turns may come.
-    const auto quitUntil = [&](const std::function<void()>& enough) {
-        return [this, &open, enough](Window1& window) {
-            open = &window;
-            AfterRequests(2, enough);
-            user_->Press(*window.PushButton3());
-        };
-    };
-    Expect({Select(2), quitUntil([&] {
-                EXPECT_FALSE(open->PushButton3()->Enabled());
-                EXPECT_TRUE(open->Busy());
-                EXPECT_EQ(open->AppList()->Note(),
-                          "Waiting for CC to quit. Escape leaves the document out.");
-                user_->Escape(*open);
-            })});
-    EXPECT_EQ(Open({document_}), 0);
-    EXPECT_EQ(Opened(), Starts{});
-    Expect({Select(2), quitUntil([] { NSApplication::terminate(); })});
-    EXPECT_EQ(Open({document_}), 0);
-    EXPECT_EQ(Opened(), Starts{}) << "the end of the program launches nothing";
+    const std::function<void()> kEnds[] = {
+        [&] {
+            EXPECT_FALSE(open->PushButton3()->Enabled());
+            EXPECT_TRUE(open->Busy());
+            EXPECT_EQ(open->AppList()->Note(),
+                      "Waiting for CC to quit. Escape leaves the document out.");
+            user_->Escape(*open);
+        },
+        [] { NSApplication::terminate(); }};
+    Running({"CC"});
+    for (const auto& end : kEnds) {
+        Expect({Select(2), [&](Window1& window) {
+                    open = &window;
+                    AfterRequests(2, end);
+                    user_->Press(*window.PushButton3());
+                }});
+        EXPECT_EQ(Open({document_}), 0);
+        EXPECT_EQ(Opened(), Starts{});
+    }
 }
 
-TEST_F(ChooserActions, APressInsideARunningRequestStartsALoopOfItsOwn) {
+TEST_F(ChooserActions, APressDuringAQuitRequestRunsANestedLoop) {
     Running({"CS5", "CC"});
     Window1* open = nullptr;
     Expect({Select(2),
@@ -164,9 +150,9 @@ TEST_F(ChooserActions, APressInsideARunningRequestStartsALoopOfItsOwn) {
     EXPECT_EQ(QuitCalls().back().back(), AppPath("CS5"));
 }
 
-TEST_F(ChooserActions, TheUserActsInTheMiddleOfARebuild) {
+TEST_F(ChooserActions, TheUserActsWhileTheChooserIsRebuilt) {
     Window1* open = nullptr;
-    // The rebuild has begun once no request is waited for.
+    // The rebuild starts when the window is no longer busy.
     std::function<void(std::function<void()>)> duringRebuild = [&](std::function<void()> act) {
         user_->DuringTurn([&, act] { open->Busy() ? duringRebuild(act) : act(); });
     };
@@ -193,7 +179,7 @@ TEST_F(ChooserActions, TheUserActsInTheMiddleOfARebuild) {
     EXPECT_EQ(Opened(), Starts{"CS6: a.indd"});
 }
 
-TEST_F(ChooserActions, AnApplicationThatVanishedDoesNothingInSilence) {
+TEST_F(ChooserActions, ARemovedApplicationIsNeitherOpenedNorQuit) {
     Running({"CS6", "CC"});
     headless::TheMachine().commandKey = true;
     Expect({[this](Window1&) { rename(AppPath("CS6").c_str(), (folder_ / "gone").c_str()); },
@@ -202,7 +188,7 @@ TEST_F(ChooserActions, AnApplicationThatVanishedDoesNothingInSilence) {
     EXPECT_TRUE(QuitCalls().empty());
 }
 
-TEST_F(ChooserActions, OneChooserAfterTheOtherThenTheRunInTheOrderOfItsVersions) {
+TEST_F(ChooserActions, OneChooserForEachDocumentThenLaunchesInVersionOrder) {
     headless::TheMachine().commandKey = true;
     const auto showing = [](const std::string& name) {
         return [name](Window1& window) { EXPECT_EQ(window.LabelFileName()->Text(), name); };
@@ -213,37 +199,22 @@ TEST_F(ChooserActions, OneChooserAfterTheOtherThenTheRunInTheOrderOfItsVersions)
     Expect({showing("high.indd"), Escape()});
     Open({Document("high.indd", 9), Document("low.indd", 7), Document("middle.indd", 8)});
     EXPECT_EQ(Opened(), (Starts{"CS6: middle.indd", "CC: low.indd"}));
+    EXPECT_EQ(App::Instance()->Files.back()->WillUseVer, "9.0");
 }
 
-TEST_F(ChooserActions, WhatWasQuitForOneDocumentNoLongerCountsForTheNext) {
-    Running({"CC"});
-    AfterQuit({});
-    Expect({Select(2), QuitSelected(), Return()});
-    Open({Document("a.indd", 7), Document("b.indd", 8)});
-    EXPECT_EQ(Opened(), (Starts{"CS5: a.indd", "CS6: b.indd"}));
-}
-
-TEST_F(ChooserActions, ALateDocumentIsDropped) {
-    headless::TheMachine().commandKey = true;
-    Expect({[this](Window1&) { loop_.PostOpenDocument(Document("late.indd", 9)); }, Return()});
-    Open({document_});
-    EXPECT_EQ(Opened(), Starts{"CS6: a.indd"});
-}
-
-TEST_F(ChooserActions, WithoutAScreenOnlyTheQuestionsAreLeftOut) {
+TEST_F(ChooserActions, WithoutADisplayOnlyDocumentsThatNeedAChooserAreLeftOut) {
     Desktop::Install(nullptr);
     Desktop::SetLoader(
         []() -> std::unique_ptr<Desktop> { throw DesktopUnavailableException("No display."); });
     ::testing::internal::CaptureStderr();
-    const int code = Open({Document("lost one.indd", 12), document_});
-    const std::string said = ::testing::internal::GetCapturedStderr();
-    EXPECT_EQ(code, 1);
+    EXPECT_EQ(Open({Document("lost one.indd", 12), document_}), 1);
+    const std::string output = ::testing::internal::GetCapturedStderr();
     EXPECT_EQ(Opened(), Starts{"CS6: a.indd"});
-    EXPECT_EQ(said, "Dunvey: \"" + folder_.Path() +
-                        "/lost one.indd\" isn't opened: it must be asked in which version. "
-                        "No display.\n");
+    EXPECT_EQ(output, "Dunvey: \"" + folder_.Path() +
+                          "/lost one.indd\" isn't opened: it must be asked in which version. "
+                          "No display.\n");
     headless::TheMachine().commandKey = true;
-    EXPECT_EQ(Open({document_}), 0) << "the key alone is no question";
+    EXPECT_EQ(Open({document_}), 0) << "the Command key alone needs no chooser";
     EXPECT_EQ(Opened(), Starts{"CS6: a.indd"});
     Desktop::SetLoader(nullptr);
     InstallDesktop();

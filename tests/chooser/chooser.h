@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -11,7 +12,32 @@
 
 namespace dunvey::test {
 
-/// Runs of the program in which a chooser comes up.
+/// Records what is drawn into an area of 90 by 26 points.
+class Paper final : public Graphics {
+ public:
+    int64_t Width() const override { return 90; }
+    int64_t Height() const override { return 26; }
+    void FillRect(int64_t x, int64_t y, int64_t width, int64_t height) override {
+        Draw("fill", {x, y, width, height});
+    }
+    void DrawLine(int64_t fromX, int64_t fromY, int64_t toX, int64_t toY) override {
+        Draw("line", {fromX, fromY, toX, toY});
+    }
+    void DrawPicture(const Picture& picture, int64_t x, int64_t y) override {
+        Draw("picture", {x, y, picture.Width(), picture.PixelsFor(1).Pixels.at(0)});
+    }
+    std::ostringstream drawn;
+
+ private:
+    void Draw(const char* what, std::initializer_list<int64_t> numbers) {
+        drawn << what << std::hex << " " << ForeColor.RedGreenBlue << std::dec;
+        for (const int64_t number : numbers)
+            drawn << " " << number;
+        drawn << "; ";
+    }
+};
+
+/// Runs of the program that show a chooser.
 class Chooser : public World {
  protected:
     using Answer = headless::ScriptedDesktop::Answer;
@@ -23,19 +49,19 @@ class Chooser : public World {
     }
     ~Chooser() override { Application::Register(nullptr); }
 
-    /// The next chooser, and what the user does with it, each step an event of its own.
+    /// Expects a chooser, in which the user takes these steps, each as an event of its own.
     void Expect(const std::vector<Step>& steps) {
         std::vector<headless::ScriptedDesktop::Step> all;
         for (const Step& step : steps)
             all.emplace_back([step](Window& window) { step(dynamic_cast<Window1&>(window)); });
         user_->ExpectWindow("Marlit Id - Notification", all);
     }
-    /// What the chooser shows; then it is cancelled.
+    /// Expects a chooser; it is cancelled after the step.
     void Look(const Step& step) {
         Expect({step, [this](Window1& window) { user_->Escape(window); }});
     }
 
-    /// One run of the program on these documents; returns the exit code.
+    /// Runs the program on these documents; returns the exit code.
     int Open(const std::vector<Ref<FolderItem>>& documents) {
         unlink((folder_ / "open-calls").c_str());
         Application::Register(New<App>());
@@ -44,7 +70,11 @@ class Chooser : public World {
         return loop_.Run(*Application::Current());
     }
 
-    /// The documents that went out, each start as "CS6: a.indd b.indd".
+    void RemoveApplications() const {
+        ASSERT_EQ(system(("rm -rf '" + (folder_ / "Applications") + "'/*").c_str()), 0);
+    }
+
+    /// The documents launched, each start as "CS6: a.indd b.indd".
     std::vector<std::string> Opened() const {
         std::vector<std::string> starts;
         for (const auto& call : OpenCalls()) {

@@ -7,16 +7,9 @@ namespace {
 
 using test::Chooser;
 
-struct Version {
-    std::string suffix;
-    std::string text;
-};
-const Version kCS5{"CS5", "7.0.4"};
-const Version kCS55{"CS5.5", "7.5.3"};
-const Version kCS6{"CS6", "8.1.0"};
-const Version kCS6Old{"CS6 old", "8.0.1"};
-const Version kCC{"CC", "9.0.0"};
-const Version k2014{"CC 2014", "10.0.0"};
+using Version = std::pair<std::string, std::string>;
+const Version kCS5{"CS5", "7.0.4"}, kCS55{"CS5.5", "7.5.3"}, kCS6{"CS6", "8.1.0"},
+    kCS6Old{"CS6 old", "8.0.1"}, kCC{"CC", "9.0.0"}, k2014{"CC 2014", "10.0.0"};
 
 TEST_F(Chooser, MarksTheRowsThatMayOpenTheDocumentAndSelectsTheBest) {
     struct Row {
@@ -46,28 +39,27 @@ TEST_F(Chooser, MarksTheRowsThatMayOpenTheDocumentAndSelectsTheBest) {
     headless::TheMachine().commandKey = true;
     for (const Row& row : kRows) {
         SCOPED_TRACE(row.name);
-        ASSERT_EQ(system(("rm -rf '" + (folder_ / "Applications") + "'/*").c_str()), 0);
-        for (const Version& version : row.installed)
-            Installed(version.suffix, version.text);
+        RemoveApplications();
+        for (const auto& [suffix, version] : row.installed)
+            Installed(suffix, version);
         Running(row.running);
         folder_.Write("config/Dunvey.pref", "");
-        Expect({[&](Window1& window) {
-                    if (row.allowHigher) user_->Toggle(*window.CheckBox1());
-                    std::string usable;
-                    for (int64_t i = 0; i < window.AppList()->ListCount(); ++i)
-                        usable += window.AppList()->CellTag(i, 1).BooleanValue() ? 'u' : '-';
-                    EXPECT_EQ(usable, row.usable);
-                    EXPECT_EQ(window.AppList()->ListIndex(), row.selected);
-                    EXPECT_EQ(window.LabelAppName()->HelpTag(),
-                              row.major > 0 ? "" : "The document's version couldn't be read.");
-                    if (row.allowHigher) user_->Toggle(*window.CheckBox1());
-                },
-                [&](Window1& window) { user_->Escape(window); }});
+        Look([&](Window1& window) {
+            if (row.allowHigher) user_->Toggle(*window.CheckBox1());
+            std::string usable;
+            for (int64_t i = 0; i < window.AppList()->ListCount(); ++i)
+                usable += window.AppList()->CellTag(i, 1).BooleanValue() ? 'u' : '-';
+            EXPECT_EQ(usable, row.usable);
+            EXPECT_EQ(window.AppList()->ListIndex(), row.selected);
+            EXPECT_EQ(window.LabelAppName()->HelpTag(),
+                      row.major > 0 ? "" : "The document's version couldn't be read.");
+            if (row.allowHigher) user_->Toggle(*window.CheckBox1());
+        });
         Open({Document("a.indd", row.major, row.minor)});
     }
 }
 
-/// Both buttons in one line: captions, "*" for the default one, "()" around a disabled one.
+/// The captions of both buttons; "*" marks the default one, "()" a disabled one.
 std::string Buttons(const Window1& window) {
     const auto show = [](const PushButton& button) {
         const std::string caption = button.Caption() + (button.Default() ? "*" : "");
@@ -77,32 +69,30 @@ std::string Buttons(const Window1& window) {
 }
 
 TEST_F(Chooser, TheButtonsFollowTheSelectedRow) {
-    Installed("CS5", "7.0.4");
-    Installed("CS5.5", "7.5.3");
-    Installed("CS6", "8.1.0");
-    Installed("CC 2019", "14.0.1");
+    for (const auto& [suffix, version] : {kCS5, kCS55, kCS6, Version{"CC 2019", "14.0.1"}})
+        Installed(suffix, version);
     Running({"CS5", "CC 2019"});
-    const auto select = [&](Window1& window, int64_t row) {
-        user_->Select(*window.AppList(), row);
-        return Buttons(window);
-    };
     Look([&](Window1& window) {
+        const auto select = [&](int64_t row) {
+            user_->Select(*window.AppList(), row);
+            return Buttons(window);
+        };
         EXPECT_EQ(Buttons(window), "Open with CS6* | (Quit)");
-        EXPECT_EQ(select(window, 0), "(Open*) | Quit CS5") << "lower and running";
-        EXPECT_EQ(select(window, 1), "(Open*) | (Quit)") << "lower and not running";
-        EXPECT_EQ(select(window, 3), "(Open*) | Quit CC") << "higher ones aren't allowed";
+        EXPECT_EQ(select(0), "(Open*) | Quit CS5") << "lower and running";
+        EXPECT_EQ(select(1), "(Open*) | (Quit)") << "lower and not running";
+        EXPECT_EQ(select(3), "(Open*) | Quit CC") << "higher ones aren't allowed";
         EXPECT_EQ(window.PushButton1()->HelpTag(),
                   "Newer than the document: tick the box below to allow it, or double-click with "
                   "Control held down.");
         EXPECT_EQ(window.PushButton3()->HelpTag(), "Adobe InDesign CC 2019");
         user_->Toggle(*window.CheckBox1());
-        EXPECT_EQ(window.AppList()->ListIndex(), 2) << "the selection goes to the own version";
-        EXPECT_EQ(select(window, 3), "Open with CC* | Quit CC");
+        EXPECT_EQ(window.AppList()->ListIndex(), 2) << "the equal version is selected";
+        EXPECT_EQ(select(3), "Open with CC* | Quit CC");
         EXPECT_EQ(window.PushButton1()->HelpTag(), "Adobe InDesign CC 2019");
         user_->Toggle(*window.CheckBox2());
         EXPECT_EQ(Buttons(window), "Open with CC | Quit CC*");
-        EXPECT_EQ(select(window, 2), "Open with CS6 | (Quit*)") << "also while it is disabled";
-        EXPECT_EQ(select(window, -1), "(Open) | (Quit)");
+        EXPECT_EQ(select(2), "Open with CS6 | (Quit*)") << "also while it is disabled";
+        EXPECT_EQ(select(-1), "(Open) | (Quit)");
         user_->Toggle(*window.CheckBox2());
         EXPECT_EQ(Buttons(window), "(Open) | (Quit)");
         EXPECT_EQ(window.PushButton2()->Caption(), "Cancel");

@@ -27,12 +27,12 @@ class CopyScript : public ::testing::Test {
     std::string Run(const std::vector<std::string>& words) {
         return ExecuteAppleScript(New<FolderItem>(resources_ / "copyFile.scpt"), words);
     }
-    /// Copies the files named `source` and "1", "2" to the bundle's two icons.
+    /// Copies `source`1 and `source`2 to the bundle's icons; returns the error, "" if none.
     std::string Copy(const std::string& source) {
         return Run({ShellWord(source + "1"), ShellWord(resources_ / kDocument),
                     ShellWord(source + "2"), ShellWord(resources_ / kBook)});
     }
-    /// Entries of the resource folder beside the icons.
+    /// The number of other files in the resource folder.
     static int64_t Others() {
         const Ref<FolderItem> folder = OwnResources();
         return folder->Count() - folder->Child(kDocument)->Exists() -
@@ -45,7 +45,7 @@ class CopyScript : public ::testing::Test {
     const int64_t others_ = Others();
 };
 
-TEST_F(CopyScript, CopiesBothIconsWhateverThePathsHold) {
+TEST_F(CopyScript, CopiesBothIconsFromHostilePaths) {
     const std::vector<std::string> names = test::HostileNames();
     constexpr size_t kTogether = 12;
     for (size_t first = 0; first < names.size(); first += kTogether) {
@@ -58,14 +58,14 @@ TEST_F(CopyScript, CopiesBothIconsWhateverThePathsHold) {
         EXPECT_EQ(Copy(from), "") << from;
         EXPECT_EQ(resources_.Icons(), "1" + from + "2" + from);
     }
-    EXPECT_EQ(Others(), others_) << "nothing else is left there";
+    EXPECT_EQ(Others(), others_);
     EXPECT_EQ(FolderItem(folder_ / "work").Count(), 0) << "nothing was run";
     const auto contents = OwnResources()->Parent()->NativePath();
     EXPECT_EQ(pkexec_.Arguments(),
               "--disable-internal-agent\n" + contents + "/Helpers/write-icons\n");
 }
 
-TEST_F(CopyScript, RefusesOtherArgumentsBeforeTheUserIsAsked) {
+TEST_F(CopyScript, RefusesOtherArgumentsBeforeCallingPkexec) {
     const std::string source = folder_.Write("good", "x");
     const std::vector<std::string> good = {source, ShellWord(resources_ / kDocument), source,
                                            ShellWord(resources_ / kBook)};
@@ -82,14 +82,14 @@ TEST_F(CopyScript, RefusesOtherArgumentsBeforeTheUserIsAsked) {
         }
     }
     EXPECT_NE(Run({source, folder_ / "a", source, good[3]}), "") << "not an icon of this bundle";
-    EXPECT_NE(Run({source, good[3], source, good[1]}), "") << "one for the other";
+    EXPECT_NE(Run({source, good[3], source, good[1]}), "") << "the icons are swapped";
     EXPECT_NE(Run({source, good[1], source}), "");
     EXPECT_NE(Run({source, good[1], source, good[3], source}), "");
     EXPECT_EQ(pkexec_.Calls(), 0);
     EXPECT_EQ(FolderItem(folder_ / "work").Count(), 0) << "nothing was run";
 }
 
-TEST_F(CopyScript, RootNeverOpensASource) {
+TEST_F(CopyScript, RootOpensNoSource) {
     const std::string secret = folder_.Write("secret", "of root");
     const std::string from = folder_ / "from";
     for (const char* number : {"1", "2"}) {
@@ -103,9 +103,9 @@ TEST_F(CopyScript, RootNeverOpensASource) {
     EXPECT_EQ(resources_.Icons(), "12");
 }
 
-TEST_F(CopyScript, OldIconsAreReplacedBothOrNeither) {
+TEST_F(CopyScript, BothOldIconsAreReplacedOrNone) {
     const std::string from = folder_ / "from";
-    // More than a pipe holds: the second source is read while pkexec runs.
+    // Larger than a pipe buffer, so the second source is read while pkexec runs.
     folder_.Write("from1", std::string(1 << 20, 'x'));
     resources_.Write(kDocument, "old 1");
     resources_.Write(kBook, "old 2");
@@ -117,7 +117,7 @@ TEST_F(CopyScript, OldIconsAreReplacedBothOrNeither) {
 
     folder_.Write("from2", "new 2");
     pkexec_.Meanwhile("truncate -s 2 '" + folder_ / "from2'\n");
-    EXPECT_EQ(Copy(from), "An icon is cut short.") << "it shrank meanwhile";
+    EXPECT_EQ(Copy(from), "An icon is cut short.") << "it shrank while it was copied";
     EXPECT_EQ(resources_.Icons(), "old 1old 2");
     pkexec_.Meanwhile("mkdir -p \"${2%/Helpers/*}/Resources/ID_Book_Icon.icns/x\"\n");
     unlink((resources_ / kBook).c_str());
@@ -132,7 +132,7 @@ TEST_F(CopyScript, OldIconsAreReplacedBothOrNeither) {
     folder_.Write("outside", "untouched");
     ASSERT_EQ(symlink((folder_ / "outside").c_str(), (resources_ / kBook).c_str()), 0);
     EXPECT_EQ(Copy(from), "");
-    EXPECT_EQ(resources_.Icons(), "new 1new 2") << "a link in the place of an icon is replaced";
+    EXPECT_EQ(resources_.Icons(), "new 1new 2") << "a link is replaced, not followed";
     EXPECT_EQ(folder_.Read("outside"), "untouched");
     EXPECT_EQ(Others(), others_);
 }

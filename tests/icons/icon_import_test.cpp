@@ -4,6 +4,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <fstream>
+
 #include "menus/general.h"
 #include "persistence/preferences.h"
 #include "support/own_resources.h"
@@ -28,31 +30,27 @@ class IconImport : public test::World {
         Preferences::pIconVersion = "before";
     }
 
-    /// An installed version as the newest, with these icons in its bundle.
+    /// Installs the newest version, with these icons in its bundle.
     Ref<FolderItem> Newest(const std::string& suffix, const std::string& version,
                            const std::vector<std::string>& icons) {
         const Ref<FolderItem> bundle = Installed(suffix, version);
-        const std::string resources =
-            "Applications/Adobe InDesign " + suffix + "/" + AppName(suffix) + "/Contents/Resources";
-        folder_.MakeFolder(resources);
+        const std::string resources = bundle->NativePath() + "/Contents/Resources/";
+        mkdir(resources.c_str(), 0777);
         for (const std::string& icon : icons)
-            folder_.Write(resources + "/" + icon, icon + " of " + version);
+            std::ofstream(resources + icon) << icon + " of " + version;
         InDesign::InstalledApps.push_back(bundle);
         return bundle;
     }
 
     void ExpectNotice() {
-        user_->ExpectMessage(
-            "Import file icons from InDesign.app installed.", {},
-            [this](const MessageDialog& dialog) {
-                EXPECT_EQ(dialog.Explanation, "This process is executed as necessary.");
-                EXPECT_EQ(dialog.Icon, MessageDialog::kNote);
-                EXPECT_EQ(dialog.ActionButton->Caption, "OK");
-                EXPECT_FALSE(dialog.CancelButton->Visible);
-                EXPECT_FALSE(dialog.AlternateActionButton->Visible);
-                EXPECT_EQ(user_->timesInFront(), 1) << "it came to the front first";
-                atNotice_ = resources_.Icons();
-            });
+        user_->ExpectMessage("Import file icons from InDesign.app installed.", {},
+                             [this, before = user_->timesInFront()](const MessageDialog& dialog) {
+                                 EXPECT_EQ(dialog.Explanation,
+                                           "This process is executed as necessary.");
+                                 EXPECT_EQ(dialog.Icon, MessageDialog::kNote);
+                                 EXPECT_EQ(user_->timesInFront(), before + 1);
+                                 atNotice_ = resources_.Icons();
+                             });
     }
     void ExpectFailureAlert() {
         user_->ExpectMessage("Unable to import the icon.", {}, [](const MessageDialog& dialog) {
@@ -62,7 +60,7 @@ class IconImport : public test::World {
         });
     }
 
-    /// Puts a folder in the place of the icon, which only root can remove here. (Permissions don't
+    /// Puts a folder in the place of the icon, which only pkexec removes. (Permissions would not
     /// stop a test that runs as root.)
     void Block(const std::string& icon) {
         mkdir((resources_ / icon).c_str(), 0777);
@@ -75,7 +73,7 @@ class IconImport : public test::World {
     std::string atNotice_;
 };
 
-TEST_F(IconImport, TheNewestVersionsIconsReplaceTheOldOnes) {
+TEST_F(IconImport, IconsOfTheNewestVersionReplaceTheOldOnes) {
     Newest("CS6", "8.0", {kDocument, kBook});
     Newest("CC", "9.2", {kDocument, kBook});
     resources_.Write(kDocument, std::string(9999, 'o'));
@@ -87,7 +85,7 @@ TEST_F(IconImport, TheNewestVersionsIconsReplaceTheOldOnes) {
     EXPECT_EQ(pkexec_.Calls(), 0);
 }
 
-TEST_F(IconImport, WithoutBothIconsNothingHappens) {
+TEST_F(IconImport, NothingHappensWithoutBothIcons) {
     InDesign::GetIconFile();  // nothing installed
     resources_.Write(kDocument, "old");
     Newest("CS6", "8.0", {kDocument, kBook});
@@ -102,14 +100,14 @@ TEST_F(IconImport, WithoutBothIconsNothingHappens) {
     EXPECT_EQ(user_->timesInFront(), 0);
 }
 
-TEST_F(IconImport, TheScriptCopiesWhatTheDirectWayCant) {
+TEST_F(IconImport, TheScriptCopiesIfTheDirectCopyFails) {
     Newest("CC", "9.2", {kDocument, kBook});
     int calls = 0;
     for (const char* blocked : {kDocument, kBook}) {
         Preferences::pIconVersion = "before";
         unlink((resources_ / blocked).c_str());
         Block(blocked);
-        user_->ExpectMessage("Import file icons from InDesign.app installed.");
+        ExpectNotice();
         InDesign::GetIconFile();
         EXPECT_EQ(resources_.Icons(), kBoth);
         EXPECT_EQ(Preferences::pIconVersion, "9.2");
@@ -117,7 +115,7 @@ TEST_F(IconImport, TheScriptCopiesWhatTheDirectWayCant) {
     }
 }
 
-TEST_F(IconImport, WhereBothWaysFailTheUserIsToldAndTheVersionStays) {
+TEST_F(IconImport, IfBothCopiesFailAnAlertIsShownAndTheVersionIsKept) {
     Newest("CC", "9.2", {kDocument, kBook});
     resources_.Write(kDocument, "old");
     Block(kBook);
@@ -126,22 +124,22 @@ TEST_F(IconImport, WhereBothWaysFailTheUserIsToldAndTheVersionStays) {
     ExpectFailureAlert();
     InDesign::GetIconFile();
     EXPECT_EQ(Preferences::pIconVersion, "before");
-    EXPECT_EQ(resources_.Icons(), "ID_Document_Icon.icns of 9.2") << "that copy had worked";
+    EXPECT_EQ(resources_.Icons(), "ID_Document_Icon.icns of 9.2") << "the first copy succeeded";
     EXPECT_EQ(pkexec_.Calls(), 1);
 }
 
-TEST_F(IconImport, AFolderIsNoIconAndALinkIsFollowed) {
+TEST_F(IconImport, AFolderIsRefusedAndALinkIsFollowed) {
     const std::string book =
         Newest("CC", "9.2", {kDocument})->NativePath() + "/Contents/Resources/" + kBook;
     mkdir(book.c_str(), 0777);
-    user_->ExpectMessage("Import file icons from InDesign.app installed.");
+    ExpectNotice();
     ExpectFailureAlert();
     InDesign::GetIconFile();
     EXPECT_EQ(Preferences::pIconVersion, "before");
-    EXPECT_EQ(access((resources_ / kBook).c_str(), F_OK), -1) << "nothing half-made";
+    EXPECT_EQ(access((resources_ / kBook).c_str(), F_OK), -1) << "no partial copy";
     rmdir(book.c_str());
     ASSERT_EQ(symlink(kDocument, book.c_str()), 0);
-    user_->ExpectMessage("Import file icons from InDesign.app installed.");
+    ExpectNotice();
     InDesign::GetIconFile();
     EXPECT_EQ(resources_.Icons(), "ID_Document_Icon.icns of 9.2ID_Document_Icon.icns of 9.2");
     EXPECT_EQ(Preferences::pIconVersion, "9.2");
@@ -157,7 +155,7 @@ TEST_F(IconImport, TheJapaneseNoticeHasTwoLines) {
     InDesign::ShowAlertWillIconCopy();
 }
 
-TEST_F(IconImport, WithoutAScreenNothingChanges) {
+TEST_F(IconImport, NothingChangesWithoutADisplay) {
     Newest("CC", "9.2", {kDocument, kBook});
     resources_.Write(kDocument, "old");
     Desktop::Install(nullptr);

@@ -10,7 +10,7 @@
 namespace dunvey {
 namespace {
 
-/// The picture has bitmaps of the image in two resolutions.
+/// Expects the image's bitmaps in two resolutions.
 void ExpectTwoResolutions(const Ref<Picture>& picture, const Ref<NSImage>& image, int64_t size) {
     ASSERT_TRUE(picture);
     EXPECT_EQ(picture->Width(), size);
@@ -23,7 +23,7 @@ void ExpectTwoResolutions(const Ref<Picture>& picture, const Ref<NSImage>& image
     }
 }
 
-TEST(Icon, HasTwoResolutionsAndIsNilForWhatIsGone) {
+TEST(Icon, HasTwoResolutionsAndIsNilForAMissingFile) {
     Desktop::Install(std::make_unique<headless::ScriptedDesktop>());
     Desktop& desktop = Desktop::Current();
     const test::TemporaryFolder folder;
@@ -39,7 +39,7 @@ TEST(Icon, HasTwoResolutionsAndIsNilForWhatIsGone) {
     Desktop::Install(nullptr);
 }
 
-TEST(CGContext, AnImageOutsideTheContextIsCutOff) {
+TEST(CGContext, ClipsAnImageToTheContext) {
     Bitmap context{3, 2, std::vector<uint32_t>(6)};
     CGContextDrawImage(context, {-1, 1, 3, 2}, {3, 2, {1, 2, 3, 4, 5, 6}});
     EXPECT_EQ(context.Pixels, (std::vector<uint32_t>{0, 0, 0, 2, 3, 0}));
