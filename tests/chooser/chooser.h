@@ -56,9 +56,11 @@ class Chooser : public World {
             all.emplace_back([step](Window& window) { step(dynamic_cast<Window1&>(window)); });
         user_->ExpectWindow("Marlit Id - Notification", all);
     }
-    /// Expects a chooser; it is cancelled after the step.
-    void Look(const Step& step) {
+    /// Runs the program on a document, by default of version 8, and cancels the chooser after the
+    /// step; returns the exit code.
+    int Look(const Step& step, Ref<FolderItem> document = nullptr) {
         Expect({step, [this](Window1& window) { user_->Escape(window); }});
+        return Open({document ? document : Document("a.indd", 8)});
     }
 
     /// Runs the program on these documents; returns the exit code.
@@ -79,7 +81,8 @@ class Chooser : public World {
         std::vector<std::string> starts;
         for (const auto& call : OpenCalls()) {
             if (call.size() < 3) continue;
-            std::string start = SuffixOf(call[1]) + ":";
+            const std::string name = call[1].substr(call[1].rfind('/') + 1);
+            std::string start = name.substr(15, name.size() - 15 - 4) + ":";
             for (size_t i = 2; i < call.size(); ++i)
                 start += " " + call[i].substr(call[i].rfind('/') + 1);
             starts.push_back(start);
@@ -87,12 +90,6 @@ class Chooser : public World {
         return starts;
     }
     using Starts = std::vector<std::string>;
-
-    /// "CS6" of ".../Adobe InDesign CS6.app".
-    static std::string SuffixOf(const std::string& path) {
-        const std::string name = path.substr(path.rfind('/') + 1);
-        return name.substr(15, name.size() - 15 - 4);
-    }
 
     static std::vector<std::string> Column(const Window1& window, int64_t column) {
         std::vector<std::string> texts;

@@ -43,7 +43,7 @@ TEST_F(Chooser, ShowsWhyItAsks) {
             Installed(suffix, suffix == "CS6" ? "8.1.0" : "9.2.0");
         Running(row.running);
         headless::TheMachine().commandKey = row.commandKey;
-        Look([&](Window1& window) {
+        const Step look = [&](Window1& window) {
             EXPECT_EQ(window.idx, 0);
             std::string flags;
             for (const bool flag : {window.IsBootingApp, window.IsBootingOtherApp,
@@ -61,8 +61,8 @@ TEST_F(Chooser, ShowsWhyItAsks) {
                       row.installed.empty() ? " (v8)" : "InDesign CS6 (v8)");
             EXPECT_EQ(Colour(window.Canvas1()->Backdrop()), Colour(Icon::Get(document, 46)));
             EXPECT_EQ(window.Canvas1()->Backdrop()->Width(), 46);
-        });
-        EXPECT_EQ(Open({document}), 0);
+        };
+        EXPECT_EQ(Look(look, document), 0);
         EXPECT_TRUE(Opened().empty());
     }
 }
@@ -99,7 +99,6 @@ TEST_F(Chooser, ControlsFollowTheWindowAndNeverOverlap) {
         EXPECT_EQ(window.Frame, Window::kMovableModal);
         EXPECT_TRUE(window.Resizeable);
     });
-    Open({Document("a.indd", 8)});
 }
 
 TEST_F(Chooser, ListsEveryVersionInOrderWithItsState) {
@@ -130,7 +129,6 @@ TEST_F(Chooser, ListsEveryVersionInOrderWithItsState) {
         EXPECT_EQ(window.LabelFileName()->HelpTag(), folder_ / "a.indd");
         EXPECT_EQ(window.LabelAppName()->HelpTag(), "");
     });
-    Open({Document("a.indd", 8)});
 }
 
 TEST_F(Chooser, HeightFollowsTheRows) {
@@ -148,7 +146,6 @@ TEST_F(Chooser, HeightFollowsTheRows) {
             EXPECT_EQ(window.Width(), 450);
             EXPECT_EQ(window.Height(), height);
         });
-        Open({Document("a.indd", 8)});
     }
 }
 
@@ -191,7 +188,6 @@ TEST_F(Chooser, PaintsCellsByRowColumnSelectionAndWhetherTheyCanOpenTheDocument)
         EXPECT_EQ(drawn(1, 1), "");
         EXPECT_TRUE(answer);
     });
-    Open({Document("a.indd", 8)});
 }
 
 TEST_F(Chooser, HasNoTitleBarButtonsAndItsIconTakesTheClick) {
@@ -205,7 +201,6 @@ TEST_F(Chooser, HasNoTitleBarButtonsAndItsIconTakesTheClick) {
         EXPECT_EQ(window.FileAbout(), window.MenuBar()->Find("FileAbout"));
         EXPECT_TRUE(window.EditUndo());
     });
-    Open({Document("a.indd", 8)});
 }
 
 TEST_F(Chooser, CheckBoxesShowAndSaveThePreferences) {
@@ -216,12 +211,10 @@ TEST_F(Chooser, CheckBoxesShowAndSaveThePreferences) {
         user_->Toggle(*window.CheckBox1());
         user_->Toggle(*window.CheckBox2());
     });
-    Open({Document("a.indd", 8)});
     Preferences::gAllowOpenHigherVersion = Preferences::gAllowQuitButtonActiveted = false;
     Look([](Window1& window) {
         EXPECT_TRUE(window.CheckBox1()->Value() && window.CheckBox2()->Value());
     });
-    Open({Document("a.indd", 8)});
     Preferences::gAllowOpenHigherVersion = Preferences::gAllowQuitButtonActiveted = false;
 }
 

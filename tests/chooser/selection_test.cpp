@@ -44,7 +44,7 @@ TEST_F(Chooser, MarksTheRowsThatMayOpenTheDocumentAndSelectsTheBest) {
             Installed(suffix, version);
         Running(row.running);
         folder_.Write("config/Dunvey.pref", "");
-        Look([&](Window1& window) {
+        const Step look = [&](Window1& window) {
             if (row.allowHigher) user_->Toggle(*window.CheckBox1());
             std::string usable;
             for (int64_t i = 0; i < window.AppList()->ListCount(); ++i)
@@ -54,8 +54,8 @@ TEST_F(Chooser, MarksTheRowsThatMayOpenTheDocumentAndSelectsTheBest) {
             EXPECT_EQ(window.LabelAppName()->HelpTag(),
                       row.major > 0 ? "" : "The document's version couldn't be read.");
             if (row.allowHigher) user_->Toggle(*window.CheckBox1());
-        });
-        Open({Document("a.indd", row.major, row.minor)});
+        };
+        Look(look, Document("a.indd", row.major, row.minor));
     }
 }
 
@@ -97,7 +97,6 @@ TEST_F(Chooser, TheButtonsFollowTheSelectedRow) {
         EXPECT_EQ(Buttons(window), "(Open) | (Quit)");
         EXPECT_EQ(window.PushButton2()->Caption(), "Cancel");
     });
-    Open({Document("a.indd", 8)});
 }
 
 TEST_F(Chooser, InJapaneseTheNameComesFirst) {

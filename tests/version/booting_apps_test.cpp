@@ -64,17 +64,7 @@ TEST_F(Booting, ADifferentApplicationRunsOnlyWhereTheGivenOneDoesNot) {
     EXPECT_FALSE(InDesign::IsBootedDiffApp(cc));
 }
 
-using Launch = Booting;
-
-TEST_F(Launch, PassesTheDocumentsThenOpensTheApplication) {
-    const auto cs6 = Installed("CS6", "8.0.1");
-    InDesign::OpenWith(cs6, "/a/One.indd /a/Two\\ Pages.indd ");
-    const std::vector<std::vector<std::string>> expected = {
-        {"-a", AppPath("CS6"), "/a/One.indd", "/a/Two Pages.indd"}, {AppPath("CS6")}};
-    EXPECT_EQ(OpenCalls(), expected);
-}
-
-TEST_F(Launch, NothingIsStartedWithoutAnApplicationOrDocuments) {
+TEST_F(Booting, NothingIsStartedWithoutAnApplicationOrDocuments) {
     const auto cs6 = Installed("CS6", "8.0.1");
     ::testing::internal::CaptureStderr();
     InDesign::OpenWith(nullptr, "");
