@@ -2,11 +2,11 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdio>
 #include <utility>
 #include <vector>
 
 #include "platform/text/encoding.h"
+#include "platform/text/text.h"
 #include "support/headers.h"
 
 namespace dunvey {
@@ -27,12 +27,15 @@ std::string Xml(const std::string& value) {
 }
 
 TEST(PropertyList, GivesTheTextUnderAKey) {
-    EXPECT_EQ(Look(Xml("<dict><key>k</key><string>8.0.1</string></dict>")), "8.0.1");
-    EXPECT_EQ(Look(Xml("<dict><key>k</key><string>a &amp; \u65e5</string></dict>")), "a & \u65e5");
-    EXPECT_EQ(Look(Xml("<dict><key>k</key><string/></dict>")), "");
-    EXPECT_EQ(Look(Xml("<dict><key>k</key><integer>8</integer></dict>")), "none");
-    EXPECT_EQ(Look(Xml("<dict><key>K</key><string>x</string></dict>")), "none");
-    EXPECT_EQ(Look(Xml("<dict/>")), "none");
+    const std::pair<const char*, const char*> cases[] = {
+        {"<key>k</key><string>8.0.1</string>", "8.0.1"},
+        {"<key>k</key><string>a &amp; 日</string>", "a & 日"},
+        {"<key>k</key><string/>", ""},
+        {"<key>k</key><integer>8</integer>", "none"},
+        {"<key>K</key><string>x</string>", "none"},
+        {"", "none"}};
+    for (const auto& [entries, text] : cases)
+        EXPECT_EQ(Look(Xml(std::string("<dict>") + entries + "</dict>")), text) << entries;
 }
 
 TEST(PropertyList, ReadsXmlWithAByteOrderMarkAndInUtf16) {
@@ -66,43 +69,31 @@ std::string Binary(const std::vector<std::string>& objects) {
 }
 
 TEST(PropertyList, ReadsTheBinaryForm) {
-    EXPECT_EQ(Look(Binary({"d10102", "516b", "53392e32"})), "9.2");
-    EXPECT_EQ(Look(Binary({"df100101"
-                           "02",
-                           "5f1001"
-                           "6b",
-                           "6265e56728"})),
-              "\u65e5\u6728")
-        << "long counts and UTF-16";
-    EXPECT_EQ(Look(Binary({"d2010302"
-                           "04",
-                           "5178", "5179", "516b", "62d83dde00"})),
-              "\U0001F600");
-    EXPECT_EQ(Look(Binary({"d10102", "516b", "61d83d"})), "\uFFFD");
-    EXPECT_EQ(Look(Binary({"d10102", "516b", "1008"})), "none") << "a number";
-    EXPECT_EQ(Look(Binary({"d10102", "516b", "d0"})), "none");
-    EXPECT_EQ(Look(Binary({"d0"})), "none");
-    EXPECT_EQ(Look(Binary({"a0"})), "nil") << "an array on top";
-    EXPECT_EQ(Look(Binary({"d10100", "516b"})), "none") << "itself as its value";
-    EXPECT_EQ(Look(Binary({"d10909", "516b"})), "none") << "references to nowhere";
-    EXPECT_EQ(Look(Binary({"df13ffffffffffffffff01", "516b"})), "nil") << "a count beyond all";
-    EXPECT_EQ(Look(Binary({"d10102", "516b", "5f13ffffffffffffffff"})), "none");
-    EXPECT_EQ(Look(Binary({"d10102", "516b", "5f1f01"})), "none");
+    const std::pair<std::vector<std::string>, const char*> cases[] = {
+        {{"d10102", "516b", "53392e32"}, "9.2"},
+        // Long counts and UTF-16.
+        {{"df10010102", "5f10016b", "6265e56728"}, "日木"},
+        {{"d201030204", "5178", "5179", "516b", "62d83dde00"}, "😀"},
+        {{"d10102", "516b", "61d83d"}, "\uFFFD"},
+        // A number, a dictionary, the list itself, references and counts out of bounds.
+        {{"d10102", "516b", "1008"}, "none"},
+        {{"d10102", "516b", "d0"}, "none"},
+        {{"d10100", "516b"}, "none"},
+        {{"d10909", "516b"}, "none"},
+        {{"d10102", "516b", "5f13ffffffffffffffff"}, "none"},
+        {{"d10102", "516b", "5f1f01"}, "none"},
+        {{"df13ffffffffffffffff01", "516b"}, "nil"},
+        {{"d0"}, "none"},
+        {{"a0"}, "nil"}};
+    for (const auto& [objects, text] : cases)
+        EXPECT_EQ(Look(Binary(objects)), text) << objects.back();
 }
 
 // Each level refers twice to the next one: all values built would be 2 to the power of 60.
 TEST(PropertyList, ABinaryListThatRepeatsItsValuesIsRead) {
-    std::vector<std::string> objects = {
-        "d2010302"
-        "04",
-        "516b", "53392e32", "5178"};
-    const auto reference = [](size_t i) {
-        char text[3];
-        snprintf(text, sizeof text, "%02x", static_cast<unsigned>(i));
-        return std::string(text);
-    };
-    for (size_t i = 4; i < 64; ++i)
-        objects.push_back("a2" + reference(i + 1) + reference(i + 1));
+    std::vector<std::string> objects = {"d201030204", "516b", "53392e32", "5178"};
+    for (char next = 5; next <= 64; ++next)
+        objects.push_back("a2" + EncodeHex(std::string(2, next)));
     objects.push_back("a0");
     EXPECT_EQ(Look(Binary(objects)), "9.2");
 }
@@ -129,10 +120,8 @@ TEST(PropertyList, SurvivesDeepNesting) {
     const auto nested = [](const std::string& open, const std::string& close) {
         std::string list;
         const size_t levels = (kPropertyListLimit - 200) / (open.size() + close.size());
-        for (size_t i = 0; i < levels; ++i)
-            list += open;
-        for (size_t i = 0; i < levels; ++i)
-            list += close;
+        for (size_t i = 0; i < 2 * levels; ++i)
+            list += i < levels ? open : close;
         return list;
     };
     EXPECT_EQ(Look(Xml(nested("<array>", ""))), "nil");

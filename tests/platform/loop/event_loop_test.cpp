@@ -77,10 +77,8 @@ TEST_F(EventLoopTest, ATimerFiresOnceAndStartsAfresh) {
     TestTimer stopped([this] { log_ += "stopped "; }, 2);
     TestTimer end([] { Quit(0); }, 50);
     app_->open = [&] {
-        for (Timer* timer : {static_cast<Timer*>(&slow), static_cast<Timer*>(&quick),
-                             static_cast<Timer*>(&stopped), static_cast<Timer*>(&end)}) {
+        for (TestTimer* timer : {&slow, &quick, &stopped, &end})
             timer->SetMode(Timer::kOnce);
-        }
         stopped.SetMode(Timer::kOff);
     };
     EXPECT_EQ(Run(), 0);
@@ -148,7 +146,7 @@ TEST_F(EventLoopTest, DocumentsAreDeliveredInsideADialogButNotBeforeOpen) {
     EXPECT_EQ(log_, "opened 1 late answered ");
 }
 
-TEST_F(EventLoopTest, LoopsEndFromTheInsideOut) {
+TEST_F(EventLoopTest, LoopsEndFromTheInsideOutAndNoneStartsAfterAnException) {
     ModalLoop outer;
     ModalLoop inner;
     user_->Later([&] {
@@ -162,9 +160,6 @@ TEST_F(EventLoopTest, LoopsEndFromTheInsideOut) {
     });
     outer.Run();
     EXPECT_EQ(log_, "outer left inner ended ");
-}
-
-TEST_F(EventLoopTest, ALoopDoesNotStartWhileAnExceptionIsKept) {
     loop_.Enter([] { throw IOException("lost"); });
     EXPECT_THROW(ModalLoop().Run(), IOException);
 }

@@ -1,6 +1,5 @@
 #include "platform/processes/shell.h"
 
-#include <dirent.h>
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <signal.h>
@@ -9,6 +8,7 @@
 
 #include <algorithm>
 
+#include "platform/files/folder_item.h"
 #include "support/temporary_folder.h"
 
 namespace dunvey {
@@ -22,28 +22,19 @@ std::string OutputOf(const std::string& command) {
     return shell.Result();
 }
 
-size_t OpenDescriptors() {
-    size_t count = 0;
-    DIR* directory = opendir("/proc/self/fd");
-    while (readdir(directory) != nullptr)
-        ++count;
-    closedir(directory);
-    return count;
-}
-
-TEST(Shell, GivesTheStandardOutput) {
-    EXPECT_EQ(OutputOf("printf 'a\\nb'; echo c >&2"), "a\nb");
-    EXPECT_EQ(OutputOf("echo out; exit 7"), "out\n");
-    EXPECT_EQ(OutputOf("no-such-command 2>/dev/null"), "");
-    EXPECT_EQ(OutputOf("cat"), "") << "standard input is empty";
-    EXPECT_EQ(OutputOf("head -c 300000 /dev/zero | tr '\\0' x"), std::string(300'000, 'x'));
-}
-
-TEST(Shell, ANewExecuteForgetsTheOldResult) {
+TEST(Shell, GivesTheStandardOutputOfTheLastCommand) {
     Shell shell;
-    shell.Execute("echo one");
-    shell.Execute("true");
-    EXPECT_EQ(shell.Result(), "");
+    const std::pair<const char*, std::string> cases[] = {
+        {"printf 'a\\nb'; echo c >&2", "a\nb"},
+        {"no-such-command 2>/dev/null", ""},
+        {"echo out; exit 7", "out\n"},
+        {"cat", ""},
+        {"head -c 300000 /dev/zero | tr '\\0' x", std::string(300'000, 'x')},
+        {"true", ""}};
+    for (const auto& [command, output] : cases) {
+        shell.Execute(command);
+        EXPECT_EQ(shell.Result(), output) << command;
+    }
 }
 
 TEST(Shell, TheBundlesHelpersComeFirst) {
@@ -64,25 +55,21 @@ TEST(Shell, ACommandMayBeLongerThanOneArgument) {
     }
 }
 
-TEST(Shell, LeavesNoDescriptorAndNoChild) {
-    const size_t before = OpenDescriptors();
+TEST(Shell, LeavesNoDescriptorOrChildAndPassesNoDescriptor) {
+    const auto open = [] { return FolderItem("/proc/self/fd").Count(); };
+    const auto before = open();
     for (int i = 0; i < 20; ++i)
         OutputOf("true");
     OutputOf(":" + std::string(200'000, ' '));
-    EXPECT_EQ(OpenDescriptors(), before);
+    EXPECT_EQ(open(), before);
     EXPECT_EQ(waitpid(-1, nullptr, WNOHANG), -1) << "no child is left";
-}
-
-TEST(Shell, CommandsGetNoDescriptorOfTheProgram) {
-    const int own = open("/dev/null", O_RDONLY | O_CLOEXEC);
-    const int high = fcntl(own, F_DUPFD_CLOEXEC, 77);
-    const std::string before = OutputOf("ls /proc/self/fd");
-    EXPECT_EQ(before.find("77"), std::string::npos);
+    const int own = fcntl(STDIN_FILENO, F_DUPFD_CLOEXEC, 77);
+    const std::string seen = OutputOf("ls /proc/self/fd");
+    EXPECT_EQ(seen.find("77"), std::string::npos);
     // A command that is kept in a file has that one open besides, and no other.
     const std::string kept = OutputOf("ls /proc/self/fd" + std::string(200'000, ' '));
     EXPECT_LE(std::count(kept.begin(), kept.end(), '\n'),
-              std::count(before.begin(), before.end(), '\n') + 1);
-    close(high);
+              std::count(seen.begin(), seen.end(), '\n') + 1);
     close(own);
 }
 

@@ -12,16 +12,19 @@ namespace dunvey {
 namespace {
 
 TEST(Text, PositionsCountCharactersFromOne) {
-    EXPECT_EQ(InStr(0, "Adobe", "b"), 4);
-    EXPECT_EQ(InStr(1, "abab", "ab"), 1);
-    EXPECT_EQ(InStr(2, "abab", "ab"), 3);
-    EXPECT_EQ(InStr(0, "\u65e5\u672cx", "x"), 3);
-    EXPECT_EQ(InStr(3, "\u65e5\u672cx\u65e5", "\u65e5"), 4);
-    EXPECT_EQ(InStr(0, "abc", "B"), 0) << "comparison is exact";
-    EXPECT_EQ(InStr(0, "abc", ""), 0);
-    EXPECT_EQ(InStr(9, "abc", "c"), 0);
-    EXPECT_EQ(InStr(INT64_MIN, "abc", "c"), 3);
-    EXPECT_EQ(InStr(INT64_MAX, "abc", "c"), 0);
+    struct Case {
+        int64_t start;
+        const char* text;
+        const char* part;
+        int64_t position;
+    };
+    const Case cases[] = {{0, "Adobe", "b", 4},       {1, "abab", "ab", 1},
+                          {2, "abab", "ab", 3},       {0, "abc", "B", 0},
+                          {0, "日本x", "x", 3},       {3, "日本x日", "日", 4},
+                          {0, "abc", "", 0},          {9, "abc", "c", 0},
+                          {INT64_MIN, "abc", "c", 3}, {INT64_MAX, "abc", "c", 0}};
+    for (const auto& [start, text, part, position] : cases)
+        EXPECT_EQ(InStr(start, text, part), position) << text << " " << part;
 }
 
 TEST(Text, CutsByCharactersAndByBytes) {
@@ -53,12 +56,11 @@ TEST(Text, SplitsIntoPieces) {
 }
 
 TEST(Text, CodePointsBecomeUtf8) {
-    EXPECT_EQ(Chr(0x41), "A");
-    EXPECT_EQ(Chr(0xE9), "\u00e9");
-    EXPECT_EQ(Chr(0x65E5), "\u65e5");
-    EXPECT_EQ(Chr(0x1F600), "\U0001F600");
-    EXPECT_EQ(Chr(0xD83D), "\uFFFD");
-    EXPECT_EQ(Chr(0x110000), "\uFFFD");
+    const std::pair<uint32_t, const char*> cases[] = {{0x41, "A"},        {0xE9, "é"},
+                                                      {0x65E5, "日"},     {0x1F600, "😀"},
+                                                      {0xD83D, "\uFFFD"}, {0x110000, "\uFFFD"}};
+    for (const auto& [code, text] : cases)
+        EXPECT_EQ(Chr(code), text);
     EXPECT_EQ(Chr(0), std::string(1, '\0'));
 }
 
@@ -77,8 +79,8 @@ TEST(Text, HexadecimalDigitsBecomeBytes) {
 TEST(Text, TrimKeepsWhatIsInside) {
     EXPECT_EQ(Trim(" \t\r\n\v\fa b\n"), "a b");
     EXPECT_EQ(Trim("a"), "a");
-    EXPECT_EQ(Trim(" \n"), "");
-    EXPECT_EQ(Trim(""), "");
+    for (const char* blank : {" \n", ""})
+        EXPECT_EQ(Trim(blank), "");
 }
 
 std::string Bytes(const char* bytes, size_t size) {
@@ -117,24 +119,16 @@ TEST(ShownText, OneLineReplacesWhatDisturbsALine) {
         })) << name;
         EXPECT_EQ(line.find("\xE2\x80\xAE"), std::string::npos);
     }
-    struct Case {
-        const char* text;
-        const char* line;
-    };
-    for (const Case& each :
-         std::vector<Case>{{"a\nb\tc", "a\u240Ab\u2409c"},
-                           {"\x7F", "\u2421"},
-                           {"\u202Egnp.exe", "\uFFFDgnp.exe"},
-                           {"\u2066x\u2069", "\uFFFDx\uFFFD"},
-                           {"\u200Fa\u061C (1)\u200B\uFEFF", "\uFFFDa\uFFFD (1)\uFFFD\uFFFD"},
-                           {"a\u2028b\u2029", "a\uFFFDb\uFFFD"},
-                           {"\u2027\u202F\u2065", "\u2027\u202F\u2065"},
-                           {"\xC2\x85\xC2\x9F\xC2\xA0", "\uFFFD\uFFFD\u00A0"},
-                           {"\xE2\x80", "\xE2\x80"},
-                           {"\xC2", "\xC2"},
-                           {"日本語 שלום", "日本語 שלום"}}) {
-        EXPECT_EQ(OneLine(each.text), each.line) << each.text;
-    }
+    const std::pair<const char*, const char*> cases[] = {
+        {"a\nb\tc\x7F", "a\u240Ab\u2409c\u2421"},
+        {"\u202Egnp.exe\u2066x\u2069", "\uFFFDgnp.exe\uFFFDx\uFFFD"},
+        {"\u200Fa\u061C (1)\u200B\uFEFF", "\uFFFDa\uFFFD (1)\uFFFD\uFFFD"},
+        {"a\u2028b\u2029", "a\uFFFDb\uFFFD"},
+        {"\xC2\x85\xC2\x9F\xC2\xA0", "\uFFFD\uFFFD\u00A0"}};
+    for (const auto& [text, line] : cases)
+        EXPECT_EQ(OneLine(text), line);
+    for (const char* kept : {"\u2027\u202F\u2065", "\xE2\x80", "\xC2", "日本語 שלום"})
+        EXPECT_EQ(OneLine(kept), kept);
 }
 
 }  // namespace

@@ -46,10 +46,6 @@ std::string OriginOf(Call&& call) {
     return "nothing was raised";
 }
 
-std::string Line(int line) {
-    return "values_test.cpp:" + std::to_string(line);
-}
-
 TEST(Exceptions, OriginIsTheCodeThatUsedTheIndexOrTheKey) {
     const std::vector<int> array;
     Dictionary dictionary;
@@ -67,7 +63,7 @@ TEST(Exceptions, OriginIsTheCodeThatUsedTheIndexOrTheKey) {
         {OriginOf([&] { block.SetStringValue(2, 0, ""); }), __LINE__},
         {OriginOf([&] { block.SetSize(UINT64_MAX); }), __LINE__}};
     for (const auto& [origin, line] : origins)
-        EXPECT_TRUE(origin.ends_with(Line(line))) << origin << ", not line " << line;
+        EXPECT_TRUE(origin.ends_with("values_test.cpp:" + std::to_string(line))) << origin;
 }
 
 // Exported, so that its name is known at run time.
@@ -115,37 +111,36 @@ TEST(Dictionary, NamesAMissingKey) {
     }
 }
 
-// The same calls on a dictionary and on a plain list of pairs, with 3 keys and with 300.
+// The same calls on a dictionary and on a list of pairs, with few and with many keys.
 TEST(Dictionary, ManyAdditionsAndRemovalsKeepKeysAndOrder) {
     std::mt19937 random(5);
-    for (const int range : {3, 30, 300}) {
+    for (const unsigned range : {3U, 30U, 300U}) {
         Dictionary dictionary;
         std::vector<std::pair<Variant, int>> expected;
         for (int step = 0; step < 5000; ++step) {
-            const int number = static_cast<int>(random() % static_cast<unsigned>(range));
-            const Variant key =
-                number % 2 == 0 ? Variant(number) : "name " + std::to_string(number);
+            const int number = static_cast<int>(random() % range);
+            const Variant key = number % 2 == 0 ? Variant(number) : "name" + std::to_string(number);
             const auto place = std::find_if(expected.begin(), expected.end(),
                                             [&key](const auto& pair) { return pair.first == key; });
-            ASSERT_EQ(dictionary.HasKey(key), place != expected.end());
-            if (place == expected.end()) {
-                dictionary.SetValue(key, step);
-                expected.emplace_back(key, step);
-            } else if (random() % 2 == 0) {
+            const bool isThere = place != expected.end();
+            ASSERT_EQ(dictionary.HasKey(key), isThere);
+            if (isThere && random() % 2 == 0) {
                 dictionary.Remove(key);
                 expected.erase(place);
-            } else {
-                dictionary.SetValue(key, step);
-                place->second = step;
+                continue;
             }
+            dictionary.SetValue(key, step);
+            if (!isThere) expected.emplace_back(key, step);
+            if (isThere) place->second = step;
         }
-        ASSERT_EQ(dictionary.Count(), static_cast<int64_t>(expected.size()));
-        for (size_t i = 0; i < expected.size(); ++i) {
-            EXPECT_TRUE(dictionary.Key(static_cast<int64_t>(i)) == expected[i].first);
-            EXPECT_EQ(dictionary.Value(expected[i].first).Int32Value(), expected[i].second);
+        const auto count = static_cast<int64_t>(expected.size());
+        ASSERT_EQ(dictionary.Count(), count);
+        for (int64_t i = 0; i < count; ++i) {
+            EXPECT_TRUE(dictionary.Key(i) == At(expected, i).first);
+            EXPECT_EQ(dictionary.Value(dictionary.Key(i)).Int32Value(), At(expected, i).second);
         }
-        EXPECT_THROW(dictionary.Key(dictionary.Count()), OutOfBoundsException);
-        EXPECT_THROW(dictionary.Key(-1), OutOfBoundsException);
+        for (const int64_t outside : {int64_t{-1}, count})
+            EXPECT_THROW(dictionary.Key(outside), OutOfBoundsException);
         dictionary.Clear();
         EXPECT_EQ(dictionary.Count(), 0);
         EXPECT_FALSE(dictionary.HasKey(0));

@@ -13,13 +13,10 @@
 namespace dunvey {
 namespace {
 
-class Thing : public Object {
- public:
-    explicit Thing(int* alive) : alive_(alive) { ++*alive_; }
-    ~Thing() override { --*alive_; }
-
- private:
-    int* alive_;
+struct Thing : Object {
+    explicit Thing(int& count) : alive(count) { ++alive; }
+    ~Thing() override { --alive; }
+    int& alive;
 };
 
 struct ConversionCase {
@@ -68,7 +65,7 @@ TEST(Variant, ConvertsBetweenTheTypes) {
 
 TEST(Variant, RefusesWhatItCanNotConvert) {
     int alive = 0;
-    const Variant object(New<Thing>(&alive));
+    const Variant object(New<Thing>(alive));
     const Variant array(std::vector<int32_t>{1});
     for (const Variant& value : {object, array, Variant(Date{}), Variant(Color{})}) {
         EXPECT_THROW(value.BooleanValue(), TypeMismatchException);
@@ -126,7 +123,7 @@ TEST(Variant, NumbersAreEqualByValue) {
 TEST(Variant, HoldsAnObjectAsLongAsAValueOrAReferenceDoes) {
     int alive = 0;
     {
-        Variant first(New<Thing>(&alive));
+        Variant first(New<Thing>(alive));
         Variant second = first;
         Ref<Object> reference = second.ObjectValue();
         EXPECT_TRUE(first == second);
