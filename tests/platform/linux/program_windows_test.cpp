@@ -46,13 +46,6 @@ class ProgramWindows : public testing::Test {
         Sync();
         return window;
     }
-    /// A shown window in front of another one.
-    xcb_window_t Dialog(xcb_window_t owner) {
-        const xcb_window_t window = Window(kOwn);
-        Set(window, "WM_TRANSIENT_FOR", XCB_ATOM_WINDOW, owner);
-        Sync();
-        return window;
-    }
     void Hide(xcb_window_t window) {
         xcb_unmap_window(connection_, window);
         Sync();
@@ -100,9 +93,10 @@ TEST_F(ProgramWindows, AreAskedToCloseAndNoOthers) {
 
 TEST_F(ProgramWindows, AreLeftAloneWhileTheProgramAsks) {
     const xcb_window_t window = Window(kOwn);
-    const xcb_window_t dialog = Dialog(window);
+    const xcb_window_t dialog = Window(kOwn);
+    Set(dialog, "WM_TRANSIENT_FOR", XCB_ATOM_WINDOW, window);
     EXPECT_EQ(Ask(), CloseRequest::Asking);
-    // A palette isn't a question: by its type, or as Wine has it.
+    // A palette isn't a question: by its type, or by the owner's hints as Wine sets them.
     Set(dialog, "_NET_WM_WINDOW_TYPE", XCB_ATOM_ATOM, Atom("_NET_WM_WINDOW_TYPE_UTILITY"));
     EXPECT_EQ(Ask(), CloseRequest::Sent);
     Set(dialog, "_NET_WM_WINDOW_TYPE", XCB_ATOM_ATOM, Atom("_NET_WM_WINDOW_TYPE_DIALOG"));
