@@ -13,7 +13,11 @@ class KeyboardTest : public test::RealWorld {
                       "{\"AllowOpenHigherVersion\":true,\"AllowQuitButtonActiveted\":false,"
                       "\"NonReleaseVersion\":1,\"IconVersion\":\"8.0\"}");
         EXPECT_TRUE(keys.empty() || display_.Do("keydown " + keys));
-        EXPECT_EQ(Dunvey({folder_ / "none.indd"}, {"DISPLAY=" + display_.Name()}), 0);
+        const pid_t program = Start({}, {"DISPLAY=" + display_.Name()});
+        // Its window is shown after the preferences were read.
+        EXPECT_TRUE(display_.Do("search --sync --onlyvisible --name '^Dunvey$'"));
+        kill(program, SIGKILL);
+        ExitCodeOf(program);
         EXPECT_TRUE(keys.empty() || display_.Do("keyup " + keys));
         return folder_.Read("config/Dunvey/Dunvey.pref").find("\":true") != std::string::npos;
     }
