@@ -91,7 +91,7 @@ TEST_F(Opening, OtherFilesAreIgnored) {
     EXPECT_EQ(OpenCalls(), (Calls{Start("CS6", {document}), Again("CS6")}));
 }
 
-TEST_F(Opening, AnApplicationRemovedBeforeTheLaunchIsSkippedSilently) {
+TEST_F(Opening, AnApplicationRemovedBeforeTheLaunchIsSkippedWithoutADialog) {
     Installed("CS6", "8.0.1");
     Installed("CC", "9.2.0");
     const auto lost = Document("a.indd", 8);

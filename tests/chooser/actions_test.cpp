@@ -179,7 +179,7 @@ TEST_F(ChooserActions, TheUserActsWhileTheChooserIsRebuilt) {
     EXPECT_EQ(Opened(), Starts{"CS6: a.indd"});
 }
 
-TEST_F(ChooserActions, ARemovedApplicationIsNeitherOpenedNorQuit) {
+TEST_F(ChooserActions, ARemovedApplicationIsNeitherOpenedNorQuitAndShowsNoDialog) {
     Running({"CS6", "CC"});
     headless::TheMachine().commandKey = true;
     Expect({[this](Window1&) { rename(AppPath("CS6").c_str(), (folder_ / "gone").c_str()); },

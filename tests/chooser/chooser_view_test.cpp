@@ -85,7 +85,7 @@ TEST_F(Chooser, ControlsFollowTheWindowAndNeverOverlap) {
             }
             user_->Resize(window, {550, 900});
             const Bounds now = controls[i]->Place();
-            changes += controls[i]->Name() + ":";
+            changes += controls[i]->Name() + " " + std::to_string(controls[i]->TabIndex());
             if (now.Left == old.Left + 100) changes += 'x';
             if (now.Top == old.Top + 200) changes += 'y';
             if (now.Width == old.Width + 100) changes += 'w';
@@ -93,9 +93,11 @@ TEST_F(Chooser, ControlsFollowTheWindowAndNeverOverlap) {
             changes += ' ';
         }
         EXPECT_EQ(changes,
-                  "AppList:wh PushButton1:xy PushButton2:xy PushButton3:y Separator3:yw "
-                  "CheckBox1:y CheckBox2:y LabelFileName:w LabelAppName:w Canvas1: Separator1:w "
-                  "LabelMsg:w Separator2:w Canvas2: ");
+                  "AppList 0wh PushButton1 1xy PushButton2 2xy PushButton3 3y Separator3 5yw "
+                  "CheckBox1 6y CheckBox2 7y LabelFileName 8w LabelAppName 9w Canvas1 10 "
+                  "Separator1 11w LabelMsg 12w Separator2 13w Canvas2 15 ")
+            << "tab index; x, y, w, h: moves right or down, gets wider or taller";
+        EXPECT_EQ(window.AppList()->ColumnWidthsIn(410), (std::vector<int64_t>{256, 90, 64}));
         EXPECT_EQ(window.Frame, Window::kMovableModal);
         EXPECT_TRUE(window.Resizeable);
     });
