@@ -1,6 +1,5 @@
 // Shows one alert of the program on the screen, in the locale's language, until it is answered.
-// Word: quit, icons or mixed.
-#include <cstdio>
+// Argument: quit, icons or mixed.
 #include <string>
 
 #include "menus/general.h"
@@ -42,8 +41,7 @@ class Shower : public Application {
         dialog.AlternateActionButton->Visible = true;
         dialog.CancelButton->Caption = Localized::kCancel("");
         dialog.CancelButton->Visible = true;
-        const Ref<MessageDialogButton> pressed = dialog.ShowModal();
-        std::printf("%s\n", pressed->Caption.c_str());
+        dialog.ShowModal();
     }
 
     std::string alert_;

@@ -5,7 +5,7 @@
 #include <QTest>
 
 #include "platform/qt/qt_window.h"
-#include "steps.h"
+#include "qt_test.h"
 #include "support/contract_script.h"
 
 namespace dunvey::test {

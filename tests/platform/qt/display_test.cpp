@@ -11,16 +11,12 @@ TEST(ReachDisplayTest, TakesTheFirstPlatformThatCanShowWindows) {
     const std::string before = std::getenv("QT_QPA_PLATFORM");
     unsetenv("DISPLAY");
     unsetenv("WAYLAND_DISPLAY");
-    for (const auto& [names, reached] : {std::pair{"offscreen", "offscreen"},
-                                         {"OffScreen", "OffScreen"},
-                                         {"XCB;Minimal", "Minimal"},
-                                         {"xcb;;offscreen:options", "offscreen:options"},
-                                         {"linuxfb;eglfs;offscreen", "offscreen"},
-                                         {"linuxfb", ""},
-                                         {"xcb", ""},
-                                         {"Wayland;xcb", ""},
-                                         {"none such", ""},
-                                         {"off*", ""}}) {
+    using Row = std::pair<const char*, const char*>;
+    for (const auto& [names, reached] :
+         {Row{"OffScreen", "OffScreen"}, Row{"XCB;Minimal", "Minimal"},
+          Row{"xcb;;offscreen:options", "offscreen:options"},
+          Row{"linuxfb;eglfs;offscreen", "offscreen"}, Row{"xcb", ""}, Row{"Wayland;xcb", ""},
+          Row{"none such", ""}, Row{"off*", ""}}) {
         setenv("QT_QPA_PLATFORM", names, 1);
         const std::optional<Display> display = ReachDisplay();
         EXPECT_EQ(display ? display->platform : "", reached) << names;
