@@ -8,7 +8,7 @@
 
 namespace dunvey::headless {
 
-/// What is on the screen, the one in front last.
+/// A dialog or window on the screen; the last of all is in front.
 class ScriptedDesktop::OpenOne final : public Shown {
  public:
     OpenOne(std::list<Open>& all, Open open)
@@ -33,14 +33,22 @@ void ScriptedDesktop::ExpectWindow(std::string title, std::vector<Step> steps) {
 
 void ScriptedDesktop::Finish() const {
     if (!expected_.empty()) {
-        const auto* message = std::get_if<ExpectedMessage>(&expected_.front());
-        const std::string name = message != nullptr
-                                     ? message->message
-                                     : std::get<ExpectedWindow>(expected_.front()).title;
-        throw ScriptFault("never shown: \"" + name + "\"");
+        const auto name = [](const auto& expected) { return expected.name; };
+        throw ScriptFault("never shown: \"" + std::visit(name, expected_.front()) + "\"");
     }
     if (!steps_.empty() || !turns_.empty()) throw ScriptFault("steps were left over");
     if (!open_.empty()) throw ScriptFault("a dialog or window was left open");
+}
+
+template <typename Expected>
+Expected ScriptedDesktop::TakeExpected(const std::string& shown) {
+    if (expected_.empty() || !std::holds_alternative<Expected>(expected_.front())) {
+        throw ScriptFault("not expected: \"" + shown + "\"");
+    }
+    auto expected = std::get<Expected>(std::move(expected_.front()));
+    expected_.pop_front();
+    if (expected.name == shown) return expected;
+    throw ScriptFault("expected \"" + expected.name + "\", shown \"" + shown + "\"");
 }
 
 void ScriptedDesktop::RunLoop() {
@@ -68,7 +76,7 @@ void ScriptedDesktop::RunOneEvent() {
     } else if (wait) {
         Clock::SleepUntil(Clock::Now() + *wait);
     } else {
-        loop.Enter([] { throw ScriptFault("the loop would wait for ever"); });
+        loop.Enter([] { throw ScriptFault("the loop would wait forever"); });
     }
 }
 
@@ -87,24 +95,14 @@ void ScriptedDesktop::ActOnTheFront() {
 }
 
 void ScriptedDesktop::TakeStep(OpenWindow& open) {
-    if (open.steps.empty()) {
-        throw ScriptFault("left open: \"" + open.window->Title() + "\"");
-    }
+    if (open.steps.empty()) throw ScriptFault("left open: \"" + open.window->Title() + "\"");
     const Step step = std::move(open.steps.front());
     open.steps.pop_front();
     step(*open.window);
 }
 
 void ScriptedDesktop::AnswerDialog(MessageDialog& dialog) {
-    if (expected_.empty() || !std::holds_alternative<ExpectedMessage>(expected_.front())) {
-        throw ScriptFault("not expected: \"" + dialog.Message + "\"");
-    }
-    const auto expectation = std::get<ExpectedMessage>(std::move(expected_.front()));
-    expected_.pop_front();
-    if (expectation.message != dialog.Message) {
-        throw ScriptFault("expected \"" + expectation.message + "\", shown \"" + dialog.Message +
-                          "\"");
-    }
+    const auto expectation = TakeExpected<ExpectedMessage>(dialog.Message);
     if (expectation.look) expectation.look(dialog);
     const Ref<MessageDialogButton> buttons[] = {dialog.ActionButton, dialog.AlternateActionButton,
                                                 dialog.CancelButton, dialog.PressedByEscape()};
@@ -119,19 +117,11 @@ std::unique_ptr<Shown> ScriptedDesktop::Show(MessageDialog& dialog, Window* pare
 }
 
 std::unique_ptr<Shown> ScriptedDesktop::Show(Window& window, bool modal) {
-    if (expected_.empty() || !std::holds_alternative<ExpectedWindow>(expected_.front())) {
-        throw ScriptFault("not expected: \"" + window.Title() + "\"");
-    }
-    auto expectation = std::get<ExpectedWindow>(std::move(expected_.front()));
-    expected_.pop_front();
-    if (expectation.title != window.Title()) {
-        throw ScriptFault("expected \"" + expectation.title + "\", shown \"" + window.Title() +
-                          "\"");
-    }
+    auto expectation = TakeExpected<ExpectedWindow>(window.Title());
     if (!modal && !expectation.steps.empty()) {
         throw ScriptFault("no loop runs the steps of a window that isn't modal");
     }
-    window.Confine(ByUser(), screen_);
+    window.Confine(ByUser(), {32000, 32000});
     return std::make_unique<OpenOne>(open_, OpenWindow{&window, std::move(expectation.steps)});
 }
 
@@ -157,24 +147,24 @@ void ScriptedDesktop::Toggle(CheckBox& box) {
 }
 
 Window& ScriptedDesktop::Touch(Window& window) const {
-    const auto* front = open_.empty() ? nullptr : std::get_if<OpenWindow>(&open_.back());
-    if (front == nullptr || front->window != &window) {
-        throw ScriptFault("not in front: \"" + window.Title() + "\"");
-    }
+    if (Front() != &window) throw ScriptFault("not in front: \"" + window.Title() + "\"");
     return window;
 }
 
-void ScriptedDesktop::CheckReach(const RectControl& control) const {
+const Window* ScriptedDesktop::Front() const {
     const auto* front = open_.empty() ? nullptr : std::get_if<OpenWindow>(&open_.back());
+    return front != nullptr ? front->window : nullptr;
+}
+
+void ScriptedDesktop::CheckReach(const RectControl& control) const {
+    const Window* front = Front();
     if (front == nullptr) throw ScriptFault("no window in front: " + control.Name());
-    const auto& controls = front->window->Controls();
+    const auto& controls = front->Controls();
     const bool inside =
         std::any_of(controls.begin(), controls.end(),
                     [&control](const Ref<RectControl>& each) { return each.Get() == &control; });
     if (!inside) throw ScriptFault("not in the window in front: " + control.Name());
-    if (!control.Enabled()) {
-        throw ScriptFault("can't be used: " + control.Name());
-    }
+    if (!control.Enabled()) throw ScriptFault("can't be used: " + control.Name());
 }
 
 }  // namespace dunvey::headless

@@ -17,16 +17,15 @@
 
 namespace dunvey::headless {
 
-/// The test's script and what the program did don't agree. No code of the program catches it.
+/// The program did something else than the script expects. The program doesn't catch it.
 class ScriptFault : public std::logic_error {
  public:
     using std::logic_error::logic_error;
 };
 
-/// A desktop whose user is a script. It is strict: a dialog or window that isn't expected, a press
-/// on a button that isn't there, a hand on a window that another one holds up, or a loop in which
-/// nothing can ever happen again raises ScriptFault, and Finish tells of expectations that are left
-/// over.
+/// A desktop whose user is a script. It is strict: an unexpected dialog or window, a press on a
+/// hidden button, an action in a window that isn't in front, or a loop in which nothing can ever
+/// happen again raises ScriptFault.
 class ScriptedDesktop final : public Desktop {
  public:
     enum class Answer { Action, AlternateAction, Cancel, Dismiss };
@@ -40,11 +39,11 @@ class ScriptedDesktop final : public Desktop {
     void ExpectWindow(std::string title, std::vector<Step> steps);
     /// Something that happens while the loop waits, in the order given, when nothing else is due.
     void Later(std::function<void()> step) { steps_.push_back(std::move(step)); }
-    /// Something that happens in a turn that the program gives in the middle of some work: one of
-    /// them a turn, in the order given.
+    /// Something that happens in a turn (RuntimeBackgroundTask): one for each turn, in the order
+    /// given.
     void DuringTurn(std::function<void()> step) { turns_.push_back(std::move(step)); }
 
-    // What the user's hands do.
+    // What the user does.
     void Press(PushButton& button);
     void Select(Listbox& list, int64_t row);
     void DoubleClick(Listbox& list, int64_t row);
@@ -59,8 +58,6 @@ class ScriptedDesktop final : public Desktop {
     void Finish() const;
 
     int timesInFront() const { return timesInFront_; }
-    /// The room on the screen for every window shown from now on.
-    void SetScreen(Size size) { screen_ = size; }
 
     void RunLoop() override;
     void LeaveLoop() override;
@@ -75,12 +72,12 @@ class ScriptedDesktop final : public Desktop {
 
  private:
     struct ExpectedMessage {
-        std::string message;
+        std::string name;
         Answer answer;
         std::function<void(const MessageDialog&)> look;
     };
     struct ExpectedWindow {
-        std::string title;
+        std::string name;
         std::deque<Step> steps;
     };
     struct OpenWindow {
@@ -94,8 +91,14 @@ class ScriptedDesktop final : public Desktop {
     void ActOnTheFront();
     void AnswerDialog(MessageDialog& dialog);
     void TakeStep(OpenWindow& open);
+    /// Removes and returns the next expectation; a fault unless it is of this kind and has the name
+    /// (message or title) of what is shown.
+    template <typename Expected>
+    Expected TakeExpected(const std::string& shown);
     /// The window, if it is the one in front; else a fault.
     Window& Touch(Window& window) const;
+    /// The window in front; nullptr if there is none or a dialog.
+    const Window* Front() const;
     /// A fault unless the control is usable and in the window in front.
     void CheckReach(const RectControl& control) const;
 
@@ -104,7 +107,6 @@ class ScriptedDesktop final : public Desktop {
     std::deque<std::function<void()>> turns_;
     std::list<Open> open_;
     std::vector<bool> left_;
-    Size screen_{32000, 32000};
     int timesInFront_ = 0;
 };
 

@@ -30,7 +30,7 @@ bool IsDigit(char c) {
     return c >= '0' && c <= '9';
 }
 
-/// The run of digits at that place without leading zeros; moves behind it.
+/// The digits from `place` on without leading zeros; moves `place` after them.
 std::string DigitsAt(const std::string& text, size_t& place) {
     std::string digits;
     for (; place < text.size() && IsDigit(text[place]); ++place)
