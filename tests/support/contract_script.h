@@ -8,7 +8,6 @@
 #include <vector>
 
 #include "platform/controls/check_box.h"
-#include "platform/controls/label.h"
 #include "platform/controls/listbox.h"
 #include "platform/controls/message_dialog.h"
 #include "platform/controls/push_button.h"
@@ -17,26 +16,26 @@
 #include "platform/loop/event_loop.h"
 #include "platform/values/exceptions.h"
 
-/// One script of what a user does and what a program sees of it. Each desktop runs it with hands of
-/// its own; a test program includes this file once and names its hands.
+/// One script of what a user does and what the program gets, run on each desktop. A test program
+/// includes this file once and instantiates ContractTest with its implementation of Hands.
 namespace dunvey::test {
 
 using Step = std::function<void()>;
 
-/// The user of a desktop, who works in the window in front.
+/// The user of a desktop, who acts on the window in front.
 class Hands {
  public:
     virtual ~Hands() = default;
 
     /// Takes the steps as soon as the window is in front, each as an event of its own.
     virtual void WhenShown(Window& window, std::vector<Step> steps) = 0;
-    /// Takes the step in a turn that the program gives soon.
+    /// Takes the step in the program's next turn (RuntimeBackgroundTask).
     virtual void DuringTurn(Step step) = 0;
     /// Answers the dialog with this message, a sheet of the window, with its action button.
     virtual void AnswerSheet(Window& window, const std::string& message) = 0;
 
     virtual void Press(PushButton& button) = 0;
-    /// Tries to press a button that can't be pressed.
+    /// Tries to press a disabled button.
     virtual void PressInVain(PushButton& button) = 0;
     virtual void Return(Window& window) = 0;
     virtual void Escape(Window& window) = 0;
@@ -57,7 +56,7 @@ class Hands {
     virtual Bounds ShownPlace(RectControl& control) = 0;
 };
 
-/// A window with one control of each kind that the user works with. It logs what happens.
+/// A window that logs its events.
 class SmallWindow final : public Window {
  public:
     SmallWindow(std::string title, std::string& events) : Window({300, 240}), log(events) {
@@ -103,7 +102,6 @@ class SmallWindow final : public Window {
     }
 };
 
-/// Hands by the name of their desktop.
 struct HandsOf {
     const char* desktop;
     std::unique_ptr<Hands> (*make)();
@@ -127,17 +125,22 @@ class ContractTest : public ::testing::TestWithParam<HandsOf> {
     ContractTest() { Application::Register(app_); }
     ~ContractTest() override { Application::Register(nullptr); }
 
-    /// Shows the window while the user takes the steps; the last one closes it.
-    void Show(Window& window, std::vector<Step> steps) {
-        steps.emplace_back([&window] { window.Close(); });
+    /// Shows the window while the user takes the steps, of which one closes it.
+    void ShowUntilClosed(Window& window, std::vector<Step> steps) {
         user_->WhenShown(window, std::move(steps));
         window.ShowModal();
         EXPECT_FALSE(user_->IsOnScreen(window));
     }
-    /// Has the application show the window when it is handed the document "ask".
-    void AskFor(const std::function<void()>& ask) {
+    /// Shows the window while the user takes the steps, and closes it.
+    void Show(Window& window, std::vector<Step> steps) {
+        steps.emplace_back([&window] { window.Close(); });
+        ShowUntilClosed(window, std::move(steps));
+    }
+    /// Runs the application, which calls `ask` for a document; returns the exit code.
+    int Run(const std::function<void()>& ask) {
         app_->ask = ask;
         loop_.PostOpenDocument(New<FolderItem>("/ask"));
+        return loop_.Run(*app_);
     }
 
     EventLoop loop_;
@@ -169,17 +172,14 @@ TEST_P(ContractTest, ReturnInAListOrCheckBoxPressesTheDefaultButton) {
 }
 
 TEST_P(ContractTest, EscapeAndTheDesktopsClosePressTheCancelButton) {
-    user_->WhenShown(w_, {[&] { user_->Escape(w_); }});
-    w_.ShowModal();
+    ShowUntilClosed(w_, {[&] { user_->Escape(w_); }});
     EXPECT_EQ(log_, "cancel closed ");
-    user_->WhenShown(*inner_, {[&] { user_->CloseByTheDesktop(*inner_); }});
-    inner_->ShowModal();
+    ShowUntilClosed(*inner_, {[&] { user_->CloseByTheDesktop(*inner_); }});
     EXPECT_EQ(log_, "cancel closed cancel closed ");
     const Ref<SmallWindow> third = New<SmallWindow>("third", log_);
     third->cancel->SetEnabled(false);
-    user_->WhenShown(*third,
-                     {[&] { user_->Escape(*third); }, [&] { user_->CloseByTheDesktop(*third); }});
-    third->ShowModal();
+    ShowUntilClosed(*third,
+                    {[&] { user_->Escape(*third); }, [&] { user_->CloseByTheDesktop(*third); }});
     EXPECT_EQ(log_, "cancel closed cancel closed closed ");
 }
 
@@ -198,7 +198,7 @@ TEST_P(ContractTest, CodeMaySelectInsideChange) {
     };
     Show(w_, {[&] { user_->Select(*w_.list, 1); },
               [&] { EXPECT_EQ(user_->ShownSelection(*w_.list), 2); },
-              // Once more: the view must not take the row for selected still.
+              // Again: the view must not treat the row as still selected.
               [&] { user_->Select(*w_.list, 1); },
               [&] { EXPECT_EQ(user_->ShownSelection(*w_.list), 2); }});
     EXPECT_EQ(log_, "1 2 1 2 closed ");
@@ -282,8 +282,7 @@ TEST_P(ContractTest, AHandlerMayCloseItsWindow) {
         EXPECT_FALSE(user_->IsOnScreen(w_));
         log_ += "goes on ";
     };
-    user_->WhenShown(w_, {[&] { user_->Press(*w_.other); }});
-    w_.ShowModal();
+    ShowUntilClosed(w_, {[&] { user_->Press(*w_.other); }});
     EXPECT_EQ(log_, "closed goes on ");
     w_.ShowModal();
     EXPECT_EQ(log_, "closed goes on ") << "it is shown once";
@@ -297,19 +296,11 @@ TEST_P(ContractTest, ATurnInsideAHandlerMayBringThePressThatClosesTheWindow) {
             RuntimeBackgroundTask();
         log_ += "ends ";
     };
-    user_->WhenShown(w_, {[&] { user_->Press(*w_.first); }});
-    w_.ShowModal();
+    ShowUntilClosed(w_, {[&] { user_->Press(*w_.first); }});
     EXPECT_EQ(log_, "begins cancel closed ends ");
 }
 
-TEST_P(ContractTest, AnExceptionInAHandlerComesOutOfShowModal) {
-    w_.other->Action = [](PushButton&) { throw IOException("lost"); };
-    user_->WhenShown(w_, {[&] { user_->Press(*w_.other); }});
-    EXPECT_THROW(w_.ShowModal(), IOException);
-    EXPECT_FALSE(user_->IsOnScreen(w_));
-}
-
-TEST_P(ContractTest, AnExceptionInATurnComesOutOfTheHandler) {
+TEST_P(ContractTest, AnExceptionInAHandlerComesOutOfTheTurnOrShowModal) {
     w_.other->Action = [](PushButton&) { throw IOException("lost"); };
     w_.first->Action = [&](PushButton&) {
         user_->DuringTurn([&] { user_->Press(*w_.other); });
@@ -320,8 +311,10 @@ TEST_P(ContractTest, AnExceptionInATurnComesOutOfTheHandler) {
             log_ += "caught ";
         }
     };
-    Show(w_, {[&] { user_->Press(*w_.first); }});
-    EXPECT_EQ(log_, "caught closed ");
+    user_->WhenShown(w_, {[&] { user_->Press(*w_.first); }, [&] { user_->Press(*w_.other); }});
+    EXPECT_THROW(w_.ShowModal(), IOException);
+    EXPECT_EQ(log_, "caught ");
+    EXPECT_FALSE(user_->IsOnScreen(w_));
 }
 
 TEST_P(ContractTest, QuitUnwindsTwoNestedWindows) {
@@ -332,28 +325,26 @@ TEST_P(ContractTest, QuitUnwindsTwoNestedWindows) {
     inner_->other->Action = [](PushButton&) { Quit(7); };
     w_.other->Action = [&](PushButton&) {
         const Witness inside{log_};
-        user_->WhenShown(*inner_, {[&] { user_->Press(*inner_->other); }});
-        inner_->ShowModal();
+        ShowUntilClosed(*inner_, {[&] { user_->Press(*inner_->other); }});
         log_ += "never ";
     };
-    AskFor([&] {
+    const int exitCode = Run([&] {
         const Witness outside{log_};
-        user_->WhenShown(w_, {[&] { user_->Press(*w_.other); }});
-        w_.ShowModal();
+        ShowUntilClosed(w_, {[&] { user_->Press(*w_.other); }});
         log_ += "never ";
     });
-    EXPECT_EQ(loop_.Run(*app_), 7);
+    EXPECT_EQ(exitCode, 7);
     EXPECT_EQ(log_, "ask quit unwound unwound ");
     EXPECT_FALSE(user_->IsOnScreen(w_) || user_->IsOnScreen(*inner_));
 }
 
 TEST_P(ContractTest, ADocumentArrivesInsideAModalWindow) {
-    AskFor([&] {
+    const int exitCode = Run([&] {
         Show(w_, {[&] { loop_.PostOpenDocument(New<FolderItem>("/late")); },
                   [&] { user_->Press(*w_.other); }});
         Quit(0);
     });
-    EXPECT_EQ(loop_.Run(*app_), 0);
+    EXPECT_EQ(exitCode, 0);
     EXPECT_EQ(log_, "ask late other closed quit ");
 }
 
