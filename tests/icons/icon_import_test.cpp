@@ -145,14 +145,25 @@ TEST_F(IconImport, AFolderIsRefusedAndALinkIsFollowed) {
     EXPECT_EQ(Preferences::pIconVersion, "9.2");
 }
 
-TEST_F(IconImport, TheJapaneseNoticeHasTwoLines) {
-    setenv("LC_ALL", "ja_JP.UTF-8", 1);
-    user_->ExpectMessage(
-        "インストールされている InDesign.app から\rファイルアイコンを取り込みます。", {},
-        [](const MessageDialog& dialog) {
-            EXPECT_EQ(dialog.Explanation, "この処理は必要に応じて実行されます。");
+TEST_F(IconImport, TheNoticeHasItsTextsInBothLanguagesAndOneButton) {
+    const struct {
+        const char* locale;
+        const char* message;
+        const char* explanation;
+    } kNotices[] = {{"en_US.UTF-8", "Import file icons from InDesign.app installed.",
+                     "This process is executed as necessary."},
+                    {"ja_JP.UTF-8",
+                     "インストールされている InDesign.app から\rファイルアイコンを取り込みます。",
+                     "この処理は必要に応じて実行されます。"}};
+    for (const auto& notice : kNotices) {
+        setenv("LC_ALL", notice.locale, 1);
+        user_->ExpectMessage(notice.message, {}, [&](const MessageDialog& dialog) {
+            EXPECT_EQ(dialog.Explanation, notice.explanation);
+            EXPECT_EQ(dialog.ActionButton->Caption, "OK");
+            EXPECT_FALSE(dialog.CancelButton->Visible || dialog.AlternateActionButton->Visible);
         });
-    InDesign::ShowAlertWillIconCopy();
+        InDesign::ShowAlertWillIconCopy();
+    }
 }
 
 TEST_F(IconImport, NothingChangesWithoutADisplay) {
