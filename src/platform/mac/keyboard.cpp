@@ -19,4 +19,8 @@ bool AsyncOptionKey() {
     return IsDown(kCGEventFlagMaskAlternate);
 }
 
+const char* CommandKeyName() {
+    return "Command";
+}
+
 }  // namespace dunvey::Keyboard
