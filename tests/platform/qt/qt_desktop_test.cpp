@@ -17,6 +17,10 @@ class OneDesktop : public ::testing::Environment {
         Desktop::Install(std::make_unique<QtDesktop>());
         // The user of these tests answers at once.
         QApplication::setDoubleClickInterval(0);
+        // Without a display Qt 5 and Qt 6 have fonts of different sizes.
+        QFont font = QApplication::font();
+        font.setPixelSize(12);
+        QApplication::setFont(font);
     }
     void TearDown() override { Desktop::Install(nullptr); }
 };
