@@ -218,15 +218,14 @@ void JSONItem::_escape(std::string_view text, JSONStringBuffer& buffer) const {
     const uint32_t needs = NeedsOf(text) & ~(EscapeSlashes ? 0 : kSlash);
     if (needs == 0) return buffer.Append(text);
     std::string escaped;
-    escaped.reserve(text.size() * 2);
-    for (const char c : text) {
-        const std::string_view escape = ShortEscape(c);
-        if (escape.empty() || (c == '/' && !EscapeSlashes)) {
-            escaped += c;
-        } else {
-            escaped += escape;
-        }
+    size_t begin = 0;
+    for (size_t i = 0; i < text.size(); ++i) {
+        const std::string_view escape = ShortEscape(text[i]);
+        if (escape.empty() || (text[i] == '/' && !EscapeSlashes)) continue;
+        escaped.append(text, begin, i - begin).append(escape);
+        begin = i + 1;
     }
+    escaped.append(text, begin);
     for (size_t i = 0; i < kEscaped.size(); ++i) {
         if ((needs >> i & 1) != 0)
             escaped = _escapeRange(std::move(escaped), kEscaped[i].first, kEscaped[i].last);
