@@ -5,6 +5,7 @@
 #include <string_view>
 #include <utility>
 
+#include "platform/text/number_text.h"
 #include "platform/values/array.h"
 
 namespace dunvey {
@@ -16,7 +17,8 @@ constexpr size_t kFew = 16;
 
 size_t HashOf(const Variant& key) {
     if (key.IsText()) return std::hash<std::string_view>()(key.TextBytes());
-    if (key.IsNumber()) return std::hash<double>()(key.DoubleValue());
+    // Neighbouring indexes get neighbouring places; equal numbers of different types the same.
+    if (key.IsNumber()) return std::hash<int64_t>()(Truncate(key.DoubleValue()));
     return std::hash<Object*>()(key.ObjectAddress());
 }
 
