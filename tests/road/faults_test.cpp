@@ -161,8 +161,12 @@ TEST_F(FaultsTest, AFailedSystemCallLosesNoDocumentAndNoPreferences) {
         const std::vector<Call> calls = BeginWith(before);
         for (const Fault& fault : kFaults) {
             const auto isOfKind = [&](const Call& call) { return call.first == fault.call; };
+#ifdef DUNVEY_SANITIZED
+            // The sanitizers test addresses with these calls and end the process if one fails.
+            if (fault.call == std::string("pipe2") || fault.call == std::string("write")) continue;
+#endif
             // Some calls are many and much alike.
-            const int stride = std::count_if(calls.begin(), calls.end(), isOfKind) > 24 ? 5 : 1;
+            const auto stride = 1 + std::count_if(calls.begin(), calls.end(), isOfKind) / 12;
             for (const auto& [name, position] : calls) {
                 if (name != fault.call || position % stride != 0) continue;
                 ++faults;

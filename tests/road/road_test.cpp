@@ -195,14 +195,13 @@ TEST_F(RoadTest, ARelativeWordFromAFolderThatIsGoneNamesNothing) {
     ASSERT_EQ(chdir("/"), 0);
 }
 
-TEST_F(RoadTest, TenThousandDocumentsGoOutInOneCommand) {
+TEST_F(RoadTest, TwoThousandDocumentsAreOneCommand) {
     Install("CS6", "8.0.1");
     folder_.MakeFolder("many");
     std::vector<std::string> words;
-    for (int i = 0; i < 10'000; ++i) {
-        words.push_back(Document("many/" + std::string(60, 'n') + std::to_string(i) + ".indd", 8));
+    for (int i = 0; i < 2'000; ++i) {
+        words.push_back(Document("many/" + std::string(200, 'n') + std::to_string(i) + ".indd", 8));
     }
-    // The process list is read for each; the program's own work is what is tested.
     EXPECT_EQ(Dunvey(words), 0);
     const std::vector<Record> records = AwaitRecords(1);
     ASSERT_EQ(records.size(), 1U);
