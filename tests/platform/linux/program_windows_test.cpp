@@ -1,6 +1,7 @@
 #include "platform/linux/helpers/program_windows.h"
 
 #include <gtest/gtest.h>
+#include <unistd.h>
 #include <xcb/xcb.h>
 
 #include <cstdlib>
@@ -63,9 +64,9 @@ class ProgramWindows : public testing::Test {
         }
         return count;
     }
-    CloseRequest Ask() {
+    CloseRequest Ask(pid_t asked = kOwn) {
         Sync();
-        return RequestClose([](pid_t process) { return process == kOwn; });
+        return RequestClose([asked](pid_t process) { return process == asked; });
     }
 
     static constexpr pid_t kOwn = 12'345;
@@ -89,6 +90,14 @@ TEST_F(ProgramWindows, AreAskedToCloseAndNoOthers) {
     xcb_delete_property(connection_, deaf, Atom("WM_PROTOCOLS"));
     EXPECT_EQ(Ask(), CloseRequest::Refused);
     EXPECT_EQ(Requests(), 0U);
+}
+
+TEST_F(ProgramWindows, AreFoundByTheProcessThatMadeThem) {
+    Window(0);
+    EXPECT_EQ(Ask(getpid()), CloseRequest::Sent);
+    Window(kOwn);  // as a container numbers its processes
+    EXPECT_EQ(Ask(getpid()), CloseRequest::Sent);
+    EXPECT_EQ(Requests(), 3U);
 }
 
 TEST_F(ProgramWindows, AreLeftAloneWhileTheProgramAsks) {

@@ -1,6 +1,7 @@
 #include "platform/linux/helpers/program_windows.h"
 
 #include <unistd.h>
+#include <xcb/res.h>
 #include <xcb/xcb.h>
 
 #include <algorithm>
@@ -21,6 +22,7 @@ std::unique_ptr<Reply, decltype(&std::free)> Owned(Reply* reply) {
     return {reply, &std::free};
 }
 
+using IsProgram = std::function<bool(pid_t)>;
 using Values = std::vector<uint32_t>;
 
 bool Has(const Values& values, uint32_t value) {
@@ -57,16 +59,24 @@ class Server {
                 static_cast<size_t>(xcb_get_property_value_length(reply.get()))};
     }
 
-    /// The windows that name their process. Below the root, a window manager puts up to two more
-    /// around each of them.
-    std::map<xcb_window_t, pid_t> ProgramWindows() {
-        std::map<xcb_window_t, pid_t> found;
+    /// The windows of the processes for which `isProgram` is true. Below the root, a window manager
+    /// puts up to two more around each of them.
+    std::vector<xcb_window_t> ProgramWindows(const IsProgram& isProgram) {
+        std::vector<xcb_window_t> found;
         std::vector<xcb_window_t> level;
         for (auto screen = xcb_setup_roots_iterator(xcb_get_setup(connection_)); screen.rem > 0;
              xcb_screen_next(&screen))
             level.push_back(screen.data->root);
-        for (int depth = 0; depth < 3; ++depth)
-            level = WithoutProcess(Children(level), found);
+        for (int depth = 0; depth < 3; ++depth) {
+            std::vector<xcb_window_t> others;
+            for (const Owner& window : Owners(Children(level))) {
+                if (isProgram(window.client) || (isProgram(window.named) && IsLocal(window.id)))
+                    found.push_back(window.id);
+                else if (window.named == 0)
+                    others.push_back(window.id);
+            }
+            level = others;
+        }
         return found;
     }
 
@@ -128,34 +138,52 @@ class Server {
         return children;
     }
 
-    /// Moves the windows that name their process to `found` and returns the others.
-    std::vector<xcb_window_t> WithoutProcess(const std::vector<xcb_window_t>& windows,
-                                             std::map<xcb_window_t, pid_t>& found) {
-        std::vector<xcb_get_property_cookie_t> cookies;
-        for (const xcb_window_t window : windows)
-            cookies.push_back(Request(window, "_NET_WM_PID"));
-        std::vector<xcb_window_t> others;
-        for (size_t i = 0; i < windows.size(); ++i) {
-            const Values id = Read(cookies[i]);
-            if (id.empty())
-                others.push_back(windows[i]);
-            else
-                found[windows[i]] = static_cast<pid_t>(id[0]);
+    /// Whether the window names this machine: the process ids of others mean nothing here.
+    bool IsLocal(xcb_window_t window) {
+        char name[256] = {};
+        gethostname(name, sizeof name - 1);
+        const std::string machine = Text(window, "WM_CLIENT_MACHINE");
+        return machine.empty() || machine == name;
+    }
+
+    /// A window and the processes it may belong to, 0 where unknown.
+    struct Owner {
+        xcb_window_t id;
+        pid_t client;  ///< at the other end of the server's socket
+        pid_t named;   ///< by _NET_WM_PID, which programs may omit and containers number anew
+    };
+
+    std::vector<Owner> Owners(const std::vector<xcb_window_t>& windows) {
+        // A request of a missing extension would end the connection.
+        const bool knowsClients = xcb_get_extension_data(connection_, &xcb_res_id)->present != 0;
+        std::vector<xcb_res_query_client_ids_cookie_t> clients;
+        std::vector<xcb_get_property_cookie_t> names;
+        for (const xcb_window_t window : windows) {
+            const xcb_res_client_id_spec_t spec{window, XCB_RES_CLIENT_ID_MASK_LOCAL_CLIENT_PID};
+            if (knowsClients) clients.push_back(xcb_res_query_client_ids(connection_, 1, &spec));
+            names.push_back(Request(window, "_NET_WM_PID"));
         }
-        return others;
+        std::vector<Owner> owners;
+        for (size_t i = 0; i < windows.size(); ++i) {
+            const pid_t client = knowsClients ? Client(clients[i]) : 0;
+            const Values named = Read(names[i]);
+            owners.push_back(
+                {windows[i], client, named.empty() ? 0 : static_cast<pid_t>(named[0])});
+        }
+        return owners;
+    }
+
+    pid_t Client(xcb_res_query_client_ids_cookie_t cookie) {
+        const auto reply = Owned(xcb_res_query_client_ids_reply(connection_, cookie, nullptr));
+        if (!reply) return 0;
+        const auto ids = xcb_res_query_client_ids_ids_iterator(reply.get());
+        const bool isThere = ids.rem > 0 && xcb_res_client_id_value_value_length(ids.data) > 0;
+        return isThere ? static_cast<pid_t>(*xcb_res_client_id_value_value(ids.data)) : 0;
     }
 
     xcb_connection_t* const connection_;
     std::map<std::string, xcb_atom_t> atoms_;
 };
-
-/// Whether the window is on a program of this machine: the process ids of others mean nothing here.
-bool IsLocal(Server& server, xcb_window_t window) {
-    char name[256] = {};
-    gethostname(name, sizeof name - 1);
-    const std::string machine = server.Text(window, "WM_CLIENT_MACHINE");
-    return machine.empty() || machine == name;
-}
 
 /// Whether the window asks the user something: a modal one, or one in front of another window but
 /// for toolbars and the like.
@@ -182,17 +210,13 @@ bool AcceptsClose(Server& server, xcb_window_t window) {
            Has(server.Property(window, "WM_PROTOCOLS"), server.Atom("WM_DELETE_WINDOW"));
 }
 
-CloseRequest RequestCloseNow(const std::function<bool(pid_t)>& isProgram) {
+CloseRequest RequestCloseNow(const IsProgram& isProgram) {
     Server server;
     if (!server.IsConnected()) return CloseRequest::NoAnswer;
-    std::vector<xcb_window_t> shown;
-    bool hasWindow = false;
-    for (const auto& [window, process] : server.ProgramWindows()) {
-        if (!isProgram(process) || !IsLocal(server, window)) continue;
-        hasWindow = true;
-        if (server.IsShown(window)) shown.push_back(window);
-    }
-    if (shown.empty()) return hasWindow ? CloseRequest::Hidden : CloseRequest::NoWindow;
+    std::vector<xcb_window_t> shown = server.ProgramWindows(isProgram);
+    if (shown.empty()) return CloseRequest::NoWindow;
+    std::erase_if(shown, [&](xcb_window_t window) { return !server.IsShown(window); });
+    if (shown.empty()) return CloseRequest::Hidden;
     const auto isDialog = [&](xcb_window_t window) { return IsDialog(server, window); };
     if (std::any_of(shown.begin(), shown.end(), isDialog)) return CloseRequest::Asking;
     CloseRequest result = CloseRequest::Refused;

@@ -17,8 +17,8 @@ enum class CloseRequest : unsigned char {
 };
 
 /// Asks the windows of a program on the X server that DISPLAY names to close, as the button in the
-/// title bar does. A window is the program's if `isProgram` is true for its _NET_WM_PID. Takes at
-/// most five seconds.
+/// title bar does. A window is the program's if `isProgram` is true for the process that made it, as
+/// the server knows it, or for its _NET_WM_PID. Takes at most five seconds.
 CloseRequest RequestClose(const std::function<bool(pid_t)>& isProgram);
 
 }  // namespace dunvey
