@@ -1,18 +1,13 @@
-#include <fcntl.h>
-#include <unistd.h>
-
-#include <csignal>
-
 #include "platform/linux/helper_test.h"
 
 namespace dunvey {
 namespace {
 
+const std::string kQuit = "quit application AppPath";
+
 std::string Script(const std::string& steps) {
     return "on run {AppPath}\n" + steps + "\nend run";
 }
-
-const char kQuit[] = "quit application AppPath";
 
 class OsascriptTest : public HelperTest {
  protected:
@@ -20,46 +15,41 @@ class OsascriptTest : public HelperTest {
         unsetenv("DISPLAY");
         unsetenv("WAYLAND_DISPLAY");
     }
-    Finished Quit(const std::string& bundle, const Preparation& prepare = {}) const {
-        return Run("osascript", {"-e", Script(std::string(kQuit) + "\ndelay 0"), bundle}, prepare);
-    }
     static bool EventuallyEnded(pid_t process) {
         return Eventually([&] { return !IsRunning(process); });
     }
-    /// Starts the helper and waits until it does nothing but wait.
+    /// Starts the helper and waits until it sleeps.
     pid_t StartWaiting(const std::string& steps, const std::string& bundle) const {
         const pid_t helper = Start({Helper("osascript"), "-e", Script(steps), bundle}, [this] {
             dup2(open(In("messages").c_str(), O_WRONLY | O_CREAT | O_APPEND, 0600), STDERR_FILENO);
         });
         const std::string sleeping = std::to_string(helper) + " (osascript) S";
-        EXPECT_TRUE(Eventually([&] {
-            return ReadText("/proc/" + std::to_string(helper) + "/stat").starts_with(sleeping);
-        }));
+        EXPECT_TRUE(Eventually(
+            [&] { return ReadText(ProcessFile(helper, "stat")).starts_with(sleeping); }));
         return helper;
     }
+
+    const std::string bundle_ = MakeBundle("Folder/A.app");
+    const std::string programs_ = bundle_ + "/Contents/MacOS/";
+    const std::string program_ = MakeRecorder(programs_ + "program");
 };
 
 TEST_F(OsascriptTest, EndsTheProcessesOfTheBundleAndNoOthers) {
-    const std::string bundle = MakeBundle("Folder/A.app");
     ASSERT_EQ(symlink("Folder", In("link").c_str()), 0);
-    const std::string programs = bundle + "/Contents/MacOS/";
     MakeFolder("Folder/A.app/Contents/MacOS/Deeper");
-    MakeFolder("Folder/A.app/Contents/Resources");
     MakeFolder("Folder/A.app/Contents/MacOS (old)");
-    const std::string child = MakeRecorder(bundle + "/Contents/Resources/child");
-    WriteText(programs + "wrapper", "#!/bin/sh\n'" + child + "'\nexit 5\n", 0755);
-    const std::string lie = "exec -a \"$0\" \"$1\"";
+    const std::string child = MakeRecorder(bundle_ + "/Contents/child");
+    MakeProgram(programs_ + "wrapper", "#!/bin/sh\n'" + child + "'\nexit 5\n");
     const Words staying[] = {
-        {"/bin/bash", "-c", lie, programs + "program", MakeRecorder(In("liar"))},
-        {MakeRecorder(bundle + "/Contents/MacOS (old)/program")},
-        {MakeRecorder(In("reader")), programs + "wrapper"}};
-    const std::string program = MakeRecorder(programs + "program");
-    const Words ending[] = {{program},
+        {"/bin/bash", "-c", "exec -a \"$0\" \"$1\"", program_, MakeRecorder(In("liar"))},
+        {MakeRecorder(bundle_ + "/Contents/MacOS (old)/program")},
+        {MakeRecorder(In("reader")), programs_ + "wrapper"}};
+    const Words ending[] = {{program_},
                             {In("link/A.app/Contents/MacOS/program")},
-                            {MakeRecorder(programs + "Deeper/program")},
+                            {MakeRecorder(programs_ + "Deeper/program")},
                             {In("link/A.app/Contents/MacOS/wrapper")},
-                            {programs + "wrapper"}};
-    for (const std::string& path : {bundle, In("link/A.app//"), std::string("link/A.app")}) {
+                            {programs_ + "wrapper"}};
+    for (const std::string& path : {bundle_, In("link/A.app//"), std::string("link/A.app")}) {
         SCOPED_TRACE(path);
         std::vector<pid_t> kept, ended;
         for (const Words& words : staying)
@@ -68,7 +58,8 @@ TEST_F(OsascriptTest, EndsTheProcessesOfTheBundleAndNoOthers) {
             ended.push_back(StartRecorder(words));
         kept.push_back(Records().back().process);
         EXPECT_EQ(Records().back().executable, child);
-        const Finished osascript = Quit(path, [this] { (void)!chdir(In("").c_str()); });
+        const Finished osascript = Run("osascript", {"-e", Script(kQuit + "\ndelay 0"), path},
+                                       [this] { (void)!chdir(In("").c_str()); });
         EXPECT_EQ(osascript.code, 0) << osascript.errors;
         for (const pid_t process : ended)
             EXPECT_TRUE(EventuallyEnded(process));
@@ -76,74 +67,58 @@ TEST_F(OsascriptTest, EndsTheProcessesOfTheBundleAndNoOthers) {
             EXPECT_TRUE(IsRunning(process));
         EndChildren();
     }
+    EXPECT_EQ(Run("osascript", {"-e", Script(kQuit), bundle_}).code, 0) << "nothing runs";
 }
 
 TEST_F(OsascriptTest, SparesItselfAndItsParent) {
-    const std::string bundle = MakeBundle("A.app");
-    const std::string own = bundle + "/Contents/MacOS/osascript";
-    WriteText(own, ReadText(Helper("osascript")), 0755);
-    const std::string parent = bundle + "/Contents/MacOS/parent";
+    const std::string own = MakeProgram(programs_ + "osascript", ReadText(Helper("osascript")));
     const std::string result = In("result");
-    WriteText(parent,
-              "#!/bin/sh\n'" + own + "' -e \"$1\" \"$2\"\necho \"code $?\" >'" + result + "'\n",
-              0755);
-    Start({parent, Script(kQuit), bundle});
+    Start({MakeProgram(programs_ + "parent", "#!/bin/sh\n'" + own + "' -e \"$1\" \"$2\"\n" +
+                                                 "echo \"code $?\" >'" + result + "'\n"),
+           Script(kQuit), bundle_});
     EXPECT_TRUE(Eventually([&] { return ReadText(result) == "code 0\n"; }));
 }
 
-TEST_F(OsascriptTest, TakesTheStepsInOrderAndWaitsBehindAFailureToo) {
-    const std::string bundle = MakeBundle("A.app");
-    const std::string program = MakeRecorder(bundle + "/Contents/MacOS/program");
-    const std::string quitFirst = std::string(kQuit) + "\ndelay 3600";
-    const pid_t process = StartRecorder({program});
-    StartWaiting("delay 3600.5\n" + std::string(kQuit), bundle);
+TEST_F(OsascriptTest, TakesTheStepsInOrderAndWaitsAfterAFailureToo) {
+    const pid_t process = StartRecorder({program_});
+    StartWaiting("delay 3600.5\n" + kQuit, bundle_);
     EXPECT_TRUE(IsRunning(process));
-    const pid_t helper = StartWaiting(quitFirst, bundle);
+    const pid_t helper = StartWaiting(kQuit + "\ndelay 3600", bundle_);
     EXPECT_TRUE(EventuallyEnded(process));
     EXPECT_TRUE(IsRunning(helper));
     EXPECT_EQ(ReadText(In("messages")), "");
-    EXPECT_TRUE(IsRunning(StartWaiting(quitFirst, In("missing.app"))));
+    EXPECT_TRUE(IsRunning(StartWaiting(kQuit + "\ndelay 3600", In("missing.app"))));
     EXPECT_NE(ReadText(In("messages")).find("is no application"), std::string::npos);
 }
 
-TEST_F(OsascriptTest, QuittingWhatDoesNotRunIsNoFailureButAMissingBundleIs) {
-    EXPECT_EQ(Quit(MakeBundle("A.app")).code, 0);
-    MakeFolder("Folder/Contents");
-    WriteText(In("Folder/Contents/MacOS"), "no folder");
-    for (const std::string& path : {In("missing\n.app"), In("Folder")}) {
-        const Words arguments = {"-e", Script(kQuit), path};
-        const Finished osascript = Refused("osascript", arguments, 1, "is no application");
-        EXPECT_EQ(osascript.errors.find('\n'), osascript.errors.size() - 1);
-    }
-}
-
-TEST_F(OsascriptTest, DoesNothingForAnythingButItsLittleLanguage) {
-    const std::string bundle = MakeBundle("A.app");
-    const pid_t process = StartRecorder({MakeRecorder(bundle + "/Contents/MacOS/program")});
-    const std::string quit = kQuit;
-    const std::string whole = Script(quit);
+TEST_F(OsascriptTest, RefusesWhatIsNoScriptOrNoApplication) {
+    const pid_t process = StartRecorder({program_});
+    const std::string whole = Script(kQuit);
     Words scripts = {"",
-                     quit,
-                     "on run {AppPath}\n" + quit,
+                     kQuit,
+                     "on run {AppPath}\n" + kQuit,
                      whole + "\n",
-                     whole + "\n" + quit,
+                     whole + "\n" + kQuit,
                      "on run {}\nquit application \nend run",
                      "on run {App Path}\nquit application App Path\nend run",
-                     "on run AppPath\n" + quit + "\nend run"};
+                     "on run AppPath\n" + kQuit + "\nend run"};
     for (const char* step :
          {"", "delay", "delay ", "delay -1", "delay nan", "delay 1x", "delay 0x1",
           "delay 99999999999999999999", "quit application Other", "do shell script \"true\""})
-        scripts.push_back(Script(quit + "\n" + step));
+        scripts.push_back(Script(kQuit + "\n" + step));
     for (const std::string& script : scripts)
-        Refused("osascript", {"-e", script, bundle}, 2, "isn't understood");
-    const std::vector<Words> calls = {{},
-                                      {"-e", whole},
-                                      {whole, bundle},
-                                      {"-e", whole, ""},
-                                      {"-x", whole, bundle},
-                                      {"-e", whole, bundle, bundle}};
-    for (const Words& arguments : calls)
-        Refused("osascript", arguments, 2, "usage");
+        Refused("osascript", {"-e", script, bundle_}, 2, "isn't understood");
+    const Words calls[] = {{},
+                           {"-e", whole},
+                           {whole, bundle_},
+                           {"-e", whole, ""},
+                           {"-x", whole, bundle_},
+                           {"-e", whole, bundle_, bundle_}};
+    for (const Words& words : calls)
+        Refused("osascript", words, 2, "usage");
+    MakeProgram(MakeFolder("Other/Contents") + "/MacOS", "no folder");
+    for (const std::string& path : {In("missing\n.app"), In("Other")})
+        Refused("osascript", {"-e", whole, path}, 1, "\" is no application");
     EXPECT_TRUE(IsRunning(process));
 }
 

@@ -5,8 +5,8 @@
 #include <xcb/xcb.h>
 
 #include <cstdlib>
-#include <cstring>
 #include <string>
+#include <vector>
 
 #include "road/display.h"
 
@@ -23,33 +23,27 @@ class ProgramWindows : public testing::Test {
     }
     ~ProgramWindows() override { xcb_disconnect(connection_); }
 
-    xcb_atom_t Atom(const char* name) {
-        const auto cookie =
-            xcb_intern_atom(connection_, 0, static_cast<uint16_t>(std::strlen(name)), name);
+    xcb_atom_t Atom(const std::string& name) {
+        const auto length = static_cast<uint16_t>(name.size());
+        const auto cookie = xcb_intern_atom(connection_, 0, length, name.c_str());
         xcb_intern_atom_reply_t* reply = xcb_intern_atom_reply(connection_, cookie, nullptr);
         const xcb_atom_t atom = reply->atom;
         free(reply);
         return atom;
     }
-    void Set(xcb_window_t window, const char* name, xcb_atom_t type, uint32_t value) {
-        xcb_change_property(connection_, XCB_PROP_MODE_REPLACE, window, Atom(name), type, 32, 1,
-                            &value);
+    void Set(xcb_window_t window, const char* name, const std::vector<uint32_t>& values) {
+        xcb_change_property(connection_, XCB_PROP_MODE_REPLACE, window, Atom(name), XCB_ATOM_ATOM,
+                            32, static_cast<uint32_t>(values.size()), values.data());
     }
     /// A window of a process, shown and closable.
     xcb_window_t Window(pid_t process) {
         const xcb_window_t window = xcb_generate_id(connection_);
         xcb_create_window(connection_, XCB_COPY_FROM_PARENT, window, screen_->root, 0, 0, 9, 9, 0,
                           XCB_WINDOW_CLASS_INPUT_OUTPUT, XCB_COPY_FROM_PARENT, 0, nullptr);
-        if (process != 0)
-            Set(window, "_NET_WM_PID", XCB_ATOM_CARDINAL, static_cast<uint32_t>(process));
-        Set(window, "WM_PROTOCOLS", XCB_ATOM_ATOM, Atom("WM_DELETE_WINDOW"));
+        if (process != 0) Set(window, "_NET_WM_PID", {static_cast<uint32_t>(process)});
+        Set(window, "WM_PROTOCOLS", {Atom("WM_DELETE_WINDOW")});
         xcb_map_window(connection_, window);
-        Sync();
         return window;
-    }
-    void Hide(xcb_window_t window) {
-        xcb_unmap_window(connection_, window);
-        Sync();
     }
     void Sync() {
         free(xcb_get_input_focus_reply(connection_, xcb_get_input_focus(connection_), nullptr));
@@ -83,8 +77,8 @@ TEST_F(ProgramWindows, AreAskedToCloseAndNoOthers) {
     const xcb_window_t second = Window(kOwn);
     EXPECT_EQ(Ask(), CloseRequest::Sent);
     EXPECT_EQ(Requests(), 2U);
-    Hide(first);
-    Hide(second);
+    for (const xcb_window_t window : {first, second})
+        xcb_unmap_window(connection_, window);
     EXPECT_EQ(Ask(), CloseRequest::Hidden);
     const xcb_window_t deaf = Window(kOwn);
     xcb_delete_property(connection_, deaf, Atom("WM_PROTOCOLS"));
@@ -103,18 +97,16 @@ TEST_F(ProgramWindows, AreFoundByTheProcessThatMadeThem) {
 TEST_F(ProgramWindows, AreLeftAloneWhileTheProgramAsks) {
     const xcb_window_t window = Window(kOwn);
     const xcb_window_t dialog = Window(kOwn);
-    Set(dialog, "WM_TRANSIENT_FOR", XCB_ATOM_WINDOW, window);
+    Set(dialog, "WM_TRANSIENT_FOR", {window});
     EXPECT_EQ(Ask(), CloseRequest::Asking);
     // A palette isn't a question: by its type, or by the owner's hints as Wine sets them.
-    Set(dialog, "_NET_WM_WINDOW_TYPE", XCB_ATOM_ATOM, Atom("_NET_WM_WINDOW_TYPE_UTILITY"));
+    Set(dialog, "_NET_WM_WINDOW_TYPE", {Atom("_NET_WM_WINDOW_TYPE_UTILITY")});
     EXPECT_EQ(Ask(), CloseRequest::Sent);
-    Set(dialog, "_NET_WM_WINDOW_TYPE", XCB_ATOM_ATOM, Atom("_NET_WM_WINDOW_TYPE_DIALOG"));
+    Set(dialog, "_NET_WM_WINDOW_TYPE", {Atom("_NET_WM_WINDOW_TYPE_DIALOG")});
     EXPECT_EQ(Ask(), CloseRequest::Asking);
-    const uint32_t closable[] = {3, 0x3E, 0, 0, 0};
-    xcb_change_property(connection_, XCB_PROP_MODE_REPLACE, window, Atom("_MOTIF_WM_HINTS"),
-                        Atom("_MOTIF_WM_HINTS"), 32, 5, closable);
+    Set(window, "_MOTIF_WM_HINTS", {3, 0x3E, 0, 0, 0});
     EXPECT_EQ(Ask(), CloseRequest::Sent);
-    Set(dialog, "_NET_WM_STATE", XCB_ATOM_ATOM, Atom("_NET_WM_STATE_MODAL"));
+    Set(dialog, "_NET_WM_STATE", {Atom("_NET_WM_STATE_MODAL")});
     EXPECT_EQ(Ask(), CloseRequest::Asking);
     EXPECT_EQ(Requests(), 2U);
 }
