@@ -1,10 +1,6 @@
 #include <QAbstractButton>
-#include <QApplication>
-#include <QMessageBox>
 #include <QTableView>
-#include <QTest>
 
-#include "platform/qt/qt_window.h"
 #include "qt_test.h"
 #include "support/contract_script.h"
 
@@ -14,25 +10,23 @@ namespace {
 /// Real keys and a real mouse.
 class QtHands final : public Hands {
  public:
+    void Show(Window& window) override {
+        window.Show();
+        window_ = &window;
+        EXPECT_TRUE(QTest::qWaitForWindowActive(WindowWidget::Of(&window)));
+    }
     void WhenShown(Window& window, std::vector<Step> steps) override {
-        steps_.When([&window] { return InFront() && InFront() == WindowWidget::Of(&window); },
-                    [this, steps] { steps_.Take(steps); });
+        steps_.When([&window] { return IsInFront(WindowWidget::Of(&window)); }, steps);
     }
     void DuringTurn(Step step) override { steps_.Soon(step); }
     void AnswerSheet(Window& window, const std::string& message) override {
-        const auto sheet = [&window] {
-            return WindowWidget::Of(&window)->findChild<QMessageBox*>(QString(),
-                                                                      Qt::FindDirectChildrenOnly);
-        };
-        steps_.When([sheet] { return sheet() != nullptr && sheet()->isVisible(); },
-                    [sheet, message] {
-                        EXPECT_EQ(sheet()->text().toStdString(), message);
-                        QTest::keyClick(sheet(), Qt::Key_Return);
-                    });
+        steps_.When([&window] { return IsInFront(SheetOf(window)); }, {[&window, message] {
+                        EXPECT_EQ(SheetOf(window)->text().toStdString(), message);
+                        QTest::keyClick(SheetOf(window), Qt::Key_Return);
+                    }});
     }
 
-    void Press(PushButton& button) override { Click(button); }
-    void PressInVain(PushButton& button) override { Click(button); }
+    void Press(PushButton& button) override { QTest::mouseClick(&Widget(button), Qt::LeftButton); }
     void Return(Window& window) override { Type(window, Qt::Key_Return); }
     void Escape(Window& window) override { Type(window, Qt::Key_Escape); }
     void Select(Listbox& list, int64_t row) override {
@@ -71,24 +65,32 @@ class QtHands final : public Hands {
     }
 
  private:
-    static QWidget* InFront() { return QApplication::activeModalWidget(); }
-    static QWidget& Widget(const RectControl& control) {
-        return *InFront()->findChild<QWidget*>(QString::fromStdString(control.Name()));
+    static bool IsInFront(const QWidget* widget) {
+        return widget != nullptr && widget->isVisible() &&
+               widget == QApplication::activeModalWidget();
     }
-    static QTableView& View(const Listbox& list) {
-        return *qobject_cast<QTableView*>(&Widget(list));
+    static QMessageBox* SheetOf(Window& window) {
+        return WindowWidget::Of(&window)->findChild<QMessageBox*>(QString(),
+                                                                  Qt::FindDirectChildrenOnly);
     }
-    static QPoint PlaceOf(const Listbox& list, int64_t row) {
+    QWidget& Widget(const RectControl& control) {
+        RunEvents();
+        const QWidget* modal = QApplication::activeModalWidget();
+        const QWidget* front = modal != nullptr ? modal : WindowWidget::Of(window_);
+        return *front->findChild<QWidget*>(QString::fromStdString(control.Name()));
+    }
+    QTableView& View(const Listbox& list) { return *qobject_cast<QTableView*>(&Widget(list)); }
+    QPoint PlaceOf(const Listbox& list, int64_t row) {
         const QTableView& view = View(list);
         if (row == -1) return view.viewport()->rect().bottomLeft() + QPoint(5, -5);
         return view.visualRect(view.model()->index(static_cast<int>(row), 0)).center();
     }
-    static void Click(PushButton& button) { QTest::mouseClick(&Widget(button), Qt::LeftButton); }
     static void Type(Window& window, Qt::Key key) {
-        QWidget* widget = WindowWidget::Of(&window);
-        QTest::keyClick(widget->focusWidget() != nullptr ? widget->focusWidget() : widget, key);
+        QTest::keyClick(WindowWidget::Of(&window)->focusWidget(), key);
     }
 
+    /// The last one that was shown, not modally.
+    Window* window_ = nullptr;
     Steps steps_;
 };
 

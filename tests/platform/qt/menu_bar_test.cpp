@@ -14,14 +14,11 @@ class MenuBarTest : public QtTest {
         setenv("LC_ALL", locale, 1);
         bar_ = New<MainMenuBar>();
         app_->SetMenuBar(bar_);
+        window_.SetMenuBar(bar_);
     }
-    void ShowWithBar(Window& window, const std::vector<Steps::Step>& steps) {
-        window.SetMenuBar(bar_);
-        Show(window, steps);
-    }
-    static QtMenuBar& Bar() { return *dynamic_cast<QtMenuBar*>(Shown().findChild<QMenuBar*>()); }
+    QtMenuBar& Bar() { return *dynamic_cast<QtMenuBar*>(Shown().findChild<QMenuBar*>()); }
     /// Opens the menu and returns its items, each with its keys and "!" if it is disabled.
-    static std::string Open(int place) {
+    std::string ItemsOf(int place) {
         QAction* action = Bar().actions()[place];
         Bar().setActiveAction(action);
         std::string text = action->text().toStdString() + ":";
@@ -32,109 +29,98 @@ class MenuBarTest : public QtTest {
             text += item->isEnabled() ? "" : "!";
         }
         action->menu()->hide();
+        Activate(*shown_);
         return text;
     }
-    static void Activate(Window& window) { WindowWidget::Of(&window)->activateWindow(); }
+    /// The menu that the key opens.
+    static std::string MenuOpenedBy(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
+        Key(key, modifiers);
+        auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+        if (menu == nullptr) return "none";
+        menu->hide();
+        return menu->title().toStdString();
+    }
+    static void Activate(Window& window) {
+        WindowWidget::Of(&window)->activateWindow();
+        RunEvents();
+    }
 
     Ref<MenuBar> bar_;
+    FilledChooser window_{5};
 };
 
 TEST_F(MenuBarTest, ShowsItsItemsAndValidatesThemWhenAMenuOpens) {
-    FilledChooser window(2);
     bar_->Find("FileAbout")->Action = [] { return true; };
-    ShowWithBar(window, {[] {
-                    EXPECT_TRUE(Bar().actions()[0]->menu()->actions().isEmpty());
-                    EXPECT_EQ(Open(0), "&File: Close(Ctrl+W) - Quit(Ctrl+Q)");
-                    EXPECT_EQ(Open(1),
-                              "&Edit: &Undo(Ctrl+Z)! Redo(Ctrl+Shift+Z)! - Cut(Ctrl+X)! "
-                              "Copy(Ctrl+C)! Paste(Ctrl+V)! Delete! Select All(Ctrl+A)!");
-                    EXPECT_EQ(Open(2), "&Window: Minimize(Ctrl+M)! Zoom! - Bring All to Front");
-                    EXPECT_EQ(Open(3), "&Help: About");
-                }});
+    Open(window_);
+    EXPECT_TRUE(Bar().actions()[0]->menu()->actions().isEmpty());
+    EXPECT_EQ(ItemsOf(0), "&File: Close(Ctrl+W) - Quit(Ctrl+Q)");
+    EXPECT_EQ(ItemsOf(1),
+              "&Edit: &Undo(Ctrl+Z)! Redo(Ctrl+Shift+Z)! - Cut(Ctrl+X)! "
+              "Copy(Ctrl+C)! Paste(Ctrl+V)! Delete! Select All(Ctrl+A)!");
+    EXPECT_EQ(ItemsOf(2), "&Window: Minimize(Ctrl+M)! Zoom! - Bring All to Front");
+    EXPECT_EQ(ItemsOf(3), "&Help: About");
 }
 
 TEST_F(MenuBarTest, IsAddedAboveTheContent) {
-    FilledChooser window(5);
-    ShowWithBar(window, {[&window] {
-                    const int bar = Bar().height();
-                    EXPECT_GT(bar, 15);
-                    const QSize content(static_cast<int>(window.Width()),
-                                        static_cast<int>(window.Height()));
-                    EXPECT_EQ(Shown().size(), content + QSize(0, bar));
-                    QWidget& list = Find("AppList");
-                    EXPECT_EQ(list.mapTo(&Shown(), QPoint()), list.pos() + QPoint(0, bar));
-                    EXPECT_EQ(Shown().focusWidget(), &list);
-                    Shown().resize(500, 500 + bar);
-                    EXPECT_EQ(window.Height(), 500);
-                    EXPECT_EQ(Bar().width(), 500);
-                }});
+    Open(window_);
+    const QSize content(static_cast<int>(window_.Width()), static_cast<int>(window_.Height()));
+    const int bar = Bar().height();
+    EXPECT_GT(bar, 15);
+    EXPECT_EQ(Shown().size(), content + QSize(0, bar));
+    QWidget& list = Find("AppList");
+    EXPECT_EQ(list.mapTo(&Shown(), QPoint()), list.pos() + QPoint(0, bar));
+    EXPECT_EQ(Shown().focusWidget(), &list);
+    Shown().resize(500, 500 + bar);
+    EXPECT_EQ(window_.Height(), 500);
+    EXPECT_EQ(Bar().width(), 500);
 }
 
 TEST_F(MenuBarTest, TheKeyboardAloneOpensMenus) {
-    const auto expectOpen = [](const char* title) {
-        auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
-        ASSERT_NE(menu, nullptr) << title;
-        EXPECT_EQ(menu->title().toStdString(), title);
-        menu->hide();
-    };
-    FilledChooser window(2);
-    ShowWithBar(window, {[] { Key(Qt::Key_F10); },
-                         [&] {
-                             expectOpen("&File");
-                             Key(Qt::Key_W, Qt::AltModifier);
-                         },
-                         [&] { expectOpen("&Window"); }});
+    Open(window_);
+    EXPECT_EQ(MenuOpenedBy(Qt::Key_F10), "&File");
+    EXPECT_EQ(MenuOpenedBy(Qt::Key_W, Qt::AltModifier), "&Window");
     UseLanguage("ja_JP.UTF-8");
     FilledChooser japanese(2);
-    ShowWithBar(japanese,
-                {[] { Key(Qt::Key_H, Qt::AltModifier); }, [&] { expectOpen("ヘルプ(&H)"); }});
+    japanese.SetMenuBar(bar_);
+    Open(japanese);
+    EXPECT_EQ(MenuOpenedBy(Qt::Key_H, Qt::AltModifier), "ヘルプ(&H)");
 }
 
 TEST_F(MenuBarTest, ShortcutsAreValidatedWhenTheyArePressed) {
-    FilledChooser window(2);
     const Ref<MenuItem> copy = bar_->Find("EditCopy");
     copy->Action = [&] {
         app_->log += "copy ";
         return true;
     };
-    ShowWithBar(window, {[] { Key(Qt::Key_M, Qt::ControlModifier); },
-                         [&] {
-                             EXPECT_FALSE(Shown().isMinimized()) << "it has no such button";
-                             // An open menu disables its items until it closes.
-                             copy->AutoEnable = copy->Enabled = false;
-                             EXPECT_NE(Open(1).find("Copy(Ctrl+C)!"), std::string::npos);
-                             copy->Enabled = true;
-                             Key(Qt::Key_C, Qt::ControlModifier);
-                             EXPECT_EQ(app_->log, "copy ");
-                             HoldKey(*Shown().focusWidget(), Qt::Key_W, Qt::ControlModifier);
-                             EXPECT_FALSE(window.IsClosed()) << "a held key closes one window";
-                             Key(Qt::Key_W, Qt::ControlModifier);
-                             EXPECT_TRUE(window.IsClosed());
-                         }});
+    Open(window_);
+    Key(Qt::Key_M, Qt::ControlModifier);
+    EXPECT_FALSE(Shown().isMinimized()) << "it has no such button";
+    // An open menu disables its items until it closes.
+    copy->AutoEnable = copy->Enabled = false;
+    EXPECT_NE(ItemsOf(1).find("Copy(Ctrl+C)!"), std::string::npos);
+    copy->Enabled = true;
+    Key(Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(app_->log, "copy ");
+    HoldKey(*Shown().focusWidget(), Qt::Key_W, Qt::ControlModifier);
+    EXPECT_FALSE(window_.IsClosed()) << "a held key closes one window";
+    Key(Qt::Key_W, Qt::ControlModifier);
+    EXPECT_TRUE(window_.IsClosed());
 }
 
 TEST_F(MenuBarTest, QuitEndsTheProgramButNotPastAQuestion) {
-    FilledChooser window(2);
     app_->open = [&] {
-        ShowWithBar(window, {[&] {
-                                 AtBox([] {
-                                     Key(Qt::Key_Q, Qt::ControlModifier);
-                                     Key(Qt::Key_W, Qt::ControlModifier);
-                                     ASSERT_NE(Box(), nullptr) << "it must be answered";
-                                     Key(Qt::Key_Return);
-                                 });
-                                 loop_.Enter([&] {
-                                     MessageDialog dialog;
-                                     dialog.ShowModalWithin(&window);
-                                     app_->log += "answered ";
-                                 });
-                             },
-                             [&] {
-                                 EXPECT_FALSE(window.IsClosed());
-                                 Activate(window);
-                             },
-                             [] { Key(Qt::Key_Q, Qt::ControlModifier); }});
-        app_->log += "never ";
+        Open(window_);
+        AtBox([] {
+            Key(Qt::Key_Q, Qt::ControlModifier);
+            Key(Qt::Key_W, Qt::ControlModifier);
+            ASSERT_NE(Box(), nullptr) << "it must be answered";
+            Key(Qt::Key_Return);
+        });
+        MessageDialog().ShowModalWithin(&window_);
+        EXPECT_FALSE(window_.IsClosed());
+        app_->log += "answered ";
+        Activate(window_);
+        steps_.Soon([] { Key(Qt::Key_Q, Qt::ControlModifier); });
     };
     EXPECT_EQ(loop_.Run(*app_), 0);
     EXPECT_EQ(app_->log, "answered close ");
@@ -143,19 +129,15 @@ TEST_F(MenuBarTest, QuitEndsTheProgramButNotPastAQuestion) {
 TEST_F(MenuBarTest, CommandsGoToTheWindowInFrontEvenWithoutAMenuBar) {
     for (const bool isPanelInFront : {false, true}) {
         FilledChooser window(2);
-        const Ref<Window> panel = New<Window>(Size{200, 100});
-        panel->MinimizeButton = false;
-        ShowWithBar(window, {[&] { panel->Show(); },
-                             [&] {
-                                 EXPECT_EQ(WindowWidget::Of(panel.Get())->height(), 100);
-                                 Activate(isPanelInFront ? *panel : window);
-                             },
-                             [&] {
-                                 Key(Qt::Key_W, Qt::ControlModifier);
-                                 EXPECT_EQ(panel->IsClosed(), isPanelInFront);
-                                 EXPECT_EQ(window.IsClosed(), !isPanelInFront);
-                                 panel->Close();
-                             }});
+        Open(window);
+        Window panel({200, 100});
+        panel.MinimizeButton = false;
+        Open(panel);
+        EXPECT_EQ(Shown().height(), 100) << "no menu bar";
+        Activate(isPanelInFront ? panel : window);
+        Key(Qt::Key_W, Qt::ControlModifier);
+        EXPECT_EQ(panel.IsClosed(), isPanelInFront);
+        EXPECT_EQ(window.IsClosed(), !isPanelInFront);
     }
 }
 

@@ -5,6 +5,7 @@
 #include <QPushButton>
 
 #include "platform/controls/message_dialog.h"
+#include "platform/qt/display.h"
 #include "qt_test.h"
 
 namespace dunvey::test {
@@ -104,23 +105,19 @@ TEST_F(QtDesktopTest, DocumentsAndTimersAreServedInsideADialog) {
     class Closer final : public Timer {
         void Event_Action() override { QTest::keyClick(Box(), Qt::Key_Return); }
     } closer;
-    app_->open = [&] { closer.SetPeriod(20); };
-    loop_.PostOpenDocument(New<FolderItem>("/early"));
-    steps_.Soon([&] {
-        AtBox([&] {
-            loop_.Enter([&] {
-                loop_.PostOpenDocument(New<FolderItem>("/late"));
-                closer.SetMode(Timer::kOnce);
-            });
-        });
-        loop_.Enter([&] {
-            MsgBox("wait");
-            app_->log += "answered ";
-            Quit(4);
-        });
+    closer.SetPeriod(20);
+    loop_.PostOpenDocument(New<FolderItem>("/ask"));
+    AtBox([&] {
+        loop_.PostOpenDocument(New<FolderItem>("/late"));
+        closer.SetMode(Timer::kOnce);
     });
+    app_->ask = [&] {
+        MsgBox("wait");
+        app_->log += "answered ";
+        Quit(4);
+    };
     EXPECT_EQ(loop_.Run(*app_), 4);
-    EXPECT_EQ(app_->log, "early late answered close ");
+    EXPECT_EQ(app_->log, "ask late answered close ");
 }
 
 TEST_F(QtDesktopTest, TheDesktopsQuitRequestEndsADialogAndTheProgram) {
@@ -132,6 +129,24 @@ TEST_F(QtDesktopTest, TheDesktopsQuitRequestEndsADialogAndTheProgram) {
     EXPECT_EQ(loop_.Run(*app_), 0);
     EXPECT_EQ(app_->log, "close ");
     EXPECT_EQ(Box(), nullptr);
+}
+
+TEST(ReachDisplayTest, TakesTheFirstPlatformThatCanShowWindows) {
+    const std::string before = std::getenv("QT_QPA_PLATFORM");
+    unsetenv("DISPLAY");
+    unsetenv("WAYLAND_DISPLAY");
+    using Row = std::pair<const char*, const char*>;
+    for (const auto& [names, reached] :
+         {Row{"OffScreen", "OffScreen"}, Row{"XCB;Minimal", "Minimal"},
+          Row{"xcb;;offscreen:options", "offscreen:options"},
+          Row{"linuxfb;eglfs;offscreen", "offscreen"}, Row{"xcb", ""}, Row{"Wayland;xcb", ""},
+          Row{"none such", ""}, Row{"off*", ""}}) {
+        setenv("QT_QPA_PLATFORM", names, 1);
+        const std::optional<Display> display = ReachDisplay();
+        EXPECT_EQ(display ? display->platform : "", reached) << names;
+        EXPECT_STREQ(std::getenv("QT_QPA_PLATFORM"), names) << "commands inherit it";
+    }
+    setenv("QT_QPA_PLATFORM", before.c_str(), 1);
 }
 
 }  // namespace

@@ -13,6 +13,14 @@ namespace {
 
 const QColor kDark(0x23, 0x26, 0x29);
 
+QPalette ThemePalette(const QColor& window, const QColor& text) {
+    QPalette palette(window, window);
+    palette.setColor(QPalette::Base, window);
+    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+        palette.setColor(role, text);
+    return palette;
+}
+
 double ContrastOf(const QColor& color1, const QColor& color2) {
     return Contrast(ToColor(color1), ToColor(color2));
 }
@@ -93,48 +101,42 @@ TEST_F(ThemeTest, EverythingCanBeReadUnderEveryTheme) {
     FilledChooser window(5);
     window.AppList()->SetListIndex(2);
     window.LabelMsg()->SetTextColor({0xFB0C43});
-    std::vector<Steps::Step> steps;
+    Open(window);
     for (const Theme& theme :
          {Theme{QColor(0xEF, 0xEF, 0xEF), Qt::black, 2.5, true},
           Theme{QColor(0x20, 0x20, 0x22), Qt::white, 4.5, false},
           Theme{QColor(0xE0, 0x20, 0x40), Qt::white, 4.5, false},
           Theme{Qt::black, Qt::white, 4.5, true}, Theme{Qt::white, Qt::black, 4.5, false}}) {
-        steps.emplace_back([theme] {
-            QPalette palette = ThemePalette(theme.window, theme.text);
-            palette.setColor(QPalette::Highlight, QColor(kHighlight));
-            palette.setColor(QPalette::HighlightedText, Qt::white);
-            QApplication::setPalette(palette);
-        });
-        steps.emplace_back([theme] {
-            SCOPED_TRACE(theme.window.name().toStdString());
-            const QColor warning = Find("LabelMsg").palette().color(QPalette::WindowText);
-            EXPECT_GE(ContrastOf(warning, theme.window), theme.least);
-            EXPECT_TRUE(!theme.isGivenColourGood || warning == QColor(0xFB0C43));
-            EXPECT_EQ(Find("LabelFileName").palette().color(QPalette::WindowText), theme.text);
-            auto& list = Find<QTableView>("AppList");
-            const QImage image = list.viewport()->grab().toImage();
-            const auto expect = [&image](QPoint place, QRgb color) {
-                const double scale = image.devicePixelRatio();
-                EXPECT_EQ(image.pixelColor(static_cast<int>((place.x() + 0.5) * scale),
-                                           static_cast<int>((place.y() + 0.5) * scale)),
-                          QColor(color))
-                    << place.x() << "," << place.y();
-            };
-            const auto cell = [&list](int row, int column) {
-                return list.visualRect(list.model()->index(row, column));
-            };
-            const QRect stripe = cell(1, 0);
-            expect({stripe.right() - 5, stripe.center().y()}, kStripe);
-            expect({stripe.right() - 5, stripe.top() - 10}, 0xFFFFFFFF);
-            expect({stripe.right(), stripe.center().y()}, kLine);
-            expect({stripe.right() - 5, stripe.bottom()}, kLine);
-            // No line after the last column, and none in a selected row.
-            expect({cell(1, 2).right(), cell(1, 2).center().y()}, kStripe);
-            expect({cell(2, 2).right() - 5, cell(2, 2).center().y()}, kHighlight);
-            expect({cell(2, 2).left() - 1, cell(2, 2).center().y()}, kHighlight);
-        });
+        SCOPED_TRACE(theme.window.name().toStdString());
+        QPalette palette = ThemePalette(theme.window, theme.text);
+        palette.setColor(QPalette::Highlight, QColor(kHighlight));
+        palette.setColor(QPalette::HighlightedText, Qt::white);
+        QApplication::setPalette(palette);
+        RunEvents();
+        const QColor warning = Find("LabelMsg").palette().color(QPalette::WindowText);
+        EXPECT_GE(ContrastOf(warning, theme.window), theme.least);
+        EXPECT_TRUE(!theme.isGivenColourGood || warning == QColor(0xFB0C43));
+        EXPECT_EQ(Find("LabelFileName").palette().color(QPalette::WindowText), theme.text);
+        auto& list = Find<QTableView>("AppList");
+        const QImage image = list.viewport()->grab().toImage();
+        const auto expect = [&image](int x, int y, QRgb color) {
+            EXPECT_EQ(image.pixelColor(x, y), QColor(color)) << x << "," << y;
+        };
+        const auto cell = [&list](int row, int column) {
+            return list.visualRect(list.model()->index(row, column));
+        };
+        const QRect stripe = cell(1, 0);
+        const int middle = stripe.center().y();
+        expect(stripe.right() - 5, middle, kStripe);
+        expect(stripe.right() - 5, stripe.top() - 10, 0xFFFFFFFF);
+        expect(stripe.right(), middle, kLine);
+        expect(stripe.right() - 5, stripe.bottom(), kLine);
+        expect(10, middle, 0xFFD05090);
+        // No line after the last column, and none in a selected row.
+        expect(cell(1, 2).right(), middle, kStripe);
+        expect(cell(2, 2).right() - 5, cell(2, 2).center().y(), kHighlight);
+        expect(cell(2, 2).left() - 1, cell(2, 2).center().y(), kHighlight);
     }
-    Show(window, steps);
 }
 
 }  // namespace

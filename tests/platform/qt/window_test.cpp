@@ -9,7 +9,9 @@
 #include <QToolTip>
 
 #include "menus/localized.h"
+#include "platform/qt/qt_cells.h"
 #include "platform/qt/qt_graphics.h"
+#include "platform/qt/qt_list.h"
 #include "qt_test.h"
 #include "support/hostile_names.h"
 
@@ -18,31 +20,46 @@ namespace {
 
 class WindowTest : public QtTest {
  protected:
-    static QTableView& List() { return Find<QTableView>("AppList"); }
-    static QPoint CellCentre(int row, int column = 0) {
+    ~WindowTest() override {
+        QApplication::setFont(font_);
+        QApplication::setKeyboardInputInterval(keyboardInterval_);
+    }
+
+    QTableView& List() { return Find<QTableView>("AppList"); }
+    QPoint CellCentre(int row, int column = 0) {
         return List().visualRect(List().model()->index(row, column)).center();
+    }
+    void ClickList(QPoint place, Qt::KeyboardModifiers keys = {}) {
+        QTest::mouseClick(List().viewport(), Qt::LeftButton, keys, place);
+    }
+    void DoubleClickList(QPoint place, Qt::MouseButton button, Qt::KeyboardModifiers keys = {}) {
+        QTest::mouseClick(List().viewport(), button, keys, place);
+        QTest::mouseDClick(List().viewport(), button, keys, place);
     }
     static QString Spoken(QWidget& widget, QAccessible::Text text = QAccessible::Name) {
         return QAccessible::queryAccessibleInterface(&widget)->text(text);
     }
     /// The tool tip of the control; empty for none.
-    static QString TipOf(const char* name) {
+    QString TipOf(const char* name) {
         QToolTip::hideText();
         QHelpEvent event(QEvent::ToolTip, {5, 5}, Find(name).mapToGlobal(QPoint(5, 5)));
         QApplication::sendEvent(&Find(name), &event);
         return QToolTip::text();
     }
     /// Enables both buttons, of which PushButton1 is the default one; presses are logged.
-    void UseButtons(Window1& window) {
-        for (const auto& button : {window.PushButton1(), window.PushButton3()}) {
+    void UseButtons() {
+        for (const auto& button : {window_.PushButton1(), window_.PushButton3()}) {
             button->SetEnabled(true);
             button->Action = [this](PushButton& pressed) { log_ += pressed.Name() + " "; };
         }
-        window.PushButton1()->SetDefault(true);
+        window_.PushButton1()->SetDefault(true);
     }
 
+    const QFont font_ = QApplication::font();
+    const int keyboardInterval_ = QApplication::keyboardInputInterval();
     std::string log_;
-    const QFont before_ = QApplication::font();
+    FilledChooser window_{6};
+    myListBox& list_ = *window_.AppList();
 };
 
 TEST_F(WindowTest, TheTitleBarHasOnlyTheButtonsThatAreWanted) {
@@ -52,195 +69,163 @@ TEST_F(WindowTest, TheTitleBarHasOnlyTheButtonsThatAreWanted) {
         window.SetTitle("plain");
         window.CloseButton = isClosable;
         window.Handle()->standardWindowButton(NSWindow::kMiniaturizeButton)->setHidden(true);
-        Show(window, {[&] {
-                 EXPECT_EQ(Shown().windowTitle(), "plain");
-                 EXPECT_EQ(Shown().windowFlags() & buttons,
-                           isClosable ? Qt::WindowCloseButtonHint : Qt::WindowFlags());
-                 EXPECT_TRUE(Shown().windowFlags() & Qt::CustomizeWindowHint);
-                 EXPECT_EQ(Shown().minimumSize(), Shown().maximumSize());
-             }});
+        Open(window);
+        EXPECT_EQ(Shown().windowTitle(), "plain");
+        EXPECT_EQ(Shown().windowFlags() & buttons,
+                  isClosable ? Qt::WindowCloseButtonHint : Qt::WindowFlags());
+        EXPECT_TRUE(Shown().windowFlags() & Qt::CustomizeWindowHint);
+        EXPECT_EQ(Shown().minimumSize(), Shown().maximumSize());
     }
 }
 
 TEST_F(WindowTest, TheFocusStartsInTheListFollowsTabIndexAndLeavesDisabledControls) {
-    FilledChooser window(5);
-    UseButtons(window);
-    Show(window, {[&] {
-             QString order;
-             for (int i = 0; i < 6; ++i) {
-                 order += Shown().focusWidget()->objectName() + QLatin1Char(' ');
-                 QTest::keyClick(Shown().focusWidget(), Qt::Key_Tab);
-             }
-             EXPECT_EQ(order, "AppList PushButton1 PushButton2 PushButton3 CheckBox1 CheckBox2 ");
-             EXPECT_EQ(Shown().focusWidget(), &List());
-             Find("PushButton3").setFocus();
-             window.PushButton3()->SetEnabled(false);
-             EXPECT_EQ(Shown().focusWidget(), &List());
-         }});
+    UseButtons();
+    Open(window_);
+    QString order;
+    for (int i = 0; i < 6; ++i) {
+        order += Shown().focusWidget()->objectName() + QLatin1Char(' ');
+        Key(Qt::Key_Tab);
+    }
+    EXPECT_EQ(order, "AppList PushButton1 PushButton2 PushButton3 CheckBox1 CheckBox2 ");
+    EXPECT_EQ(Shown().focusWidget(), &List());
+    Find("PushButton3").setFocus();
+    window_.PushButton3()->SetEnabled(false);
+    EXPECT_EQ(Shown().focusWidget(), &List());
 }
 
 TEST_F(WindowTest, TypedWordsSelectRows) {
-    FilledChooser window(6);
-    const int before = QApplication::keyboardInputInterval();
-    const auto expect = [&](const std::string& text, int row) {
+    Open(window_);
+    using Case = std::pair<const char*, int>;
+    for (const auto& [text, row] :
+         {Case{"CS6", 2}, Case{"cc 2015", 4}, Case{"9.0", 3}, Case{"zz", 3}, Case{" ", 3},
+          Case{"cs", 0}, Case{"cs5", 1}, Case{"cs", 1}}) {
         // The first key starts a search; the others continue it, however slow the test is.
         QApplication::setKeyboardInputInterval(0);
-        for (const char key : text) {
+        for (const char key : std::string(text)) {
             QTest::keyClick(&List(), key);
             QApplication::setKeyboardInputInterval(1000000);
         }
-        EXPECT_EQ(window.AppList()->ListIndex(), row) << text;
-    };
-    Show(window,
-         {[&] { expect("CS6", 2); }, [&] { expect("cc 2015", 4); }, [&] { expect("2016", 5); },
-          [&] { expect("9.0", 3); }, [&] { expect("zz", 3); }, [&] { expect(" ", 3); },
-          [&] { expect("cs", 0); }, [&] { expect("cs5", 1); }, [&] { expect("cs", 1); }});
-    QApplication::setKeyboardInputInterval(before);
+        EXPECT_EQ(list_.ListIndex(), row) << text;
+    }
 }
 
 TEST_F(WindowTest, KeysAndModifiersInTheList) {
-    FilledChooser window(5);
     const auto log = [&](Listbox& list) { log_ += std::to_string(list.ListIndex()) + " "; };
-    window.AppList()->DoubleClickHandler = [&](Listbox& list) {
+    list_.Change = log;
+    list_.DoubleClickHandler = [&](Listbox& list) {
         log_ += "double";
         log(list);
     };
-    window.AppList()->Change = log;
-    const auto doubleClick = [](Qt::MouseButton button, Qt::KeyboardModifiers keys, QPoint place) {
-        QTest::mouseClick(List().viewport(), button, keys, place);
-        QTest::mouseDClick(List().viewport(), button, keys, place);
-    };
-    Show(window,
-         {[] { QTest::keyClick(&List(), Qt::Key_Down); },
-          [] { QTest::keyClick(&List(), Qt::Key_End); },
-          [] { QTest::keyClick(&List(), Qt::Key_Home); },
-          [] { QTest::keyClick(&List(), Qt::Key_Space); },
-          [] {
-              QTest::mouseClick(List().viewport(), Qt::LeftButton, Qt::ShiftModifier, {9, 9});
-          },
-          [&] { doubleClick(Qt::LeftButton, Qt::ControlModifier, CellCentre(0, 2)); },
-          [&] { doubleClick(Qt::RightButton, {}, CellCentre(0)); },
-          [&] {
-              const QPoint below = List().viewport()->rect().bottomLeft() - QPoint(-9, 9);
-              doubleClick(Qt::LeftButton, {}, below);
-          }});
-    EXPECT_EQ(log_, "0 4 0 double0 -1 ");
+    Open(window_);
+    for (const auto key : {Qt::Key_Down, Qt::Key_End, Qt::Key_Home, Qt::Key_Space})
+        Key(key);
+    ClickList({9, 9}, Qt::ShiftModifier);
+    DoubleClickList(CellCentre(0, 2), Qt::LeftButton, Qt::ControlModifier);
+    DoubleClickList(CellCentre(0), Qt::RightButton);
+    DoubleClickList(List().viewport()->rect().bottomLeft() - QPoint(-9, 9), Qt::LeftButton);
+    EXPECT_EQ(log_, "0 5 0 double0 -1 ");
 }
 
 TEST_F(WindowTest, ReturnPressesTheFocusedButtonWhichAloneIsHighlighted) {
-    FilledChooser window(5);
-    UseButtons(window);
-    const auto expectHighlighted = [](const char* name) {
+    UseButtons();
+    Open(window_);
+    const auto highlighted = [&] {
         QString names;
         for (const QPushButton* button : Shown().findChildren<QPushButton*>())
             if (button->isDefault()) names += button->objectName();
-        EXPECT_EQ(names, name);
+        return names;
     };
-    Show(window, {[] { HoldKey(List(), Qt::Key_Return); },
-                  [&] {
-                      EXPECT_EQ(log_, "") << "the key was held down before the window came";
-                      expectHighlighted("PushButton1");
-                      QTest::keyClick(&Find("CheckBox1"), Qt::Key_Enter, Qt::KeypadModifier);
-                      Find("PushButton3").setFocus();
-                      expectHighlighted("PushButton3");
-                      QTest::keyClick(&Find("PushButton3"), Qt::Key_Return);
-                      QTest::keyClick(&Find("PushButton3"), Qt::Key_Space);
-                      List().setFocus();
-                      expectHighlighted("PushButton1");
-                      QTest::keyClick(&List(), Qt::Key_Return);
-                      window.PushButton1()->SetEnabled(false);
-                      expectHighlighted("");
-                  }});
+    HoldKey(List(), Qt::Key_Return);
+    EXPECT_EQ(log_, "") << "the key was held down before the window came";
+    EXPECT_EQ(highlighted(), "PushButton1");
+    QTest::keyClick(&Find("CheckBox1"), Qt::Key_Enter, Qt::KeypadModifier);
+    Find("PushButton3").setFocus();
+    EXPECT_EQ(highlighted(), "PushButton3");
+    Key(Qt::Key_Return);
+    Key(Qt::Key_Space);
+    List().setFocus();
+    EXPECT_EQ(highlighted(), "PushButton1");
+    Key(Qt::Key_Return);
+    window_.PushButton1()->SetEnabled(false);
+    EXPECT_EQ(highlighted(), "");
     EXPECT_EQ(log_, "PushButton1 PushButton3 PushButton3 PushButton1 ");
-    EXPECT_FALSE(window.CheckBox1()->Value());
+    EXPECT_FALSE(window_.CheckBox1()->Value());
 }
 
 TEST_F(WindowTest, TextsAreShownAsTheyAreAndShortenedInTheMiddle) {
-    FilledChooser window(5);
-    window.PushButton1()->SetCaption("Open <b>R&D</b>");
-    window.CheckBox1()->SetCaption("Fish & &Chips");
-    window.LabelFileName()->SetText("<b>R&D</b>.indd");
+    window_.PushButton1()->SetCaption("Open <b>R&D</b>");
+    window_.CheckBox1()->SetCaption("Fish & &Chips");
+    window_.LabelFileName()->SetText("<b>R&D</b>.indd");
     const auto expectRoom = [](const QWidget& widget, const QString& text, int room) {
         EXPECT_LE(widget.fontMetrics().horizontalAdvance(text), room) << text.toStdString();
         EXPECT_LE(widget.fontMetrics().height(), widget.height());
     };
-    Show(window, {[&] {
-                      auto& label = Find<QLabel>("LabelFileName");
-                      EXPECT_EQ(Find<QPushButton>("PushButton1").text(), "Open <b>R&&D</b>");
-                      EXPECT_EQ(Find<QCheckBox>("CheckBox1").text(), "Fish && &&Chips");
-                      EXPECT_EQ(label.text(), "<b>R&D</b>.indd");
-                      EXPECT_EQ(label.textFormat(), Qt::PlainText);
-                      EXPECT_EQ(TipOf("LabelFileName"), "") << "nothing is cut";
-                      EXPECT_EQ(Find("LabelAppName").fontInfo().pixelSize(), 17);
-                      for (const std::string& hostile : HostileNames()) {
-                          window.LabelFileName()->SetText(hostile + ".indd");
-                          expectRoom(label, label.text(), label.width());
-                      }
-                      window.LabelFileName()->SetText(std::string(250, 'x') + "<img src=y>.indd");
-                      window.PushButton3()->SetCaption("Quit " + std::string(60, 'x'));
-                      QFont large = before_;
-                      large.setPixelSize(26);
-                      QApplication::setFont(large);
-                  },
-                  [&] {
-                      auto& label = Find<QLabel>("LabelFileName");
-                      EXPECT_TRUE(label.text().endsWith(".indd")) << "the middle is cut out";
-                      EXPECT_LT(label.text().size(), 200);
-                      EXPECT_TRUE(TipOf("LabelFileName").contains("&lt;img"));
-                      EXPECT_EQ(Spoken(label).toStdString(), window.LabelFileName()->Text());
-                      EXPECT_EQ(Spoken(label, QAccessible::Description), "");
-                      expectRoom(label, label.text(), label.width());
-                      expectRoom(Find("PushButton3"), Find<QPushButton>("PushButton3").text(), 135);
-                      EXPECT_TRUE(TipOf("PushButton3").contains(QString(60, 'x')));
-                  }});
-    QApplication::setFont(before_);
+    Open(window_);
+    auto& label = Find<QLabel>("LabelFileName");
+    EXPECT_EQ(Find<QPushButton>("PushButton1").text(), "Open <b>R&&D</b>");
+    EXPECT_EQ(Find<QCheckBox>("CheckBox1").text(), "Fish && &&Chips");
+    EXPECT_EQ(label.text(), "<b>R&D</b>.indd");
+    EXPECT_EQ(label.textFormat(), Qt::PlainText);
+    EXPECT_EQ(TipOf("LabelFileName"), "") << "nothing is cut";
+    EXPECT_EQ(Find("LabelAppName").fontInfo().pixelSize(), 17);
+    for (const std::string& hostile : HostileNames()) {
+        window_.LabelFileName()->SetText(hostile + ".indd");
+        expectRoom(label, label.text(), label.width());
+    }
+    window_.LabelFileName()->SetText(std::string(250, 'x') + "<img src=y>.indd");
+    window_.PushButton3()->SetCaption("Quit " + std::string(60, 'x'));
+    QFont large = font_;
+    large.setPixelSize(26);
+    QApplication::setFont(large);
+    RunEvents();
+    EXPECT_TRUE(label.text().endsWith(".indd")) << "the middle is cut out";
+    EXPECT_LT(label.text().size(), 200);
+    EXPECT_TRUE(TipOf("LabelFileName").contains("&lt;img"));
+    EXPECT_EQ(Spoken(label).toStdString(), window_.LabelFileName()->Text());
+    EXPECT_EQ(Spoken(label, QAccessible::Description), "");
+    expectRoom(label, label.text(), label.width());
+    expectRoom(Find("PushButton3"), Find<QPushButton>("PushButton3").text(), 135);
+    EXPECT_TRUE(TipOf("PushButton3").contains(QString(60, 'x')));
 }
 
 TEST_F(WindowTest, ContentLargerThanTheScreenScrolls) {
     struct LargeWindow final : Window {
-        LargeWindow() : Window({3000, 2000}) {
-            const Ref<PushButton> last = New<PushButton>();
-            last->SetName("last");
-            last->SetDesign({2900, 1970, 90, 20}, {});
-            Add(last);
-        }
-    } window;
-    Show(window, {[&] {
-             EXPECT_TRUE(Shown().screen()->availableGeometry().contains(Shown().geometry()));
-             EXPECT_EQ(window.Width(), 3000);
-             EXPECT_TRUE(Find("last").parentWidget()->rect().contains(Find("last").geometry()));
-         }});
+        using Window::Add, Window::Window;
+    } window({3000, 2000});
+    const Ref<PushButton> last = New<PushButton>();
+    last->SetName("last");
+    last->SetDesign({2900, 1970, 90, 20}, {});
+    window.Add(last);
+    Open(window);
+    EXPECT_TRUE(Shown().screen()->availableGeometry().contains(Shown().geometry()));
+    EXPECT_EQ(window.Width(), 3000);
+    EXPECT_TRUE(Find("last").parentWidget()->rect().contains(Find("last").geometry()));
 }
 
 TEST_F(WindowTest, AFreshWindowTakesInputThatIsNoAnswer) {
-    FilledChooser window(5);
-    UseButtons(window);
-    window.AppList()->DoubleClickHandler = [&](Listbox&) { log_ += "double "; };
-    Show(window, {[&] {
-             QApplication::setDoubleClickInterval(600'000);
-             QTest::mouseClick(List().viewport(), Qt::LeftButton, {}, CellCentre(3));
-             EXPECT_EQ(window.AppList()->ListIndex(), 3);
-             QTest::mouseDClick(List().viewport(), Qt::LeftButton, {}, CellCentre(3));
-             QTest::mouseClick(&Find("PushButton1"), Qt::LeftButton);
-             QTest::keyClick(&Find("CheckBox2"), Qt::Key_Space);
-             EXPECT_TRUE(window.CheckBox2()->Value());
-             QApplication::setDoubleClickInterval(0);
-         }});
+    UseButtons();
+    list_.DoubleClickHandler = [&](Listbox&) { log_ += "double "; };
+    Open(window_);
+    QApplication::setDoubleClickInterval(600'000);
+    DoubleClickList(CellCentre(3), Qt::LeftButton);
+    QTest::mouseClick(&Find("PushButton1"), Qt::LeftButton);
+    QTest::keyClick(&Find("CheckBox2"), Qt::Key_Space);
+    QApplication::setDoubleClickInterval(0);
+    EXPECT_EQ(list_.ListIndex(), 3);
+    EXPECT_TRUE(window_.CheckBox2()->Value());
     EXPECT_EQ(log_, "");
 }
 
 TEST_F(WindowTest, NoJapaneseTextIsTooWide) {
+    window_.CheckBox1()->SetCaption(Localized::kAllowOpenHigherVersion("ja"));
+    window_.PushButton1()->SetCaption("CC 2019" + Localized::kCapOpenWith("ja"));
+    Open(window_);
     for (const auto& text :
          {Localized::kMassage_AnotherVerAppBooting, Localized::kMassage_SameVerAppNotInstalled,
           Localized::kMassage_AppNotInstalled}) {
-        FilledChooser window(1);
-        window.LabelMsg()->SetText(text("ja"));
-        window.CheckBox1()->SetCaption(Localized::kAllowOpenHigherVersion("ja"));
-        window.PushButton1()->SetCaption("CC 2019" + Localized::kCapOpenWith("ja"));
-        Show(window, {[] {
-                 for (const char* name : {"LabelMsg", "CheckBox1", "PushButton1"})
-                     EXPECT_EQ(TipOf(name), "") << Spoken(Find(name)).toStdString();
-             }});
+        window_.LabelMsg()->SetText(text("ja"));
+        for (const char* name : {"LabelMsg", "CheckBox1", "PushButton1"})
+            EXPECT_EQ(TipOf(name), "") << Spoken(Find(name)).toStdString();
     }
 }
 
@@ -248,98 +233,102 @@ TEST_F(WindowTest, TheListScrollsOnlyWhereTheScreenIsTooSmall) {
     for (const int rows : {0, 4, 5, 12, 300}) {
         SCOPED_TRACE(rows);
         FilledChooser window(rows);
-        Show(window, {[] { QTest::keyClick(&List(), Qt::Key_End); },
-                      [&] {
-                          const QRect screen = Shown().screen()->availableGeometry();
-                          EXPECT_TRUE(screen.contains(Shown().frameGeometry()));
-                          EXPECT_TRUE(Shown().rect().contains(Find("CheckBox2").geometry()));
-                          const QScrollBar& bar = *List().verticalScrollBar();
-                          EXPECT_EQ(bar.isVisible(), rows == 300);
-                          EXPECT_EQ(bar.value() > 0, rows == 300);
-                          EXPECT_EQ(window.AppList()->ListIndex(), rows - 1);
-                          EXPECT_TRUE(rows == 0 ||
-                                      List().viewport()->rect().contains(CellCentre(rows - 1)));
-                          EXPECT_EQ(List().columnWidth(0) + 90 + 64, List().viewport()->width());
-                      }});
+        Open(window);
+        Key(Qt::Key_End);
+        EXPECT_TRUE(Shown().screen()->availableGeometry().contains(Shown().frameGeometry()));
+        EXPECT_TRUE(Shown().rect().contains(Find("CheckBox2").geometry()));
+        const QScrollBar& bar = *List().verticalScrollBar();
+        EXPECT_EQ(bar.isVisible(), rows == 300);
+        EXPECT_EQ(bar.value() > 0, rows == 300);
+        EXPECT_EQ(window.AppList()->ListIndex(), rows - 1);
+        EXPECT_TRUE(rows == 0 || List().viewport()->rect().contains(CellCentre(rows - 1)));
+        EXPECT_EQ(List().columnWidth(0) + 90 + 64, List().viewport()->width());
     }
 }
 
 TEST_F(WindowTest, ManyChangesAreReadOnce) {
-    FilledChooser window(5);
+    Open(window_);
     int resets = 0;
-    Show(window, {[&] {
-                      QObject::connect(List().model(), &QAbstractItemModel::modelReset, &List(),
-                                       [&] { ++resets; });
-                      for (int i = 0; i < 300; ++i)
-                          window.AppList()->AddRow("new");
-                      List().viewport()->grab();
-                      EXPECT_EQ(resets, 0);
-                  },
-                  [&] {
-                      EXPECT_EQ(resets, 1);
-                      EXPECT_EQ(List().model()->rowCount(), 305);
-                      // A press reads pending changes first.
-                      window.AppList()->DeleteAllRows();
-                      QTest::mouseClick(List().viewport(), Qt::LeftButton, {}, {30, 30});
-                      EXPECT_EQ(window.AppList()->ListIndex(), -1);
-                  }});
+    QObject::connect(List().model(), &QAbstractItemModel::modelReset, &List(), [&] { ++resets; });
+    for (int i = 0; i < 300; ++i)
+        list_.AddRow("new");
+    List().viewport()->grab();
+    EXPECT_EQ(resets, 0);
+    RunEvents();
+    EXPECT_EQ(resets, 1);
+    EXPECT_EQ(List().model()->rowCount(), 306);
+    list_.DeleteAllRows();
+    ClickList({30, 30});
+    EXPECT_EQ(list_.ListIndex(), -1) << "a press reads pending changes first";
 }
 
 TEST_F(WindowTest, AScreenReaderGetsRowsButtonsAndWholeTexts) {
-    FilledChooser window(5);
-    window.AppList()->SetSpokenName("Installed versions");
-    window.AppList()->SetHeading(1, "Version");
-    window.LabelFileName()->SetHelpTag("/folder/R&D.indd");
-    window.PushButton1()->SetCaption("Open with R&D");
-    Show(window,
-         {[] {
-              EXPECT_EQ(Spoken(List()), "Installed versions");
-              EXPECT_EQ(Spoken(Find("PushButton1")), "Open with R&D");
-              EXPECT_EQ(Spoken(Find("CheckBox1")), "Allow a file to be opened by a higher version");
-              EXPECT_EQ(Find("LabelFileName").accessibleDescription(), "/folder/R&D.indd");
-              EXPECT_TRUE(TipOf("LabelFileName").contains("R&amp;D"));
-              auto* table = QAccessible::queryAccessibleInterface(&List())->tableInterface();
-              ASSERT_NE(table, nullptr);
-              EXPECT_EQ(table->rowCount(), 5);
-              EXPECT_EQ(table->columnDescription(1), "Version");
-              const auto cell = [table](int column, QAccessible::Text text) {
-                  return table->cellAt(1, column)->text(text);
-              };
-              EXPECT_EQ(cell(0, QAccessible::Name), "Adobe InDesign CS5");
-              EXPECT_EQ(cell(0, QAccessible::Description), "Adobe InDesign CS5 described");
-              EXPECT_EQ(cell(1, QAccessible::Name), "7.0.3");
-              EXPECT_EQ(cell(1, QAccessible::Description), "");
-              EXPECT_EQ(cell(2, QAccessible::Name), "Booting");
-              QTest::mouseClick(List().viewport(), Qt::LeftButton, {}, CellCentre(1, 2));
-          },
-          [] {
-              EXPECT_EQ(List().currentIndex(), List().model()->index(1, 0))
-                  << "the focus is in the cell that has the row's description";
-          }});
+    list_.SetSpokenName("Installed versions");
+    list_.SetHeading(1, "Version");
+    window_.LabelFileName()->SetHelpTag("/folder/R&D.indd");
+    window_.PushButton1()->SetCaption("Open with R&D");
+    Open(window_);
+    EXPECT_EQ(Spoken(List()), "Installed versions");
+    EXPECT_EQ(Spoken(Find("PushButton1")), "Open with R&D");
+    EXPECT_EQ(Find("LabelFileName").accessibleDescription(), "/folder/R&D.indd");
+    EXPECT_TRUE(TipOf("LabelFileName").contains("R&amp;D"));
+    auto* table = QAccessible::queryAccessibleInterface(&List())->tableInterface();
+    ASSERT_NE(table, nullptr);
+    EXPECT_EQ(table->rowCount(), 6);
+    EXPECT_EQ(table->columnDescription(1), "Version");
+    const auto cell = [table](int column, QAccessible::Text text) {
+        return table->cellAt(1, column)->text(text);
+    };
+    EXPECT_EQ(cell(0, QAccessible::Name), "Adobe InDesign CS5");
+    EXPECT_EQ(cell(0, QAccessible::Description), "Adobe InDesign CS5 described");
+    EXPECT_EQ(cell(1, QAccessible::Name), "7.0.3");
+    EXPECT_EQ(cell(1, QAccessible::Description), "");
+    ClickList(CellCentre(1, 2));
+    RunEvents();
+    EXPECT_EQ(List().currentIndex(), List().model()->index(1, 0))
+        << "the focus is in the cell that has the row's description";
 }
 
 TEST_F(WindowTest, ACanvasTakesTheMouseAndDrawsOverItsBackdrop) {
-    FilledChooser window(1);
-    window.Canvas1()->SetBackdrop(PlainPicture(46, 0xFFC0D0F0));
-    window.Canvas1()->MouseDownHandler = [&](Canvas&, int64_t x, int64_t y) {
+    window_.Canvas1()->SetBackdrop(PlainPicture(46, 0xFFC0D0F0));
+    window_.Canvas1()->MouseDownHandler = [&](Canvas&, int64_t x, int64_t y) {
         log_ += std::to_string(x) + "," + std::to_string(y) + " ";
         return x > 20;
     };
-    window.Canvas1()->MouseUpHandler = [&](Canvas&, int64_t, int64_t) { log_ += "up "; };
-    window.Canvas1()->Paint = [](Canvas&, Graphics& graphics) {
+    window_.Canvas1()->MouseUpHandler = [&](Canvas&, int64_t, int64_t) { log_ += "up "; };
+    window_.Canvas1()->Paint = [](Canvas&, Graphics& graphics) {
         graphics.ForeColor = {0x112233};
         graphics.FillRect(0, 0, graphics.Width() / 2, graphics.Height());
     };
-    Show(window, {[] {
-             EXPECT_EQ(Shown().childAt(20, 40), &Find("Canvas2")) << "later controls are above";
-             QTest::mouseClick(&Find("Canvas1"), Qt::LeftButton, {}, {30, 5});
-             QTest::mouseClick(&Find("Canvas1"), Qt::LeftButton, {}, {3, 4});
-             EXPECT_EQ(Find("Canvas1").focusPolicy(), Qt::NoFocus);
-             const QImage image = Find("Canvas1").grab().toImage();
-             EXPECT_EQ(image.pixelColor(10, 10), QColor(0x112233));
-             EXPECT_EQ(image.pixelColor(40, 40), QColor(0xC0D0F0));
-         }});
+    Open(window_);
+    EXPECT_EQ(Shown().childAt(20, 40), &Find("Canvas2")) << "later controls are above";
+    QTest::mouseClick(&Find("Canvas1"), Qt::LeftButton, {}, {30, 5});
+    QTest::mouseClick(&Find("Canvas1"), Qt::LeftButton, {}, {3, 4});
     EXPECT_EQ(log_, "30,5 up 3,4 ");
+    EXPECT_EQ(Find("Canvas1").focusPolicy(), Qt::NoFocus);
+    const QImage image = Find("Canvas1").grab().toImage();
+    EXPECT_EQ(image.pixelColor(10, 10), QColor(0x112233));
+    EXPECT_EQ(image.pixelColor(40, 40), QColor(0xC0D0F0));
+}
+
+TEST_F(WindowTest, TheListPaintsNoBackgroundWhereTheCellsOwnerDid) {
+    const QColor mark(0x12, 0x34, 0x56);
+    ListRows rows(window_.AppList());
+    rows.Read();
+    for (const bool isPainted : {true, false}) {
+        list_.CellBackgroundPaint = [&](Listbox&, Graphics&, int64_t, int64_t) {
+            return isPainted;
+        };
+        QImage surface(90, 26, QImage::Format_RGB32);
+        surface.fill(mark);
+        QPainter painter(&surface);
+        QStyleOptionViewItem cell;
+        cell.rect = surface.rect();
+        cell.state = QStyle::State_Enabled | QStyle::State_Active;
+        CellPainter(window_.AppList(), nullptr).paint(&painter, cell, rows.index(0, 2));
+        const QColor base = cell.palette.color(QPalette::Base);
+        EXPECT_EQ(surface.pixelColor(45, 13), isPainted ? mark : base);
+    }
 }
 
 TEST(GraphicsTest, BothEndsOfALineBelongToIt) {
@@ -350,30 +339,28 @@ TEST(GraphicsTest, BothEndsOfALineBelongToIt) {
     graphics.DrawLine(7, 2, 3, 2);
     graphics.DrawLine(5, 4, 5, 8);
     painter.end();
-    for (const QPoint drawn : {QPoint(3, 2), {7, 2}, {5, 4}, {5, 8}})
-        EXPECT_EQ(device.pixelColor(drawn), QColor(Qt::black)) << drawn.x() << "," << drawn.y();
-    for (const QPoint blank : {QPoint(2, 2), {8, 2}, {5, 3}, {5, 9}})
-        EXPECT_EQ(device.pixelColor(blank), QColor(Qt::white)) << blank.x() << "," << blank.y();
+    for (int i = 0; i < 10; ++i) {
+        EXPECT_EQ(device.pixelColor(i, 2) == Qt::black, i >= 3 && i <= 7) << i;
+        EXPECT_EQ(device.pixelColor(5, i) == Qt::black, i == 2 || (i >= 4 && i <= 8)) << i;
+    }
 }
 
 TEST_F(WindowTest, AWindowThatIsNotModalMayCloseInItsOwnHandler) {
-    const auto window = New<FilledChooser>(5);
+    const auto window = New<FilledChooser>(1);
     window->PushButton1()->SetEnabled(true);
     window->PushButton1()->Action = [&](PushButton&) {
         window->Close();
         // Must not delete the widget, which is still in its own event.
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     };
-    window->Show();
-    WindowWidget* widget = WindowWidget::Of(window.Get());
-    ASSERT_NE(widget, nullptr);
+    Open(*window);
+    const WindowWidget* widget = &Shown();
     EXPECT_EQ(widget->windowModality(), Qt::NonModal);
     window->Show();
-    EXPECT_EQ(WindowWidget::Of(window.Get()), widget) << "it is raised, not shown twice";
-    QTest::mouseClick(widget->findChild<QWidget*>("PushButton1"), Qt::LeftButton);
+    EXPECT_EQ(&Shown(), widget) << "it is raised, not shown twice";
+    QTest::mouseClick(&Find("PushButton1"), Qt::LeftButton);
     EXPECT_TRUE(window->IsClosed());
     EXPECT_EQ(WindowWidget::Of(window.Get()), nullptr);
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
 
 }  // namespace

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <functional>
+#include <string>
+
+#include "platform/loop/application.h"
+
+namespace dunvey::test {
+
+/// An application that logs its events.
+class LogApplication : public Application {
+ public:
+    void Event_Open() override { open(); }
+    void Event_Close() override { log += "close "; }
+    void Event_OpenDocument(const Ref<FolderItem>& document) override {
+        log += document->Name() + " ";
+        if (document->Name() == "ask") ask();
+    }
+    std::function<void()> open = [] {};
+    /// Called for a document of this name.
+    std::function<void()> ask = [] {};
+    std::string log;
+};
+
+}  // namespace dunvey::test
