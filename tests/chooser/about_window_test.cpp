@@ -54,7 +54,7 @@ TEST_F(About, DrawsTheBundlesOwnIconAtTheSmallerSide) {
 
 TEST_F(About, OpensOverTheChooserAndOutlivesIt) {
     Installed("CS6", "8.0.1");
-    headless::TheMachine().commandKey = true;
+    commandKey_ = true;
     Expect({[this](Window1& chooser) {
         chooser.Show();
         user_->ExpectWindow("", {});

@@ -41,6 +41,7 @@ class Paper final : public Graphics {
 class Chooser : public World {
  protected:
     using Answer = headless::ScriptedDesktop::Answer;
+    using Texts = std::vector<std::string>;
     using Step = std::function<void(Window1&)>;
 
     Chooser() {
@@ -54,13 +55,13 @@ class Chooser : public World {
         std::vector<headless::ScriptedDesktop::Step> all;
         for (const Step& step : steps)
             all.emplace_back([step](Window& window) { step(dynamic_cast<Window1&>(window)); });
-        user_->ExpectWindow("Marlit Id - Notification", all);
+        user_->ExpectWindow(title_, all);
     }
-    /// Runs the program on a document, by default of version 8, and cancels the chooser after the
-    /// step; returns the exit code.
-    int Look(const Step& step, Ref<FolderItem> document = nullptr) {
+    /// Runs the program on a document and cancels the chooser after the step.
+    void Look(const Step& step, int major = 8, int minor = 0) {
         Expect({step, [this](Window1& window) { user_->Escape(window); }});
-        return Open({document ? document : Document("a.indd", 8)});
+        EXPECT_EQ(Open({Document("a.indd", major, minor)}), 0);
+        EXPECT_EQ(Opened(), Texts{});
     }
 
     /// Runs the program on these documents; returns the exit code.
@@ -72,13 +73,16 @@ class Chooser : public World {
         return loop_.Run(*Application::Current());
     }
 
-    void RemoveApplications() const {
+    /// Removes all applications and installs these: pairs of suffix and version.
+    void InstallOnly(const std::vector<std::pair<std::string, std::string>>& applications) {
         ASSERT_EQ(system(("rm -rf '" + (folder_ / "Applications") + "'/*").c_str()), 0);
+        for (const auto& [suffix, version] : applications)
+            Installed(suffix, version);
     }
 
     /// The documents launched, each start as "CS6: a.indd b.indd".
-    std::vector<std::string> Opened() const {
-        std::vector<std::string> starts;
+    Texts Opened() const {
+        Texts starts;
         for (const auto& call : OpenCalls()) {
             if (call.size() < 3) continue;
             const std::string name = call[1].substr(call[1].rfind('/') + 1);
@@ -89,14 +93,16 @@ class Chooser : public World {
         }
         return starts;
     }
-    using Starts = std::vector<std::string>;
 
-    static std::vector<std::string> Column(const Window1& window, int64_t column) {
-        std::vector<std::string> texts;
+    static Texts Column(const Window1& window, int64_t column) {
+        Texts texts;
         for (int64_t row = 0; row < window.AppList()->ListCount(); ++row)
             texts.push_back(window.AppList()->Cell(row, column));
         return texts;
     }
+
+    std::string title_ = "Marlit Id - Notification";
+    bool& commandKey_ = headless::TheMachine().commandKey;
 };
 
 }  // namespace dunvey::test

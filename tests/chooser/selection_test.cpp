@@ -36,15 +36,13 @@ TEST_F(Chooser, MarksTheRowsThatMayOpenTheDocumentAndSelectsTheBest) {
         {"7.5 is higher than 7", 7, 0, {kCS55}, {"CS5.5"}, true, "u", -1},
         {"no version at all", 0, 0, {kCS5}, {}, false, "u", -1},
     };
-    headless::TheMachine().commandKey = true;
+    commandKey_ = true;
     for (const Row& row : kRows) {
         SCOPED_TRACE(row.name);
-        RemoveApplications();
-        for (const auto& [suffix, version] : row.installed)
-            Installed(suffix, version);
+        InstallOnly(row.installed);
         Running(row.running);
         folder_.Write("config/Dunvey.pref", "");
-        const Step look = [&](Window1& window) {
+        const auto look = [&](Window1& window) {
             if (row.allowHigher) user_->Toggle(*window.CheckBox1());
             std::string usable;
             for (int64_t i = 0; i < window.AppList()->ListCount(); ++i)
@@ -55,7 +53,7 @@ TEST_F(Chooser, MarksTheRowsThatMayOpenTheDocumentAndSelectsTheBest) {
                       row.major > 0 ? "" : "The document's version couldn't be read.");
             if (row.allowHigher) user_->Toggle(*window.CheckBox1());
         };
-        Look(look, Document("a.indd", row.major, row.minor));
+        Look(look, row.major, row.minor);
     }
 }
 
@@ -69,8 +67,7 @@ std::string Buttons(const Window1& window) {
 }
 
 TEST_F(Chooser, TheButtonsFollowTheSelectedRow) {
-    for (const auto& [suffix, version] : {kCS5, kCS55, kCS6, Version{"CC 2019", "14.0.1"}})
-        Installed(suffix, version);
+    InstallOnly({kCS5, kCS55, kCS6, {"CC 2019", "14.0.1"}});
     Running({"CS5", "CC 2019"});
     Look([&](Window1& window) {
         const auto select = [&](int64_t row) {
@@ -101,16 +98,14 @@ TEST_F(Chooser, TheButtonsFollowTheSelectedRow) {
 
 TEST_F(Chooser, InJapaneseTheNameComesFirst) {
     setenv("LC_ALL", "ja_JP.UTF-8", 1);
-    Installed("CS6", "8.1.0");
+    title_ = "Marlit Id - 通知";
+    InstallOnly({kCS6});
     Running({"CS6"});
-    headless::TheMachine().commandKey = true;
-    user_->ExpectWindow("Marlit Id - 通知", {[&](Window& shown) {
-                            auto& window = dynamic_cast<Window1&>(shown);
-                            EXPECT_EQ(window.PushButton1()->Caption().substr(0, 3), "CS6");
-                            EXPECT_EQ(window.PushButton3()->Caption().substr(0, 3), "CS6");
-                            user_->Escape(window);
-                        }});
-    Open({Document("a.indd", 8)});
+    commandKey_ = true;
+    Look([](Window1& window) {
+        EXPECT_EQ(window.PushButton1()->Caption().substr(0, 3), "CS6");
+        EXPECT_EQ(window.PushButton3()->Caption().substr(0, 3), "CS6");
+    });
 }
 
 }  // namespace
