@@ -10,45 +10,41 @@ namespace dunvey {
 namespace {
 
 using test::Header;
+using Version = std::vector<int64_t>;
 
 class HeaderVersion : public test::World {
  protected:
-    /// "major.minor" of a file with the given bytes.
-    std::string Version(const std::string& extension, const std::string& bytes) {
-        const auto file = New<FolderItem>(folder_.Write("file." + extension, bytes));
-        const std::vector<int64_t> version = InDesign::GetVerHexToDec(file, extension);
-        EXPECT_EQ(version.size(), 2U);
-        return std::to_string(version[0]) + "." + std::to_string(version[1]);
+    Version VersionOf(const std::string& extension, const std::string& bytes) const {
+        const auto file = New<FolderItem>(folder_.Write("file", bytes));
+        return InDesign::GetVerHexToDec(file, extension);
     }
 };
 
-TEST_F(HeaderVersion, EveryKindInBothByteOrders) {
-    const std::pair<const char*, const char*> kKinds[] = {
-        {"indd", "DOCUMENT"}, {"indt", "DOCUMENT"}, {"indb", "BOOKBOOK"}, {"indl", "LIBRARY4"}};
-    for (const auto& [extension, typeWord] : kKinds) {
-        for (const bool littleEndian : {true, false}) {
-            EXPECT_EQ(Version(extension, Header(typeWord, 8, 1, littleEndian)), "8.1");
-            EXPECT_EQ(Version(extension, Header(typeWord, 16, 255, littleEndian)), "16.255");
-            EXPECT_EQ(Version(extension, Header(typeWord, 255, 0, littleEndian)), "255.0");
+TEST_F(HeaderVersion, IsReadInBothByteOrdersFromTheKindThatTheExtensionNames) {
+    const std::pair<const char*, const char*> kinds[] = {
+        {"indd", "DOCUMENT"}, {"INDT", "DOCUMENT"}, {"indb", "BOOKBOOK"}, {"indl", "LIBRARY4"}};
+    for (const auto& [extension, typeWord] : kinds) {
+        for (const Version& version : {Version{8, 1}, {16, 255}, {255, 0}}) {
+            for (const bool littleEndian : {true, false}) {
+                const auto [major, minor] = std::pair(int(version[0]), int(version[1]));
+                const std::string header = Header(typeWord, major, minor, littleEndian);
+                EXPECT_EQ(VersionOf(extension, header), version) << extension;
+            }
         }
     }
-}
-
-TEST_F(HeaderVersion, TheExtensionSelectsTheKind) {
     for (const auto& [extension, typeWord] : {std::pair{"indb", "DOCUMENT"},
                                               {"indd", "BOOKBOOK"},
                                               {"indl", "DOCUMENT"},
                                               {"idml", "DOCUMENT"}})
-        EXPECT_EQ(Version(extension, Header(typeWord, 8, 0)), "0.0") << extension;
-    EXPECT_EQ(Version("INDD", Header("DOCUMENT", 8, 0)), "8.0");
+        EXPECT_EQ(VersionOf(extension, Header(typeWord, 8, 0)), (Version{0, 0})) << extension;
 }
 
-TEST_F(HeaderVersion, UnreadableFilesHaveNoVersion) {
+TEST_F(HeaderVersion, IsZeroForUnreadableFiles) {
     ASSERT_EQ(mkfifo((folder_ / "fifo.indd").c_str(), 0600), 0);
     folder_.MakeFolder("folder.indd");
     for (const char* name : {"fifo.indd", "folder.indd", "none.indd"}) {
         const auto item = New<FolderItem>(folder_ / name);
-        EXPECT_EQ(InDesign::GetVerHexToDec(item, "indd"), (std::vector<int64_t>{0, 0})) << name;
+        EXPECT_EQ(InDesign::GetVerHexToDec(item, "indd"), (Version{0, 0})) << name;
     }
 }
 
@@ -59,35 +55,36 @@ TEST_F(FileRecord, IsFilledFromTheFile) {
     const Ref<FileClass> record = InDesign::MakeNewFileClass(item);
     EXPECT_EQ(record->File, item);
     EXPECT_EQ(record->FileExt, "indd");
-    EXPECT_EQ(record->Vers, (std::vector<int64_t>{8, 1}));
+    EXPECT_EQ(record->Vers, (Version{8, 1}));
     EXPECT_EQ(record->Ver, "8");
     EXPECT_EQ(record->WillUseVer, "8");
     EXPECT_TRUE(record->WillOpen);
     EXPECT_FALSE(record->App);
     EXPECT_FALSE(record->WillUseApp);
     EXPECT_EQ(record->AppName, "");
-}
-
-TEST_F(FileRecord, OnlySevenPointFiveKeepsItsMinorVersion) {
+    // Only 7.5 keeps its minor version.
     EXPECT_EQ(InDesign::MakeNewFileClass(Document("a.indd", 7, 5))->Ver, "7.5");
     EXPECT_EQ(InDesign::MakeNewFileClass(Document("b.indd", 7, 0))->Ver, "7");
     EXPECT_EQ(InDesign::MakeNewFileClass(Document("c.indd", 8, 5))->Ver, "8");
 }
 
-TEST_F(FileRecord, OnlyTheFourExtensionsAreAccepted) {
+TEST_F(FileRecord, IsMadeForTheFourExtensionsOnly) {
+    const auto record = [this](const std::string& name) {
+        return InDesign::MakeNewFileClass(New<FolderItem>(folder_ / name));
+    };
     for (const char* name : {"a.indd", "a.indt", "a.indb", "a.indl", "indd", ".indd", "A.INDD",
-                             "a.bak.Indt", "\u65e5\u672c.indd"}) {
+                             "a.bak.Indt", "日本.indd"}) {
+        EXPECT_FALSE(record(name)) << "no file " << name;
         folder_.Write(name, "");
-        EXPECT_TRUE(InDesign::MakeNewFileClass(New<FolderItem>(folder_ / name))) << name;
+        EXPECT_TRUE(record(name)) << name;
     }
-    EXPECT_EQ(InDesign::MakeNewFileClass(New<FolderItem>(folder_ / "A.INDD"))->FileExt, "INDD");
+    EXPECT_EQ(record("A.INDD")->FileExt, "INDD");
     for (const char* name : {"Layout.indd.bak", "a.idml", "a", "a.indd ", "aindd"}) {
         folder_.Write(name, "");
-        EXPECT_FALSE(InDesign::MakeNewFileClass(New<FolderItem>(folder_ / name))) << name;
+        EXPECT_FALSE(record(name)) << name;
     }
     ASSERT_EQ(symlink("nowhere", (folder_ / "dangling.indd").c_str()), 0);
-    EXPECT_FALSE(InDesign::MakeNewFileClass(New<FolderItem>(folder_ / "dangling.indd")));
-    EXPECT_FALSE(InDesign::MakeNewFileClass(New<FolderItem>(folder_ / "none.indd")));
+    EXPECT_FALSE(record("dangling.indd"));
     EXPECT_FALSE(InDesign::MakeNewFileClass(nullptr));
 }
 

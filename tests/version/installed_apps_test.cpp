@@ -12,83 +12,63 @@ namespace {
 
 class InstalledApplications : public test::World {
  protected:
-    /// The suffixes of the names found, in their order.
-    std::string Scan() {
+    /// The names found, without what is common to all.
+    static std::string Scan() {
         InDesign::GetInstalledApps();
         std::string found;
-        for (const auto& application : InDesign::InstalledApps) {
-            found += application->Name().substr(15, application->Name().size() - 19) + "|";
-        }
+        for (const auto& application : InDesign::InstalledApps)
+            found += application->Name().substr(14, application->Name().size() - 18) + "|";
         return found;
     }
 };
 
 TEST_F(InstalledApplications, AreSortedByMajorVersionThenByName) {
-    for (const auto& [suffix, version] : std::vector<std::pair<std::string, std::string>>{
-             {"CC 2014", "10.0.2"}, {"CS6", "8.0.1"}, {"CS5.5", "7.5.3"}, {"CS5", "7.0.4"}})
-        Installed(suffix, version);
+    Installed("CC 2014", "10.0.2");
+    Installed("CS6", "8.0.1");
+    Installed("CS5.5", "7.5.3");
+    Installed("CS5", "7.0.4");
     Installed("Unknown");
     for (int scan = 0; scan < 2; ++scan)
-        EXPECT_EQ(Scan(), "Unknown|CS5|CS5.5|CS6|CC 2014|");
+        EXPECT_EQ(Scan(), " Unknown| CS5| CS5.5| CS6| CC 2014|");
 }
 
 TEST_F(InstalledApplications, NeedAFolderAndABundleOfTheSameName) {
     Installed("CS6", "8.0.1");
-    folder_.MakeFolder("Applications/Adobe InDesign CC");
-    folder_.MakeFolder("Applications/Adobe InDesign CC 2014/Adobe InDesign.app");
-    folder_.MakeFolder("Applications/Adobe InDesign CS4.app/Contents");
-    folder_.MakeFolder("Applications/adobe indesign CS3/adobe indesign CS3.app");
-    folder_.MakeFolder("Applications/My Adobe InDesign/My Adobe InDesign.app");
-    folder_.MakeFolder("Applications/inner/Adobe InDesign CS5/Adobe InDesign CS5.app");
+    for (const char* name :
+         {"Adobe InDesign/Adobe InDesign.app", "Adobe InDesign CC",
+          "Adobe InDesign CC 2014/Adobe InDesign.app", "Adobe InDesign CS4.app/Contents",
+          "adobe indesign CS3/adobe indesign CS3.app", "My Adobe InDesign/My Adobe InDesign.app",
+          "inner/Adobe InDesign CS5/Adobe InDesign CS5.app"})
+        folder_.MakeFolder(std::string("Applications/") + name);
     folder_.Write("Applications/Adobe InDesign 2020", "a file");
     ASSERT_EQ(symlink((folder_ / "Applications/Adobe InDesign CS6").c_str(),
                       (folder_ / "Applications/Adobe InDesign Alias").c_str()),
               0);
-    EXPECT_EQ(Scan(), "CS6|");
-    folder_.MakeFolder("Applications/Adobe InDesign/Adobe InDesign.app");
-    InDesign::GetInstalledApps();
-    EXPECT_EQ(InDesign::InstalledApps.size(), 2U) << "a name without a suffix";
+    EXPECT_EQ(Scan(), "| CS6|");
     setenv("HOME", (folder_ / "nobody").c_str(), 1);
     EXPECT_EQ(Scan(), "") << "no applications folder";
 }
 
-class ApplicationVersion : public test::World {
- protected:
-    std::string WithList(const std::string& bytes) {
-        Installed("CS6");
-        folder_.Write("Applications/Adobe InDesign CS6/Adobe InDesign CS6.app/Contents/Info.plist",
-                      bytes);
-        return InDesign::AppVersion(New<FolderItem>(AppPath("CS6")));
-    }
-};
+class ApplicationVersion : public test::World {};
 
-TEST_F(ApplicationVersion, ComesFromThePropertyList) {
-    const std::pair<const char*, const char*> kRows[] = {{"8.1.0", "8.1.0"},
-                                                         {"CS 3 3.0.1", "3.0.1"},
-                                                         {"CS 3 CS 3 1", "CS 3 1"},
-                                                         {"CS 3.0", "CS 3.0"},
-                                                         {"version CS 3 1", "version CS 3 1"}};
-    for (const auto& [text, version] : kRows)
-        EXPECT_EQ(InDesign::AppVersion(Installed("CS6", text)), version);
-}
-
-TEST_F(ApplicationVersion, IsUnknownWithoutAUsableList) {
-    for (const Ref<FolderItem>& item : {Ref<FolderItem>(), New<FolderItem>(AppPath("none")),
-                                        Installed("CC"), Installed("2014", "")})
-        EXPECT_EQ(InDesign::AppVersion(item), "0.0.0");
-    const std::string head = "<plist version=\"1.0\"><dict><key>CFBundleShortVersionString</key>";
-    for (const std::string& list :
-         {std::string(), std::string("broken"), head + "<integer>8</integer></dict></plist>",
-          std::string("<plist version=\"1.0\"><dict/></plist>")})
-        EXPECT_EQ(WithList(list), "0.0.0") << list;
-    EXPECT_EQ(WithList(head + "<string>8.0</string></dict></plist>"), "8.0");
-}
-
-TEST_F(ApplicationVersion, TwoPointZeroInTheNameOverridesTheList) {
-    EXPECT_EQ(InDesign::AppVersion(Installed("2.0")), "2.0.?");
-    EXPECT_EQ(InDesign::AppVersion(Installed("2.0", "8.0")), "2.0.?");
-    EXPECT_EQ(InDesign::AppVersion(Installed("CC 12.02", "8.0")), "2.0.?");
+TEST_F(ApplicationVersion, IsThatOfThePropertyListUnlessTheNameHasTwoPointZero) {
+    const std::tuple<const char*, const char*, const char*> cases[] = {
+        {"CS6", "8.1.0", "8.1.0"},
+        {"CS6", "CS 3 3.0.1", "3.0.1"},
+        {"CS6", "CS 3 CS 3 1", "CS 3 1"},
+        {"CS6", "CS 3.0", "CS 3.0"},
+        {"CS6", "version CS 3 1", "version CS 3 1"},
+        {"CC", "", "0.0.0"},
+        {"2.0", "", "2.0.?"},
+        {"CC 12.02", "8.0", "2.0.?"}};
+    for (const auto& [suffix, text, version] : cases)
+        EXPECT_EQ(InDesign::AppVersion(Installed(suffix, text)), version) << suffix;
     EXPECT_EQ(InDesign::AppVersion(New<FolderItem>(AppPath("2.0 gone"))), "0.0.0");
+    EXPECT_EQ(InDesign::AppVersion(nullptr), "0.0.0");
+    folder_.Write("Applications/Adobe InDesign CS6/Adobe InDesign CS6.app/Contents/Info.plist",
+                  "<plist version=\"1.0\"><dict><key>CFBundleShortVersionString</key>"
+                  "<integer>8</integer></dict></plist>");
+    EXPECT_EQ(InDesign::AppVersion(New<FolderItem>(AppPath("CS6"))), "0.0.0");
 }
 
 class Matching : public test::World {
@@ -97,7 +77,11 @@ class Matching : public test::World {
         InDesign::GetInstalledApps();
         return InDesign::MakeNewFileClass(Document("file.indd", major, minor));
     }
-    static std::string Name(const Ref<FolderItem>& item) { return item ? item->Name() : "nil"; }
+    /// The name of the application that matches the version.
+    std::string Match(int major, int minor = 0) {
+        const Ref<FolderItem> application = Record(major, minor)->App;
+        return application ? application->Name() : "nil";
+    }
 };
 
 TEST_F(Matching, TheLastMatchWinsAndTheLastApplicationDecidesTheName) {
@@ -108,32 +92,29 @@ TEST_F(Matching, TheLastMatchWinsAndTheLastApplicationDecidesTheName) {
     EXPECT_EQ(Record(8)->AppName, AppName("renamed"));
     Installed("CC", "9.2.0");
     const Ref<FileClass> record = Record(8);
-    EXPECT_EQ(Name(record->App), AppName("renamed"));
+    EXPECT_EQ(record->App->Name(), AppName("renamed"));
     EXPECT_EQ(record->WillUseApp, record->App);
     EXPECT_EQ(record->AppName, AppName("CS6")) << "composed, since the last one doesn't match";
     Installed("second", "8.1");
-    EXPECT_EQ(Name(Record(8)->App), AppName("second"));
-    EXPECT_EQ(Name(Record(14)->App), "nil");
+    EXPECT_EQ(Match(8), AppName("second"));
+    EXPECT_EQ(Match(14), "nil");
     EXPECT_EQ(Record(14)->AppName, AppName("CC 2019"));
 }
 
-TEST_F(Matching, SevenAndSevenPointFive) {
+TEST_F(Matching, FieldsOfVersionsAreComparedAsTexts) {
     Installed("CS5", "7.0.4");
-    EXPECT_EQ(Name(Record(7, 5)->App), "nil");
+    EXPECT_EQ(Match(7, 5), "nil");
     EXPECT_EQ(Record(7, 5)->AppName, AppName("CS5.5"));
-    EXPECT_EQ(Name(Record(7, 0)->App), AppName("CS5"));
-    Installed("CS5.5", "7.5.3");
-    EXPECT_EQ(Name(Record(7, 5)->App), AppName("CS5.5"));
-    EXPECT_EQ(Name(Record(7, 0)->App), AppName("CS5.5")) << "both match, the later one wins";
-}
-
-TEST_F(Matching, VersionTextsAreComparedFieldByField) {
+    EXPECT_EQ(Match(7, 0), AppName("CS5"));
     Installed("CS5.5", "7");
-    EXPECT_EQ(Name(Record(7, 5)->App), "nil") << "a version without a second field";
+    EXPECT_EQ(Match(7, 5), "nil") << "a version without a second field";
+    Installed("CS5.5", "7.5.3");
+    EXPECT_EQ(Match(7, 5), AppName("CS5.5"));
+    EXPECT_EQ(Match(7, 0), AppName("CS5.5")) << "both match, the later one wins";
     Installed("Unknown");
-    EXPECT_EQ(Name(Record(0)->App), AppName("Unknown")) << "its version is 0.0.0";
+    EXPECT_EQ(Match(0), AppName("Unknown")) << "its version is 0.0.0";
     Installed("Padded", "08.0");
-    EXPECT_EQ(Name(Record(8)->App), "nil") << "text, not numbers";
+    EXPECT_EQ(Match(8), "nil") << "texts, not numbers";
 }
 
 }  // namespace

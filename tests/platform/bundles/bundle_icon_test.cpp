@@ -11,54 +11,48 @@ namespace {
 
 class BundleIcon : public ::testing::Test {
  protected:
-    void PropertyList(const std::string& icon) {
+    BundleIcon() { folder_.MakeFolder("A.app/Contents/Resources/A folder.icns"); }
+
+    void PropertyList(const std::string& icon) const {
         folder_.Write("A.app/Contents/Info.plist",
                       "<plist version=\"1.0\"><dict><key>CFBundleIconFile</key><string>" + icon +
                           "</string></dict></plist>");
     }
-    void Resource(const std::string& name) {
-        folder_.MakeFolder("A.app/Contents/Resources");
-        folder_.Write("A.app/Contents/Resources/" + name, "x");
+    std::string Resource(const std::string& name) const {
+        return folder_.Write("A.app/Contents/Resources/" + name, "x");
     }
-    std::string Found() const {
-        const std::string path = BundleIconPath(FolderItem(folder_ / "A.app"));
-        const std::string start = folder_ / "A.app/Contents/Resources/";
-        return path.starts_with(start) ? path.substr(start.size()) : path;
-    }
+    std::string Found() const { return BundleIconPath(FolderItem(folder_ / "A.app")); }
 
-    test::TemporaryFolder folder_;
+    const test::TemporaryFolder folder_;
 };
 
 TEST_F(BundleIcon, IsTheOneThePropertyListNamesElseTheFirst) {
-    EXPECT_EQ(Found(), "") << "no bundle at all";
+    EXPECT_EQ(BundleIconPath(FolderItem(folder_ / "missing.app")), "");
     Resource("readme.txt");
+    ASSERT_EQ(symlink("nowhere", (folder_ / "A.app/Contents/Resources/Gone.icns").c_str()), 0);
     EXPECT_EQ(Found(), "");
     Resource("Zebra.icns");
-    Resource("Main.ICNS");
-    folder_.MakeFolder("A.app/Contents/Resources/A folder.icns");
-    ASSERT_EQ(symlink("nowhere", (folder_ / "A.app/Contents/Resources/Gone.icns").c_str()), 0);
-    EXPECT_EQ(Found(), "Main.ICNS");
-    Resource("Named.icns");
-    for (const char* name : {"Named", "Named.icns"}) {
-        PropertyList(name);
-        EXPECT_EQ(Found(), "Named.icns") << name;
-    }
-    Resource("odd.image");
-    PropertyList("odd.image");
-    EXPECT_EQ(Found(), "odd.image");
+    const std::string first = Resource("Main.ICNS");
+    EXPECT_EQ(Found(), first);
+    const std::string named = Resource("Named.icns");
+    const std::string odd = Resource("odd.image");
     folder_.Write("outside.icns", "x");
-    for (const char* name : {"", "missing", "A folder.icns", "../../../outside.icns", "../.."}) {
+    const std::pair<const char*, std::string> cases[] = {
+        {"Named", named},   {"Named.icns", named},
+        {"odd.image", odd}, {"", first},
+        {"missing", first}, {"A folder.icns", first},
+        {"../..", first},   {"../../../outside.icns", first}};
+    for (const auto& [name, found] : cases) {
         PropertyList(name);
-        EXPECT_EQ(Found(), "Main.ICNS") << name;
+        EXPECT_EQ(Found(), found) << name;
     }
-    for (const std::string& list :
-         {std::string("no list"), std::string(), std::string(300'000, 'x')}) {
+    for (const std::string& list : {std::string("no list"), std::string(300'000, 'x')}) {
         folder_.Write("A.app/Contents/Info.plist", list);
-        EXPECT_EQ(Found(), "Main.ICNS") << list.substr(0, 9);
+        EXPECT_EQ(Found(), first) << list.substr(0, 9);
     }
     unlink((folder_ / "A.app/Contents/Info.plist").c_str());
     ASSERT_EQ(mkfifo((folder_ / "A.app/Contents/Info.plist").c_str(), 0600), 0);
-    EXPECT_EQ(Found(), "Main.ICNS") << "a FIFO blocks nobody";
+    EXPECT_EQ(Found(), first) << "reading a FIFO would block";
 }
 
 }  // namespace

@@ -11,7 +11,7 @@ namespace {
 
 const std::vector<std::string> kExtensions = {"indd", "indb"};
 
-TEST(Intake, LocalFilesOfTheKindsAreDocumentsAndAllElseIsRefusedWithItsReason) {
+TEST(Intake, LocalFilesOfTheKindsAreDocumentsAllElseIsRefusedWithAReason) {
     const test::TemporaryFolder folder;
     const std::string uri = "file://" + folder.Path() + "/";
     const std::string blank = folder.Write("a b.indd", "");
@@ -22,18 +22,18 @@ TEST(Intake, LocalFilesOfTheKindsAreDocumentsAndAllElseIsRefusedWithItsReason) {
     ASSERT_EQ(symlink("nowhere", (folder / "dangling.indd").c_str()), 0);
     char host[256] = {};
     ASSERT_EQ(gethostname(host, sizeof host - 1), 0);
-    const std::pair<std::string, std::string> kDocuments[] = {
+    const std::pair<std::string, std::string> documents[] = {
         {blank, blank},
         {uri + "a%20b.indd", blank},
         {"FILE:" + folder.Path() + "/a b.indd", blank},
         {"file://LocalHost" + folder.Path() + "/%ff%25.INDB", book},
         {std::string("file://") + host + folder.Path() + "/link.indd", folder / "link.indd"}};
-    for (const auto& [argument, path] : kDocuments) {
+    for (const auto& [argument, path] : documents) {
         const Intake intake = TakeIn({argument}, kExtensions);
         EXPECT_EQ(intake.documents, std::vector<std::string>{path}) << argument;
         EXPECT_TRUE(intake.refusals.empty()) << argument;
     }
-    const std::pair<std::string, std::string> kRefused[] = {
+    const std::pair<std::string, std::string> refused[] = {
         {"", "No such file"},
         {folder / "gone.indd", "No such file"},
         {folder / "dangling.indd", "No such file"},
@@ -50,7 +50,7 @@ TEST(Intake, LocalFilesOfTheKindsAreDocumentsAndAllElseIsRefusedWithItsReason) {
         {uri + "a%2", "not the address"},
         {uri + "a%2g.indd", "not the address"},
         {uri + "%00.indd", "not the address"}};
-    for (const auto& [argument, reason] : kRefused) {
+    for (const auto& [argument, reason] : refused) {
         const Intake intake = TakeIn({argument}, kExtensions);
         EXPECT_TRUE(intake.documents.empty()) << argument;
         ASSERT_EQ(intake.refusals.size(), 1U) << argument;

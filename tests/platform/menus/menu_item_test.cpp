@@ -19,21 +19,21 @@ class MenuItems : public test::MenuWorld {
 };
 
 TEST(MenuCaption, TheFirstAmpersandMarksTheNextCharacter) {
-    const std::tuple<std::string, std::string, std::optional<size_t>> kRows[] = {
+    const std::tuple<std::string, std::string, std::optional<size_t>> rows[] = {
         {"&Undo", "Undo", 0},    {"Save &As", "Save As", 5},
         {"&A&B", "A&B", 0},      {"編集(&E)", "編集(E)", 7},
         {"Plain", "Plain", {}},  {"End&", "End", {}},
         {"A && B", "A & B", {}}, {"A & B", "A  B", {}},
         {"&", "", {}},           {"", "", {}},
     };
-    for (const auto& [text, title, mnemonic] : kRows) {
+    for (const auto& [text, title, mnemonic] : rows) {
         EXPECT_EQ(MenuCaption(text).title, title) << text;
         EXPECT_EQ(MenuCaption(text).mnemonic, mnemonic) << text;
     }
 }
 
 TEST(KeyboardShortcut, IsModifiersAndAKey) {
-    const std::pair<const char*, KeyCombination> kRows[] = {
+    const std::pair<const char*, KeyCombination> rows[] = {
         {"Cmd+W", {true, false, false, false, "W"}},
         {"Cmd+Shift+Z", {true, true, false, false, "Z"}},
         {"Control+Option+F1", {false, false, true, true, "F1"}},
@@ -41,7 +41,7 @@ TEST(KeyboardShortcut, IsModifiersAndAKey) {
         {"+", {false, false, false, false, "+"}},
         {"Cmd", {false, false, false, false, "Cmd"}},
     };
-    for (const auto& [text, keys] : kRows)
+    for (const auto& [text, keys] : rows)
         EXPECT_EQ(ParseKeyboardShortcut(text), keys) << text;
     for (const char* text : {"", "Cmd+", "Hyper+X", "+X", "cmd+X", "++X", "Cmd++X"})
         EXPECT_FALSE(ParseKeyboardShortcut(text)) << text;
@@ -49,23 +49,22 @@ TEST(KeyboardShortcut, IsModifiersAndAKey) {
 
 TEST_F(MenuItems, AreFoundByNameInTheOrderOfTheTree) {
     menu_->Append(nullptr);
-    const Ref<MenuItem> below = New<MenuItem>("Twice", "below");
-    Add("Inner")->Append(below);
-    Add("Twice", "behind");
-    EXPECT_EQ(menu_->Find("Twice"), below);
+    const Ref<MenuItem> child = New<MenuItem>("Twice");
+    Add("Inner")->Append(child);
+    Add("Twice");
+    EXPECT_EQ(menu_->Find("Twice"), child);
     EXPECT_FALSE(menu_->Find("Menu")) << "not one of its own items";
     EXPECT_FALSE(menu_->Item(0));
     EXPECT_EQ(menu_->Count(), 3);
     EXPECT_THROW(menu_->Item(3), OutOfBoundsException);
-    EXPECT_THROW(menu_->Item(-1), OutOfBoundsException);
 }
 
 TEST_F(MenuItems, SeparatorsAreShownOnlyBetweenItems) {
     // A letter is an item, a capital or "=" a hidden one, "." nil.
-    const std::pair<std::string, std::string> kRows[] = {
+    const std::pair<std::string, std::string> rows[] = {
         {"", ""},     {"-", ""},    {"--a-b--", "a-b"}, {"a--b", "a-b"},    {"a-B-c", "a-c"},
         {"A-b", "b"}, {"a-B", "a"}, {"a-.-b", "a-b"},   {"a-b-c", "a-b-c"}, {"a=b", "ab"}};
-    for (const auto& [items, shown] : kRows) {
+    for (const auto& [items, shown] : rows) {
         MenuItem menu;
         for (const char c : items) {
             menu.Append(c == '.' ? nullptr : New<MenuItem>("", std::string(1, c == '=' ? '-' : c)));
@@ -78,23 +77,27 @@ TEST_F(MenuItems, SeparatorsAreShownOnlyBetweenItems) {
     }
 }
 
-TEST_F(MenuItems, ValidateEnablesItemsThatHaveAnAction) {
+TEST_F(MenuItems, ValidateEnablesItemsThatHaveAnActionOrItems) {
     menu_->Append(nullptr);
-    const Ref<MenuItem> plain = Add("Plain"), served = Add("Served"), parent = Add("Parent"),
-                        manual = Add("Manual"), quit = New<QuitMenuItem>("Quit");
+    const Ref<MenuItem> plain = Add("Plain");
+    const Ref<MenuItem> manual = Add("Manual");
+    const Ref<MenuItem> served = Add("Served");
+    const Ref<MenuItem> parent = Add("Parent");
+    const Ref<MenuItem> quit = New<QuitMenuItem>("FileQuit", "Quit");
+    menu_->Append(quit);
     served->Action = parent->Action = [] { return true; };
     parent->Append(New<MenuItem>("Child"));
-    manual->AutoEnable = quit->AutoEnable = quit->Enabled = false;
-    menu_->Append(quit);
-    served->Enabled = parent->Enabled = false;
+    manual->AutoEnable = quit->AutoEnable = false;
+    served->Enabled = parent->Enabled = quit->Enabled = false;
     menu_->Validate();
     EXPECT_FALSE(plain->Enabled);
-    EXPECT_TRUE(served->Enabled);
-    EXPECT_TRUE(parent->Enabled) << "it has items";
-    EXPECT_TRUE(manual->Enabled) << "set by the program";
-    EXPECT_TRUE(quit->Enabled);
+    for (const Ref<MenuItem>& enabled : {manual, served, parent, quit})
+        EXPECT_TRUE(enabled->Enabled) << enabled->Name;
     EXPECT_FALSE(Choose(plain));
     EXPECT_FALSE(Choose(parent));
+    EXPECT_THROW(Choose(quit), EndException);
+    EXPECT_TRUE(application_->closed);
+    EXPECT_TRUE(Choose(quit)) << "already ending";
 }
 
 TEST_F(MenuItems, OnlyEnabledAndVisibleItemsCanBeChosen) {
@@ -123,16 +126,9 @@ TEST_F(MenuItems, AnItemLivesWhileItsActionRuns) {
         item = nullptr;
         return !watched.expired();
     };
-    MenuItem* const only = item.Get();
-    EXPECT_TRUE(Choose(Ref<MenuItem>(std::shared_ptr<MenuItem>(std::shared_ptr<void>(), only))));
+    // A reference that doesn't own the item.
+    EXPECT_TRUE(Choose(Ref(std::shared_ptr<MenuItem>(std::shared_ptr<void>(), item.Get()))));
     EXPECT_TRUE(watched.expired());
-}
-
-TEST_F(MenuItems, QuitEndsTheProgramOnce) {
-    const Ref<MenuItem> quit = New<QuitMenuItem>("FileQuit", "Quit");
-    EXPECT_THROW(Choose(quit), EndException);
-    EXPECT_TRUE(application_->closed);
-    EXPECT_TRUE(Choose(quit)) << "already ending";
 }
 
 TEST(ResponderChain, AsksTheFrontWindowThenTheApplication) {

@@ -1,5 +1,3 @@
-#include "platform/processes/shell.h"
-
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <signal.h>
@@ -9,6 +7,10 @@
 #include <algorithm>
 
 #include "platform/files/folder_item.h"
+#include "platform/processes/apple_script.h"
+#include "platform/processes/error_line.h"
+#include "platform/processes/shell.h"
+#include "support/hostile_names.h"
 #include "support/temporary_folder.h"
 
 namespace dunvey {
@@ -22,7 +24,7 @@ std::string OutputOf(const std::string& command) {
     return shell.Result();
 }
 
-TEST(Shell, GivesTheStandardOutputOfTheLastCommand) {
+TEST(Shell, ReturnsTheStandardOutputOfTheLastCommand) {
     Shell shell;
     const std::pair<const char*, std::string> cases[] = {
         {"printf 'a\\nb'; echo c >&2", "a\nb"},
@@ -45,14 +47,14 @@ TEST(Shell, TheBundlesHelpersComeFirst) {
 }
 
 TEST(Shell, ACommandMayBeLongerThanOneArgument) {
-    // One argument ends at 131,071 bytes; by default all of them together at 2 MiB.
-    for (const size_t words : {13'000U, 14'500U, 200'000U, 500'000U}) {
-        std::string command = "set --";
-        for (size_t i = 0; i < words; ++i)
-            command += " /a/word\\ 1";
-        EXPECT_EQ(OutputOf(command + "; echo $#"), std::to_string(words) + "\n");
-        EXPECT_EQ(OutputOf("printf x" + command.substr(6, 11 * words) + " | wc -c"), "1\n");
-    }
+    // The kernel limits one argument to 131,071 bytes and all of them together, by default, to 2
+    // MiB.
+    for (const size_t size : {131'071U, 131'072U})
+        EXPECT_EQ(OutputOf("echo x" + std::string(size - 6, ' ')), "x\n") << size;
+    std::string command = "/bin/echo";
+    for (int i = 0; i < 300'000; ++i)
+        command += " /a/word\\ 1";
+    EXPECT_EQ(OutputOf(command + " | wc -w"), "600000\n");
 }
 
 TEST(Shell, LeavesNoDescriptorOrChildAndPassesNoDescriptor) {
@@ -73,16 +75,43 @@ TEST(Shell, LeavesNoDescriptorOrChildAndPassesNoDescriptor) {
     close(own);
 }
 
-TEST(Shell, WorksWhereTheParentIgnoresSignalsAndHasClosedItsDescriptors) {
+TEST(Shell, WorksWhereTheParentIgnoresSignalsAndHasNoStandardInput) {
     signal(SIGCHLD, SIG_IGN);
-    EXPECT_EQ(OutputOf("echo still"), "still\n");
-    signal(SIGCHLD, SIG_DFL);
     const int input = dup(STDIN_FILENO);
     close(STDIN_FILENO);
     EXPECT_EQ(OutputOf("echo still"), "still\n");
     EXPECT_EQ(OutputOf("echo long" + std::string(200'000, ' ')), "long\n");
     dup2(input, STDIN_FILENO);
     close(input);
+    signal(SIGCHLD, SIG_DFL);
+}
+
+TEST(AppleScript, ReturnsWhatItPrintsAndNothingForSuccess) {
+    const TemporaryFolder folder;
+    const auto result = [&](const std::string& text,
+                            const std::vector<std::string>& arguments = {}) {
+        return ExecuteAppleScript(New<FolderItem>(folder.Write("it's a script", text)), arguments);
+    };
+    EXPECT_EQ(result(""), "");
+    EXPECT_EQ(result("echo; echo two; echo lines; echo"), "\ntwo\nlines");
+    EXPECT_EQ(result("printf 'no line feed'"), "no line feed");
+    EXPECT_EQ(result("echo why; exit 3"), "why");
+    EXPECT_EQ(result("exit 3"), "The script ended with 3.");
+    EXPECT_EQ(result("kill -9 $$"), "The script ended with 137.");
+    EXPECT_NE(ExecuteAppleScript(New<FolderItem>(folder / "missing"), {}), "");
+    std::vector<std::string> names = test::HostileNames();
+    names.push_back("");
+    std::string printed;
+    for (const std::string& name : names)
+        printed += "[" + name + "]";
+    EXPECT_EQ(result("printf '[%s]' \"$@\"", names), printed);
+}
+
+TEST(ErrorLine, NoNameForgesALineOrControlsATerminal) {
+    ::testing::internal::CaptureStderr();
+    WriteErrorLine(std::string("a\nb\r\x1B[31m\x7F\0c\xC2\x9B", 14) + "2J \xC3\xA9\xFF 名\xC2");
+    WriteErrorLine("");
+    EXPECT_EQ(::testing::internal::GetCapturedStderr(), "a?b??[31m??c?2J \xC3\xA9\xFF 名\xC2\n\n");
 }
 
 }  // namespace
