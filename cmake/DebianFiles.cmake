@@ -8,7 +8,7 @@ file(COPY ${CPACK_DUNVEY_DEBIAN_FILES}/copyright ${CPACK_DUNVEY_DEBIAN_FILES}/ch
     DESTINATION ${documents})
 file(RENAME ${documents}/changelog ${documents}/changelog.Debian)
 configure_file(${CPACK_DUNVEY_DEBIAN_FILES}/lintian-overrides ${share}/lintian/overrides/dunvey COPYONLY)
-# The action of polkit names the program by its absolute path.
+# The prefix of the package is not the one that was configured.
 set(write_icons ${CPACK_PACKAGING_INSTALL_PREFIX}/${CPACK_DUNVEY_BUNDLE}/Helpers/write-icons)
 configure_file(${CPACK_DUNVEY_DEBIAN_FILES}/dunvey.policy.in
     ${share}/polkit-1/actions/org.dunvey.Dunvey.policy @ONLY)

@@ -42,6 +42,11 @@ install(FILES ${packaging}/icons/dunvey.svg DESTINATION ${theme}/scalable/apps)
 install(DIRECTORY ${packaging}/icons/ DESTINATION ${theme}/scalable/mimetypes
     FILE_PERMISSIONS ${readable} FILES_MATCHING PATTERN "application-*.svg" PATTERN hicolor EXCLUDE)
 
+# The question that polkit asks before root writes the icons. It names the program by its absolute path.
+set(write_icons ${CMAKE_INSTALL_FULL_LIBDIR}/dunvey/Dunvey.app/Contents/Helpers/write-icons)
+configure_file(${packaging}/linux/dunvey.policy.in ${packaged}/${DUNVEY_IDENTIFIER}.policy @ONLY)
+install(FILES ${packaged}/${DUNVEY_IDENTIFIER}.policy DESTINATION ${share}/polkit-1/actions)
+
 # The release date is that of the newest changelog entry, as YYYY-MM-DD.
 file(STRINGS ${packaging}/linux/changelog trailers REGEX "^ -- ")
 list(GET trailers 0 trailer)
