@@ -19,7 +19,7 @@ std::string Entry(const std::string& key, const std::string& text) {
     return "\t<key>" + key + "</key>\n\t<string>" + text + "</string>\n";
 }
 
-/// The entries that are read stand between many others.
+/// The entries that are read are among many others.
 std::string ListText(const std::string& version) {
     std::string others;
     for (int i = 0; i < 25; ++i)

@@ -126,7 +126,7 @@ TEST_F(Chooser, HeightFollowsTheRows) {
             const std::string number = std::to_string(9 + installed);
             Installed("CC " + number, number + ".0.0");
         }
-        Look([&, height = height](Window1& window) {
+        Look([&](Window1& window) {
             EXPECT_EQ(window.Height(), height);
             EXPECT_EQ(window.AppList()->Place(), (Bounds{20, 109, 410, height - 251}));
             user_->Resize(window, {100, 100});
