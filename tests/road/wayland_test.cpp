@@ -16,9 +16,10 @@ class Wayland : public test::RealWorld {
         if (access("/usr/bin/weston", X_OK) != 0) GTEST_SKIP() << "weston isn't installed";
         chmod(folder_.Path().c_str(), 0700);
         const std::string program = std::exchange(program_, "/usr/bin/weston");
-        compositor_ = Start({"--backend=x11-backend.so", "--use-pixman", "--no-config",
-                             "--idle-time=0", "--socket=test", "--log=" + folder_ / "weston"},
-                            {"DISPLAY=" + screen_.Name(), runtime_});
+        compositor_ =
+            Start({"--backend=x11-backend.so", "--use-pixman", "--no-config", "--idle-time=0",
+                   "--shell=kiosk-shell.so", "--socket=test", "--log=" + folder_ / "weston"},
+                  {"DISPLAY=" + screen_.Name(), runtime_});
         program_ = program;
         ASSERT_TRUE(Await([&] { return access((folder_ / "test").c_str(), F_OK) == 0; }));
     }
@@ -54,6 +55,16 @@ TEST_F(Wayland, TheChooserAppearsAndTakesAnswers) {
     EXPECT_TRUE(Await([&] { return !screen_.Do("key Escape") || !IsAlive(program); }));
     EXPECT_EQ(ExitCodeOf(program), 0);
     EXPECT_EQ(Starts(1), std::vector<std::string>{"CS6: plain.indd|"});
+}
+
+TEST_F(Wayland, ControlAndADoubleClickOpenAnOlderVersion) {
+    const pid_t program = StartChooser();
+    EXPECT_TRUE(screen_.Do("keydown Control_L"));
+    // The window fills the screen; the only row is at the top of the list.
+    const std::string words = "mousemove 432 200 mousemove 432 156 click --repeat 2 --delay 20 1";
+    EXPECT_TRUE(Await([&] { return !screen_.Do(words) || !IsAlive(program); }));
+    EXPECT_EQ(ExitCodeOf(program), 0);
+    EXPECT_EQ(Starts(2), (std::vector<std::string>{"CS6: plain.indd|", "CS6: missing.indd|"}));
 }
 
 TEST_F(Wayland, ACompositorThatDiesEndsTheProgram) {

@@ -5,6 +5,7 @@
 #include <cstdlib>
 
 #include "platform/linux/bounded_call.h"
+#include "platform/loop/desktop.h"
 
 namespace dunvey::Keyboard {
 namespace {
@@ -34,7 +35,9 @@ uint8_t HeldModifiers() {
 }  // namespace
 
 bool AsyncCommandKey() {
-    return (HeldModifiers() & XCB_MOD_MASK_CONTROL) != 0;
+    if ((HeldModifiers() & XCB_MOD_MASK_CONTROL) != 0) return true;
+    // Wayland shows the keys only to the window that has the focus.
+    return Desktop::IsLoaded() && Desktop::Current().IsCommandKeyDown();
 }
 
 bool AsyncOptionKey() {

@@ -53,6 +53,10 @@ class Desktop {
     /// object.
     virtual std::unique_ptr<Shown> Show(Window& window, bool modal) = 0;
 
+    /// Whether the Command key is held down while one of the windows has the focus; for systems whose
+    /// keyboard can't be read otherwise.
+    virtual bool IsCommandKeyDown() const { return false; }
+
     /// The icon of the file or folder at an absolute path, which exists.
     virtual Ref<NSImage> IconForFile(const std::string& path) = 0;
     /// The icon of a file type: an extension, or a four-letter code in single quotes.

@@ -171,6 +171,11 @@ std::unique_ptr<Shown> QtDesktop::Show(Window& window, bool modal) {
     return std::make_unique<QtWindow>(window, ByUser(), modal);
 }
 
+bool QtDesktop::IsCommandKeyDown() const {
+    return QGuiApplication::focusWindow() != nullptr &&
+           QGuiApplication::queryKeyboardModifiers().testFlag(Qt::ControlModifier);
+}
+
 Ref<NSImage> QtDesktop::IconForFile(const std::string& path) {
     return QtIconForFile(path);
 }

@@ -42,6 +42,7 @@ class QtDesktop final : public Desktop {
     void BringToFront() override;
     std::unique_ptr<Shown> Show(MessageDialog& dialog, Window* parent) override;
     std::unique_ptr<Shown> Show(Window& window, bool modal) override;
+    bool IsCommandKeyDown() const override;
     Ref<NSImage> IconForFile(const std::string& path) override;
     Ref<NSImage> IconForFileType(const std::string& type) override;
     int64_t CompareTexts(const std::string& text1, const std::string& text2) override;
