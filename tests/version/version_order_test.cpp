@@ -7,14 +7,14 @@ namespace dunvey {
 namespace {
 
 TEST(VersionName, FollowsTheProductsNaming) {
-    const std::pair<const char*, const char*> kNames[] = {
+    const std::pair<const char*, const char*> names[] = {
         {"1", "1"},        {"2", "2"},        {"3", "CS"},       {"4", "CS2"},
         {"5", "CS3"},      {"6", "CS4"},      {"7", "CS5"},      {"7.5", "CS5.5"},
         {"8", "CS6"},      {"9", "CC"},       {"10", "CC 2014"}, {"11", "CC 2015"},
         {"12", "CC 2017"}, {"13", "CC 2018"}, {"14", "CC 2019"}, {"15", "2020"},
         {"16", "2021"},    {"17", "2022"},    {"255", "2260"},   {"0", "2005"},
         {"2.5", "2.5"},    {"7.6", "2012"},   {"", "2005"}};
-    for (const auto& [version, name] : kNames)
+    for (const auto& [version, name] : names)
         EXPECT_EQ(InDesign::GetAppName(version), name);
 }
 
