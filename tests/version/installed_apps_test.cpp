@@ -35,7 +35,7 @@ TEST_F(InstalledApplications, AreSortedByMajorVersionThenByName) {
 TEST_F(InstalledApplications, NeedAFolderAndABundleOfTheSameName) {
     Installed("CS6", "8.0.1");
     for (const char* name :
-         {"Adobe InDesign/Adobe InDesign.app", "Adobe InDesign CC",
+         {"A/A.app", "Adobe InDesign/Adobe InDesign.app", "Adobe InDesign CC",
           "Adobe InDesign CC 2014/Adobe InDesign.app", "Adobe InDesign CS4.app/Contents",
           "adobe indesign CS3/adobe indesign CS3.app", "My Adobe InDesign/My Adobe InDesign.app",
           "inner/Adobe InDesign CS5/Adobe InDesign CS5.app"})

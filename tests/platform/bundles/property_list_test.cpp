@@ -106,22 +106,17 @@ TEST(PropertyList, ABinaryListThatRepeatsItsValuesIsRead) {
     EXPECT_EQ(Look(Binary(objects)), "9.2");
 }
 
-// As deep as the size limit allows.
-TEST(PropertyList, SurvivesDeepNesting) {
-    const auto nested = [](const std::string& open, const std::string& close) {
-        const size_t levels = (kPropertyListLimit - 200) / (open.size() + close.size());
-        std::string opened;
-        std::string closed;
-        for (size_t i = 0; i < levels; ++i) {
-            opened += open;
-            closed += close;
-        }
-        return opened + closed;
+TEST(PropertyList, SurvivesNestingAsDeepAsTheSizeLimitAllows) {
+    const auto repeated = [](const char* text, int levels) {
+        std::string all;
+        while (levels-- > 0)
+            all += text;
+        return all;
     };
-    EXPECT_EQ(Look(Xml(nested("<array>", ""))), "nil");
-    EXPECT_EQ(Look(Xml(nested("<dict><key>a</key>", ""))), "nil");
+    EXPECT_EQ(Look(Xml(repeated("<array>", 37'000))), "nil");
+    EXPECT_EQ(Look(Xml(repeated("<dict><key>a</key>", 14'000))), "nil");
     EXPECT_EQ(Look(Xml("<dict><key>k</key><string>8</string><key>a</key>" +
-                       nested("<array>", "</array>") + "</dict>")),
+                       repeated("<array>", 17'000) + repeated("</array>", 17'000) + "</dict>")),
               "8");
 }
 
