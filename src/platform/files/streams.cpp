@@ -3,6 +3,7 @@
 #include <fcntl.h>
 #include <poll.h>
 #include <sys/file.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -20,6 +21,12 @@ namespace {
     throw IOException(std::string("The file \"") + path + "\" can't be " + action + ": " +
                           std::strerror(error) + ".",
                       error);
+}
+
+/// Whether the process may not write that far into a file.
+bool ExceedsFileLimit(size_t size) {
+    rlimit limit{};
+    return getrlimit(RLIMIT_FSIZE, &limit) == 0 && size > limit.rlim_cur;
 }
 
 FileDescriptor OpenForWriting(const std::string& path, int flags, int& error) {
@@ -126,6 +133,8 @@ int TextOutputStream::PutInPlace() {
         const int error = WriteAt(end, text.substr(oldSize));
         // The first error is the one to report.
         if (error != 0) return Cut(end), error;
+    } else if (ExceedsFileLimit(text.size())) {
+        return EFBIG;
     }
     // Half of the new text over the old one is worse than either.
     int error = WriteAt(0, text.substr(0, oldSize));

@@ -76,13 +76,15 @@ TEST_F(Streams, ProcessesThatCloseTogetherDoNotMixTheirTexts) {
 }
 
 TEST_F(Streams, AFullDiskLeavesTheOldText) {
+    const std::string longText(9000, 'o');
     folder_.Write("old", "the old text");
+    folder_.Write("long", longText);
     ASSERT_EQ(symlink("target", (folder_ / "link").c_str()), 0);
     rlimit before{};
     getrlimit(RLIMIT_FSIZE, &before);
     const rlimit small{1000, before.rlim_max};
     signal(SIGXFSZ, SIG_IGN);
-    for (const char* name : {"old", "new", "link"}) {
+    for (const char* name : {"old", "long", "new", "link"}) {
         const auto stream = TextOutputStream::Create(New<FolderItem>(folder_ / name));
         stream->Write(std::string(5000, 'z'));
         setrlimit(RLIMIT_FSIZE, &small);
@@ -91,6 +93,7 @@ TEST_F(Streams, AFullDiskLeavesTheOldText) {
     }
     signal(SIGXFSZ, SIG_DFL);
     EXPECT_EQ(folder_.Read("old"), "the old text");
+    EXPECT_EQ(folder_.Read("long"), longText);
     EXPECT_FALSE(FolderItem(folder_ / "new").Exists());
     EXPECT_FALSE(FolderItem(folder_ / "target").Exists());
 }
