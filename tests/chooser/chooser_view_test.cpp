@@ -64,7 +64,7 @@ TEST_F(Chooser, ShowsWhyItAsks) {
     }
 }
 
-TEST_F(Chooser, ControlsFollowTheWindow) {
+TEST_F(Chooser, ControlsFollowTheWindowWhichHasNoTitleBarButtons) {
     Look([&](Window1& window) {
         std::string changes;
         for (const Ref<RectControl>& control : window.Controls()) {
@@ -88,6 +88,12 @@ TEST_F(Chooser, ControlsFollowTheWindow) {
         EXPECT_EQ(window.AppList()->ColumnWidthsIn(410), (std::vector<int64_t>{256, 90, 64}));
         EXPECT_EQ(window.Frame, Window::kMovableModal);
         EXPECT_TRUE(window.Resizeable);
+        for (int kind = 0; kind < 3; ++kind)
+            EXPECT_TRUE(window.Handle()->standardWindowButton(kind)->isHidden());
+        EXPECT_TRUE(window.Canvas1()->Event_MouseDown(1, 1));
+        EXPECT_FALSE(window.Canvas2()->Event_MouseDown(1, 1));
+        EXPECT_EQ(window.FileAbout(), window.MenuBar()->Find("FileAbout"));
+        EXPECT_TRUE(window.EditUndo());
     });
 }
 
@@ -167,19 +173,6 @@ TEST_F(Chooser, PaintsCellsByRowColumnSelectionAndWhetherTheyCanOpenTheDocument)
         };
         EXPECT_EQ(drawn(0, 2), below);
         EXPECT_EQ(drawn(2, 2), below + "painted") << "the handler's answer";
-    });
-}
-
-TEST_F(Chooser, HasNoTitleBarButtonsAndItsIconTakesTheClick) {
-    commandKey_ = true;
-    Installed("CS6", "8.0.1");
-    Look([](Window1& window) {
-        for (int kind = 0; kind < 3; ++kind)
-            EXPECT_TRUE(window.Handle()->standardWindowButton(kind)->isHidden());
-        EXPECT_TRUE(window.Canvas1()->Event_MouseDown(1, 1));
-        EXPECT_FALSE(window.Canvas2()->Event_MouseDown(1, 1));
-        EXPECT_EQ(window.FileAbout(), window.MenuBar()->Find("FileAbout"));
-        EXPECT_TRUE(window.EditUndo());
     });
 }
 

@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <functional>
 
 #include "desktop/scripted_desktop.h"
@@ -26,16 +27,21 @@ Ref<NSImage> ImageOf(const std::string& name) {
     return New<PlainImage>(color | 0xFF000000u);
 }
 
-bool IsDigit(char c) {
-    return c >= '0' && c <= '9';
-}
-
-/// The digits from `place` on without leading zeros; moves `place` after them.
-std::string DigitsAt(const std::string& text, size_t& place) {
-    std::string digits;
-    for (; place < text.size() && IsDigit(text[place]); ++place)
-        if (!digits.empty() || text[place] != '0') digits += text[place];
-    return digits;
+/// The text with leading zeros for each number, so that numbers compare by value.
+std::string Padded(const std::string& text) {
+    constexpr size_t kDigits = 20;
+    std::string padded, digits;
+    for (const char c : text + '\0') {
+        if (c >= '0' && c <= '9') {
+            digits += c;
+            continue;
+        }
+        if (!digits.empty())
+            padded += std::string(kDigits - std::min(kDigits, digits.size()), '0') + digits;
+        digits.clear();
+        padded += c;
+    }
+    return padded;
 }
 
 }  // namespace
@@ -49,21 +55,8 @@ Ref<NSImage> ScriptedDesktop::IconForFileType(const std::string& type) {
 }
 
 int64_t ScriptedDesktop::CompareTexts(const std::string& text1, const std::string& text2) {
-    size_t place1 = 0;
-    size_t place2 = 0;
-    while (place1 < text1.size() && place2 < text2.size()) {
-        if (!IsDigit(text1[place1]) || !IsDigit(text2[place2])) {
-            if (text1[place1] != text2[place2]) return text1[place1] < text2[place2] ? -1 : 1;
-            ++place1;
-            ++place2;
-            continue;
-        }
-        const std::string digits1 = DigitsAt(text1, place1);
-        const std::string digits2 = DigitsAt(text2, place2);
-        if (digits1.size() != digits2.size()) return digits1.size() < digits2.size() ? -1 : 1;
-        if (digits1 != digits2) return digits1.compare(digits2);
-    }
-    return text1.compare(text2);
+    const int order = Padded(text1).compare(Padded(text2));
+    return order != 0 ? order : text1.compare(text2);
 }
 
 }  // namespace dunvey::headless

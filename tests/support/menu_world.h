@@ -3,14 +3,14 @@
 #include <set>
 #include <string>
 
-#include "platform/loop/application.h"
 #include "platform/menus/native_menu.h"
+#include "support/log_application.h"
 #include "support/user.h"
 #include "support/world.h"
 
 namespace dunvey::test {
 
-/// Takes the selectors that it is given and writes down what it is asked.
+/// Takes these selectors and logs its calls.
 class RecordingResponder final : public Responder {
  public:
     explicit RecordingResponder(std::set<std::string> selectors = {})
@@ -39,7 +39,7 @@ class RecordingResponder final : public Responder {
     std::string log;
 };
 
-/// An application with a menu bar, and the user's hand on it.
+/// A registered application whose menu items the user can choose.
 class MenuWorld : public World {
  protected:
     MenuWorld() { Application::Register(application_); }
@@ -47,13 +47,7 @@ class MenuWorld : public World {
 
     static bool Choose(const Ref<MenuItem>& item) { return item->Choose(User::ByUser()); }
 
-    class PlainApplication final : public Application {
-     public:
-        void Event_Close() override { closed = true; }
-        void Event_OpenDocument(const Ref<FolderItem>&) override {}
-        bool closed = false;
-    };
-    const Ref<PlainApplication> application_ = New<PlainApplication>();
+    const Ref<LogApplication> application_ = New<LogApplication>();
 };
 
 }  // namespace dunvey::test

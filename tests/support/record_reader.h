@@ -17,27 +17,18 @@ struct Record {
     std::vector<std::string> arguments;
 };
 
-/// The records of the file in the order of the runs; none if there is no file. A damaged or
-/// incomplete record ends the list.
+/// The records of the file in the order of the runs; none if there is no file. An incomplete record
+/// ends the list.
 inline std::vector<Record> ReadRecords(const std::string& path) {
     std::ifstream file(path, std::ios::binary);
     std::vector<Record> records;
-    Record record;
-    for (size_t count; file >> record.process >> count;) {
-        std::vector<size_t> lengths(count);
-        for (size_t& length : lengths)
-            file >> length;
-        if (!file || count == 0 || file.get() != '\n') break;
-        record.arguments.clear();
-        for (const size_t length : lengths) {
-            std::string text(length, '\0');
-            file.read(text.data(), static_cast<std::streamsize>(length));
-            record.arguments.push_back(std::move(text));
-        }
-        if (file.get() != '\n') break;
-        record.executable = record.arguments.front();
-        record.arguments.erase(record.arguments.begin());
-        records.push_back(record);
+    std::string process, count;
+    while (std::getline(file, process, '\0') && std::getline(file, count, '\0')) {
+        std::vector<std::string> texts(std::stoul(count));
+        for (std::string& text : texts)
+            std::getline(file, text, '\0');
+        if (file.eof()) break;
+        records.push_back({std::stoi(process), texts.front(), {texts.begin() + 1, texts.end()}});
     }
     return records;
 }

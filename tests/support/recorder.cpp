@@ -1,9 +1,8 @@
-// A program that writes down how it was started: stands in for an application in tests.
+// Stands in for an application in tests: records how it was started.
 //
-// It appends one record to the file that DUNVEY_RECORD names, else to its own path with ".log":
-// a line of decimal numbers (process id, count of texts, length of each text in bytes), then the
-// texts without anything between them, then a line feed. The texts are its own path and its
-// arguments. Then it stays until SIGTERM; with DUNVEY_RECORD_EXIT set it ends at once.
+// It appends one record to the file that DUNVEY_RECORD names, else to its own path with ".log": its
+// process id, the number of the texts that follow, its own path and its arguments, each with a zero
+// byte. Then it stays until SIGTERM; with DUNVEY_RECORD_EXIT set it ends at once.
 #include <fcntl.h>
 #include <limits.h>
 #include <unistd.h>
@@ -35,16 +34,11 @@ bool Append(const std::string& path, const std::string& record) {
 int main(int argumentCount, char** arguments) {
     std::signal(SIGTERM, EndWell);
     const std::string path = OwnPath();
-    std::string lengths = std::to_string(getpid()) + " " + std::to_string(argumentCount);
-    std::string texts;
-    for (int i = 0; i < argumentCount; ++i) {
-        const std::string text = i == 0 ? path : arguments[i];
-        lengths += ' ';
-        lengths += std::to_string(text.size());
-        texts += text;
-    }
+    std::string record = std::to_string(getpid()) + '\0' + std::to_string(argumentCount) + '\0';
+    for (int i = 0; i < argumentCount; ++i)
+        record += (i == 0 ? path : arguments[i]) + '\0';
     const char* named = std::getenv("DUNVEY_RECORD");
-    if (!Append(named != nullptr ? named : path + ".log", lengths + "\n" + texts + "\n")) return 1;
+    if (!Append(named != nullptr ? named : path + ".log", record)) return 1;
     while (std::getenv("DUNVEY_RECORD_EXIT") == nullptr)
         pause();
     return 0;

@@ -16,8 +16,8 @@
 
 namespace dunvey::test {
 
-/// A small machine of a test's own: a home with applications and documents, a process list, and a
-/// record of what was started. Commands go through the real shell to the recorders in Helpers.
+/// A home with applications and documents, a process list, and a record of what was started.
+/// Commands go through the real shell to the recorders in Helpers.
 class World : public ::testing::Test {
  protected:
     World() {
@@ -35,7 +35,7 @@ class World : public ::testing::Test {
 
     void TearDown() override { user_->Finish(); }
 
-    /// A scripted desktop in the place of whatever there is.
+    /// Replaces the desktop, if there is one.
     void InstallDesktop() {
         auto desktop = std::make_unique<headless::ScriptedDesktop>();
         user_ = desktop.get();
@@ -45,21 +45,21 @@ class World : public ::testing::Test {
     static std::string AppName(const std::string& suffix) {
         return "Adobe InDesign " + suffix + ".app";
     }
-    std::string AppPath(const std::string& suffix) const {
-        return folder_ / ("Applications/Adobe InDesign " + suffix + "/" + AppName(suffix));
+    static std::string Bundle(const std::string& suffix) {
+        return "Applications/Adobe InDesign " + suffix + "/" + AppName(suffix);
     }
+    std::string AppPath(const std::string& suffix) const { return folder_ / Bundle(suffix); }
 
     /// An installed version; without a version text it has no property list.
     Ref<FolderItem> Installed(const std::string& suffix, const std::string& version = {}) {
-        const std::string bundle = "Applications/Adobe InDesign " + suffix + "/" + AppName(suffix);
-        folder_.MakeFolder(bundle + "/Contents");
+        folder_.MakeFolder(Bundle(suffix) + "/Contents");
         if (!version.empty()) {
             folder_.Write(
-                bundle + "/Contents/Info.plist",
+                Bundle(suffix) + "/Contents/Info.plist",
                 "<plist version=\"1.0\"><dict><key>CFBundleShortVersionString</key><string>" +
                     version + "</string></dict></plist>");
         }
-        return New<FolderItem>(folder_ / bundle);
+        return New<FolderItem>(AppPath(suffix));
     }
 
     /// What runs once a quit request has been sent.
@@ -87,24 +87,16 @@ class World : public ::testing::Test {
         return New<FolderItem>(folder_.Write(name, Header("DOCUMENT", major, minor)));
     }
 
-    /// The words of each start through `open`, in order.
+    /// The arguments of each call of `open`.
     std::vector<std::vector<std::string>> OpenCalls() const { return CallsIn("open-calls"); }
-    /// The words of each quit request.
+    /// The arguments of each quit request.
     std::vector<std::vector<std::string>> QuitCalls() const { return CallsIn("osascript-calls"); }
 
     std::vector<std::vector<std::string>> CallsIn(const std::string& name) const {
         std::vector<std::vector<std::string>> calls(1);
-        std::string word;
-        for (const char c : folder_.Read(name)) {
-            if (c != '\0') {
-                word += c;
-            } else if (word.empty()) {
-                calls.emplace_back();
-            } else {
-                calls.back().push_back(std::move(word));
-                word.clear();
-            }
-        }
+        std::istringstream file(folder_.Read(name));
+        for (std::string argument; std::getline(file, argument, '\0');)
+            argument.empty() ? calls.push_back({}) : calls.back().push_back(argument);
         calls.pop_back();
         return calls;
     }

@@ -59,7 +59,6 @@ class ScriptedHands final : public Hands {
         }
     }
     int64_t ShownSelection(Listbox& list) override { return list.ListIndex(); }
-    int64_t ShownRows(Listbox& list) override { return list.ListCount(); }
     bool ShownValue(CheckBox& box) override { return box.Value(); }
     Bounds ShownPlace(RectControl& control) override { return control.Place(); }
 
@@ -67,11 +66,10 @@ class ScriptedHands final : public Hands {
     headless::ScriptedDesktop* desktop_;
 };
 
+}  // namespace
+
 std::unique_ptr<Hands> MakeHands() {
     return std::make_unique<ScriptedHands>();
 }
 
-INSTANTIATE_TEST_SUITE_P(Scripted, ContractTest, ::testing::Values(HandsOf{"Scripted", MakeHands}));
-
-}  // namespace
 }  // namespace dunvey::test

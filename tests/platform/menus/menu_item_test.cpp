@@ -96,7 +96,7 @@ TEST_F(MenuItems, ValidateEnablesItemsThatHaveAnActionOrItems) {
     EXPECT_FALSE(Choose(plain));
     EXPECT_FALSE(Choose(parent));
     EXPECT_THROW(Choose(quit), EndException);
-    EXPECT_TRUE(application_->closed);
+    EXPECT_EQ(application_->log, "close ");
     EXPECT_TRUE(Choose(quit)) << "already ending";
 }
 

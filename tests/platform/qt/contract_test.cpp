@@ -55,7 +55,6 @@ class QtHands final : public Hands {
         const QModelIndexList rows = View(list).selectionModel()->selectedRows();
         return rows.isEmpty() ? -1 : rows.first().row();
     }
-    int64_t ShownRows(Listbox& list) override { return View(list).model()->rowCount(); }
     bool ShownValue(CheckBox& box) override {
         return qobject_cast<QAbstractButton*>(&Widget(box))->isChecked();
     }
@@ -94,11 +93,10 @@ class QtHands final : public Hands {
     Steps steps_;
 };
 
+}  // namespace
+
 std::unique_ptr<Hands> MakeHands() {
     return std::make_unique<QtHands>();
 }
 
-INSTANTIATE_TEST_SUITE_P(Qt, ContractTest, ::testing::Values(HandsOf{"Qt", MakeHands}));
-
-}  // namespace
 }  // namespace dunvey::test

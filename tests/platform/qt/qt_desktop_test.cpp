@@ -65,23 +65,18 @@ TEST_F(QtDesktopTest, KeysClicksAndClosePressTheirButtons) {
 TEST_F(QtDesktopTest, ADialogTakesNoAnswerBeforeItCanHaveBeenSeen) {
     MessageDialog dialog;
     dialog.CancelButton->Visible = true;
-    int ignored = 0;
-    AtBox([&] {
-        const auto isIgnored = [&] { ignored += Box() != nullptr ? 1 : 0; };
+    AtBox([] {
+        QPushButton* button = Box()->defaultButton();
         QApplication::setDoubleClickInterval(600'000);
-        for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Escape, Qt::Key_Space}) {
-            QTest::keyClick(Box()->defaultButton(), key);
-            isIgnored();
-        }
-        QTest::mouseClick(Box()->defaultButton(), Qt::LeftButton);
-        isIgnored();
+        for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Escape, Qt::Key_Space})
+            QTest::keyClick(button, key);
+        QTest::mouseClick(button, Qt::LeftButton);
         QApplication::setDoubleClickInterval(0);
-        HoldKey(*Box()->defaultButton(), Qt::Key_Return);
-        isIgnored();
+        HoldKey(*button, Qt::Key_Return);
+        ASSERT_NE(Box(), nullptr);
         QTest::keyClick(Box(), Qt::Key_Escape);
     });
     EXPECT_EQ(dialog.ShowModal(), dialog.CancelButton);
-    EXPECT_EQ(ignored, 5);
 }
 
 TEST_F(QtDesktopTest, TheBoxShowsWhatTheDialogSays) {
