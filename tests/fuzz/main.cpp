@@ -7,9 +7,7 @@
 
 #include "fuzz/fuzz.h"
 
-extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size);
-
-int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     dunvey::fuzz::TryInput({reinterpret_cast<const char*>(data), size});
     return 0;
 }
@@ -20,15 +18,13 @@ int main(int count, char** arguments) {
     glob_t files{};
     if (count != 2 || glob((std::string(arguments[1]) + "/*").c_str(), 0, nullptr, &files) != 0)
         return 1;
+    dunvey::fuzz::TryInput({});
     for (size_t i = 0; i < files.gl_pathc; ++i) {
         std::fprintf(stderr, "%s\n", files.gl_pathv[i]);
         std::ifstream file(files.gl_pathv[i], std::ios::binary);
-        const std::string bytes((std::istreambuf_iterator<char>(file)), {});
         if (!file) return 1;
-        dunvey::fuzz::TryInput({});
-        dunvey::fuzz::TryInput(bytes);
+        dunvey::fuzz::TryInput(std::string(std::istreambuf_iterator<char>(file), {}));
     }
     globfree(&files);
-    return 0;
 }
 #endif

@@ -17,19 +17,13 @@ std::string Quoted(std::string_view text) {
 }  // namespace
 
 void TryInput(std::string_view bytes) {
-    const TranslationTable table = ReadTranslationTable(bytes);
+    const TranslationTable table =
+        ReadTranslationTable("\"a key\" = \"a text\";\n" + std::string(bytes));
+    Check(table.contains("a key"), "a row before the input is read");
     size_t size = 0;
     for (const auto& [key, text] : table)
         size += key.size() + text.size() + 6;
-    Check(size <= bytes.size(), "a table is no larger than its text");
-
-    const std::string row = "\"a key\" = \"a text\";";
-    const TranslationTable first = ReadTranslationTable(row + "\n" + std::string(bytes));
-    Check(first.contains("a key"), "a row before the input is read");
-    if (bytes.find("/*") == bytes.npos) {
-        const TranslationTable last = ReadTranslationTable(std::string(bytes) + "\n" + row);
-        Check(last.contains("a key") && last.at("a key") == "a text", "the last row counts");
-    }
+    Check(size <= bytes.size() + 30, "a table is no larger than its text");
     const std::string_view half = bytes.substr(0, bytes.size() / 2);
     const TranslationTable written = ReadTranslationTable(
         Quoted(half) + "/* \" */=// ;\n" + Quoted(bytes) + "\r\n\t;" + Quoted("next") + "=\"\";");

@@ -17,10 +17,11 @@ constexpr const char* kBook = test::OwnResources::kBook;
 class CopyScript : public ::testing::Test {
  protected:
     CopyScript() {
-        if (chdir(folder_.MakeFolder("work").c_str()) != 0)
-            throw std::runtime_error("no folder to work in");
+        if (chdir(folder_.MakeFolder("work").c_str()) != 0) abort();
     }
     ~CopyScript() override {
+        EXPECT_EQ(FolderItem(folder_ / "work").Count(), 0) << "nothing was run";
+        EXPECT_EQ(Others(), others_);
         if (chdir("/") != 0) abort();
     }
 
@@ -43,23 +44,23 @@ class CopyScript : public ::testing::Test {
     test::OwnResources resources_;
     test::StandInPkexec pkexec_{folder_};
     const int64_t others_ = Others();
+    const std::string from_ = folder_ / "from";
 };
 
 TEST_F(CopyScript, CopiesBothIconsFromHostilePaths) {
-    const std::vector<std::string> names = test::HostileNames();
-    constexpr size_t kTogether = 12;
-    for (size_t first = 0; first < names.size(); first += kTogether) {
-        std::string from = "from";
-        for (size_t place = first; place < std::min(first + kTogether, names.size()); ++place)
-            from += "/" + names[place];
-        from = folder_.MakeFolder(from) + "/" + names[first].substr(0, 9);
+    // Twelve names make one path.
+    std::string from = "from";
+    int folders = 0;
+    for (const std::string& name : test::HostileNames()) {
+        from += "/" + name;
+        if (++folders % 12 != 0) continue;
+        from = folder_.MakeFolder(from) + "/" + name;
         for (const char* number : {"1", "2"})
             std::ofstream(from + number) << number << from;
         EXPECT_EQ(Copy(from), "") << from;
         EXPECT_EQ(resources_.Icons(), "1" + from + "2" + from);
+        from = "from";
     }
-    EXPECT_EQ(Others(), others_);
-    EXPECT_EQ(FolderItem(folder_ / "work").Count(), 0) << "nothing was run";
     const auto contents = OwnResources()->Parent()->NativePath();
     EXPECT_EQ(pkexec_.Arguments(),
               "--disable-internal-agent\n" + contents + "/Helpers/write-icons\n");
@@ -86,42 +87,38 @@ TEST_F(CopyScript, RefusesOtherArgumentsBeforeCallingPkexec) {
     EXPECT_NE(Run({source, good[1], source}), "");
     EXPECT_NE(Run({source, good[1], source, good[3], source}), "");
     EXPECT_EQ(pkexec_.Calls(), 0);
-    EXPECT_EQ(FolderItem(folder_ / "work").Count(), 0) << "nothing was run";
 }
 
 TEST_F(CopyScript, RootOpensNoSource) {
-    const std::string secret = folder_.Write("secret", "of root");
-    const std::string from = folder_ / "from";
-    for (const char* number : {"1", "2"}) {
-        folder_.Write(std::string("icon") + number, number);
-        ASSERT_EQ(symlink((std::string("icon") + number).c_str(), (from + number).c_str()), 0);
+    folder_.Write("secret", "of root");
+    for (const std::string number : {"1", "2"}) {
+        folder_.Write("icon" + number, number);
+        ASSERT_EQ(symlink(("icon" + number).c_str(), (from_ + number).c_str()), 0);
     }
-    const std::string swap = "ln -sf secret '" + folder_ / "from";
-    pkexec_.Meanwhile(swap + "1'\n" + swap + "2'\n");
-    EXPECT_EQ(Copy(from), "");
+    pkexec_.Meanwhile("for i in 1 2; do ln -sf secret '" + from_ + "'$i; done\n");
+    EXPECT_EQ(Copy(from_), "");
     EXPECT_EQ(folder_.Read("from1"), "of root") << "the links were swapped";
     EXPECT_EQ(resources_.Icons(), "12");
 }
 
 TEST_F(CopyScript, BothOldIconsAreReplacedOrNone) {
-    const std::string from = folder_ / "from";
     // Larger than a pipe buffer, so the second source is read while pkexec runs.
     folder_.Write("from1", std::string(1 << 20, 'x'));
     resources_.Write(kDocument, "old 1");
     resources_.Write(kBook, "old 2");
-    EXPECT_NE(Copy(from), "") << "one source is missing";
+    EXPECT_NE(Copy(from_), "") << "one source is missing";
     ASSERT_EQ(mkfifo((folder_ / "from2").c_str(), 0600), 0);
-    EXPECT_NE(Copy(from), "") << "a FIFO would block";
+    EXPECT_NE(Copy(from_), "") << "a FIFO would block";
     unlink((folder_ / "from2").c_str());
     EXPECT_EQ(resources_.Icons(), "old 1old 2");
 
     folder_.Write("from2", "new 2");
-    pkexec_.Meanwhile("truncate -s 2 '" + folder_ / "from2'\n");
-    EXPECT_EQ(Copy(from), "An icon is cut short.") << "it shrank while it was copied";
+    pkexec_.Meanwhile("truncate -s 2 '" + from_ + "2'\n");
+    EXPECT_EQ(Copy(from_), "An icon is cut short.") << "it shrank while it was copied";
     EXPECT_EQ(resources_.Icons(), "old 1old 2");
     pkexec_.Meanwhile("mkdir -p \"${2%/Helpers/*}/Resources/ID_Book_Icon.icns/x\"\n");
     unlink((resources_ / kBook).c_str());
-    EXPECT_EQ(Copy(from), "A folder: ID_Book_Icon.icns");
+    EXPECT_EQ(Copy(from_), "A folder: ID_Book_Icon.icns");
     EXPECT_EQ(resources_.Icons(), "old 1");
     rmdir((resources_ / "ID_Book_Icon.icns/x").c_str());
     rmdir((resources_ / kBook).c_str());
@@ -131,23 +128,21 @@ TEST_F(CopyScript, BothOldIconsAreReplacedOrNone) {
     folder_.Write("from2", "new 2");
     folder_.Write("outside", "untouched");
     ASSERT_EQ(symlink((folder_ / "outside").c_str(), (resources_ / kBook).c_str()), 0);
-    EXPECT_EQ(Copy(from), "");
+    EXPECT_EQ(Copy(from_), "");
     EXPECT_EQ(resources_.Icons(), "new 1new 2") << "a link is replaced, not followed";
     EXPECT_EQ(folder_.Read("outside"), "untouched");
-    EXPECT_EQ(Others(), others_);
 }
 
 TEST_F(CopyScript, GivesAReasonEvenIfPkexecGivesNone) {
-    const std::string from = folder_ / "from";
     folder_.Write("from1", std::string(1 << 20, 'x'));
     folder_.Write("from2", "x");
-    pkexec_.Refuse("Not authorized.");
-    EXPECT_EQ(Copy(from), "Not authorized.");
-    pkexec_.Refuse("");
-    EXPECT_EQ(Copy(from), "pkexec ended with 126.");
+    for (const std::string reason : {"Not authorized.", ""}) {
+        pkexec_.Refuse(reason);
+        EXPECT_EQ(Copy(from_), reason.empty() ? "pkexec ended with 126." : reason);
+    }
     unlink((folder_ / "bin/pkexec").c_str());
     setenv("PATH", (folder_ / "bin").c_str(), 1);
-    EXPECT_NE(Copy(from).find("no pkexec"), std::string::npos);
+    EXPECT_NE(Copy(from_).find("no pkexec"), std::string::npos);
     EXPECT_EQ(resources_.Icons(), "");
 }
 

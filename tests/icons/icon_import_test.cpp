@@ -6,7 +6,6 @@
 
 #include <fstream>
 
-#include "menus/general.h"
 #include "persistence/preferences.h"
 #include "support/own_resources.h"
 #include "support/stand_in_pkexec.h"
@@ -30,62 +29,52 @@ class IconImport : public test::World {
         Preferences::pIconVersion = "before";
     }
 
-    /// Installs the newest version, with these icons in its bundle.
-    Ref<FolderItem> Newest(const std::string& suffix, const std::string& version,
-                           const std::vector<std::string>& icons) {
-        const Ref<FolderItem> bundle = Installed(suffix, version);
-        const std::string resources = bundle->NativePath() + "/Contents/Resources/";
+    /// Installs the newest version, with these icons; returns its resource folder.
+    std::string Newest(const std::string& suffix, const std::string& version,
+                       const std::vector<std::string>& icons) {
+        InDesign::InstalledApps.push_back(Installed(suffix, version));
+        const std::string resources = AppPath(suffix) + "/Contents/Resources/";
         mkdir(resources.c_str(), 0777);
         for (const std::string& icon : icons)
             std::ofstream(resources + icon) << icon + " of " + version;
-        InDesign::InstalledApps.push_back(bundle);
-        return bundle;
+        return resources;
     }
 
-    void ExpectNotice() {
-        user_->ExpectMessage("Import file icons from InDesign.app installed.", {},
-                             [this, before = user_->timesInFront()](const MessageDialog& dialog) {
-                                 EXPECT_EQ(dialog.Explanation,
-                                           "This process is executed as necessary.");
-                                 EXPECT_EQ(dialog.Icon, MessageDialog::kNote);
-                                 EXPECT_EQ(user_->timesInFront(), before + 1);
-                                 atNotice_ = resources_.Icons();
-                             });
-    }
-    void ExpectFailureAlert() {
-        user_->ExpectMessage("Unable to import the icon.", {}, [](const MessageDialog& dialog) {
-            EXPECT_EQ(dialog.Explanation,
-                      "Please put Dunvey.app in the place where write permission is given.");
-            EXPECT_EQ(dialog.Icon, MessageDialog::kCaution);
-        });
-    }
-
-    /// Puts a folder in the place of the icon, which only pkexec removes. (Permissions would not
-    /// stop a test that runs as root.)
-    void Block(const std::string& icon) {
-        mkdir((resources_ / icon).c_str(), 0777);
-        resources_.Write(icon + "/" + icon, "in the way");
-        pkexec_.Meanwhile("rm -rf '" + (resources_ / icon) + "'\n");
-    }
+    void ExpectNotice() { user_->ExpectMessage("Import file icons from InDesign.app installed."); }
 
     test::OwnResources resources_;
     test::StandInPkexec pkexec_{folder_};
-    std::string atNotice_;
 };
 
-TEST_F(IconImport, IconsOfTheNewestVersionReplaceTheOldOnes) {
+TEST_F(IconImport, AfterANoticeTheIconsOfTheNewestVersionReplaceTheOldOnes) {
     Newest("CS6", "8.0", {kDocument, kBook});
     Newest("CC", "9.2", {kDocument, kBook});
-    resources_.Write(kDocument, std::string(9999, 'o'));
-    ExpectNotice();
-    InDesign::GetIconFile();
-    EXPECT_EQ(resources_.Icons(), kBoth);
-    EXPECT_EQ(Preferences::pIconVersion, "9.2");
-    EXPECT_EQ(atNotice_, std::string(9999, 'o')) << "nothing changes before the notice";
+    const char* const kNotices[][3] = {
+        {"en_US.UTF-8", "Import file icons from InDesign.app installed.",
+         "This process is executed as necessary."},
+        {"ja_JP.UTF-8",
+         "インストールされている InDesign.app から\rファイルアイコンを取り込みます。",
+         "この処理は必要に応じて実行されます。"}};
+    for (const auto& [locale, message, explanation] : kNotices) {
+        setenv("LC_ALL", locale, 1);
+        resources_.Write(kDocument, std::string(9999, 'o'));
+        unlink((resources_ / kBook).c_str());
+        user_->ExpectMessage(message, {}, [&, text = explanation](const MessageDialog& dialog) {
+            EXPECT_EQ(dialog.Explanation, text);
+            EXPECT_EQ(dialog.Icon, MessageDialog::kNote);
+            EXPECT_EQ(dialog.ActionButton->Caption, "OK");
+            EXPECT_FALSE(dialog.CancelButton->Visible || dialog.AlternateActionButton->Visible);
+            EXPECT_EQ(resources_.Icons().size(), 9999U) << "nothing has changed yet";
+        });
+        InDesign::GetIconFile();
+        EXPECT_EQ(resources_.Icons(), kBoth);
+        EXPECT_EQ(Preferences::pIconVersion, "9.2");
+    }
+    EXPECT_EQ(user_->timesInFront(), 2);
     EXPECT_EQ(pkexec_.Calls(), 0);
 }
 
-TEST_F(IconImport, NothingHappensWithoutBothIcons) {
+TEST_F(IconImport, NothingHappensWithoutBothIconsOrWithoutADisplay) {
     InDesign::GetIconFile();  // nothing installed
     resources_.Write(kDocument, "old");
     Newest("CS6", "8.0", {kDocument, kBook});
@@ -95,80 +84,9 @@ TEST_F(IconImport, NothingHappensWithoutBothIcons) {
     InDesign::GetIconFile();
     InDesign::InstalledApps.push_back(nullptr);
     InDesign::GetIconFile();
-    EXPECT_EQ(resources_.Icons(), "old");
-    EXPECT_EQ(Preferences::pIconVersion, "before");
     EXPECT_EQ(user_->timesInFront(), 0);
-}
 
-TEST_F(IconImport, TheScriptCopiesIfTheDirectCopyFails) {
-    Newest("CC", "9.2", {kDocument, kBook});
-    int calls = 0;
-    for (const char* blocked : {kDocument, kBook}) {
-        Preferences::pIconVersion = "before";
-        unlink((resources_ / blocked).c_str());
-        Block(blocked);
-        ExpectNotice();
-        InDesign::GetIconFile();
-        EXPECT_EQ(resources_.Icons(), kBoth);
-        EXPECT_EQ(Preferences::pIconVersion, "9.2");
-        EXPECT_EQ(pkexec_.Calls(), ++calls);
-    }
-}
-
-TEST_F(IconImport, IfBothCopiesFailAnAlertIsShownAndTheVersionIsKept) {
-    Newest("CC", "9.2", {kDocument, kBook});
-    resources_.Write(kDocument, "old");
-    Block(kBook);
-    pkexec_.Refuse("");
-    ExpectNotice();
-    ExpectFailureAlert();
-    InDesign::GetIconFile();
-    EXPECT_EQ(Preferences::pIconVersion, "before");
-    EXPECT_EQ(resources_.Icons(), "ID_Document_Icon.icns of 9.2") << "the first copy succeeded";
-    EXPECT_EQ(pkexec_.Calls(), 1);
-}
-
-TEST_F(IconImport, AFolderIsRefusedAndALinkIsFollowed) {
-    const std::string book =
-        Newest("CC", "9.2", {kDocument})->NativePath() + "/Contents/Resources/" + kBook;
-    mkdir(book.c_str(), 0777);
-    ExpectNotice();
-    ExpectFailureAlert();
-    InDesign::GetIconFile();
-    EXPECT_EQ(Preferences::pIconVersion, "before");
-    EXPECT_EQ(access((resources_ / kBook).c_str(), F_OK), -1) << "no partial copy";
-    rmdir(book.c_str());
-    ASSERT_EQ(symlink(kDocument, book.c_str()), 0);
-    ExpectNotice();
-    InDesign::GetIconFile();
-    EXPECT_EQ(resources_.Icons(), "ID_Document_Icon.icns of 9.2ID_Document_Icon.icns of 9.2");
-    EXPECT_EQ(Preferences::pIconVersion, "9.2");
-}
-
-TEST_F(IconImport, TheNoticeHasItsTextsInBothLanguagesAndOneButton) {
-    const struct {
-        const char* locale;
-        const char* message;
-        const char* explanation;
-    } kNotices[] = {{"en_US.UTF-8", "Import file icons from InDesign.app installed.",
-                     "This process is executed as necessary."},
-                    {"ja_JP.UTF-8",
-                     "インストールされている InDesign.app から\rファイルアイコンを取り込みます。",
-                     "この処理は必要に応じて実行されます。"}};
-    for (const auto& notice : kNotices) {
-        setenv("LC_ALL", notice.locale, 1);
-        user_->ExpectMessage(notice.message, {}, [&](const MessageDialog& dialog) {
-            EXPECT_EQ(dialog.Explanation, notice.explanation);
-            EXPECT_EQ(dialog.ActionButton->Caption, "OK");
-            EXPECT_FALSE(dialog.CancelButton->Visible || dialog.AlternateActionButton->Visible);
-        });
-        InDesign::ShowAlertWillIconCopy();
-    }
-}
-
-TEST_F(IconImport, NothingChangesWithoutADisplay) {
-    Newest("CC", "9.2", {kDocument, kBook});
-    resources_.Write(kDocument, "old");
+    Newest("CC 2015", "11.0", {kDocument, kBook});
     Desktop::Install(nullptr);
     Desktop::SetLoader(
         []() -> std::unique_ptr<Desktop> { throw DesktopUnavailableException("no screen"); });
@@ -177,6 +95,46 @@ TEST_F(IconImport, NothingChangesWithoutADisplay) {
     InstallDesktop();
     EXPECT_EQ(resources_.Icons(), "old");
     EXPECT_EQ(Preferences::pIconVersion, "before");
+}
+
+TEST_F(IconImport, TheScriptCopiesIfTheDirectCopyFails) {
+    Newest("CC", "9.2", {kDocument, kBook});
+    int calls = 0;
+    for (const std::string blocked : {kDocument, kBook}) {
+        Preferences::pIconVersion = "before";
+        unlink((resources_ / blocked).c_str());
+        // A folder in the place of the icon, which only pkexec removes. (Permissions would not
+        // stop a test that runs as root.)
+        mkdir((resources_ / blocked).c_str(), 0777);
+        resources_.Write(blocked + "/" + blocked, "in the way");
+        pkexec_.Meanwhile("rm -rf '" + (resources_ / blocked) + "'\n");
+        ExpectNotice();
+        InDesign::GetIconFile();
+        EXPECT_EQ(resources_.Icons(), kBoth);
+        EXPECT_EQ(Preferences::pIconVersion, "9.2");
+        EXPECT_EQ(pkexec_.Calls(), ++calls);
+    }
+}
+
+TEST_F(IconImport, AFolderIsRefusedWithAnAlertAndALinkIsFollowed) {
+    const std::string book = Newest("CC", "9.2", {kDocument}) + kBook;
+    mkdir(book.c_str(), 0777);
+    ExpectNotice();
+    user_->ExpectMessage("Unable to import the icon.", {}, [](const MessageDialog& dialog) {
+        EXPECT_EQ(dialog.Explanation,
+                  "Please put Dunvey.app in the place where write permission is given.");
+        EXPECT_EQ(dialog.Icon, MessageDialog::kCaution);
+    });
+    InDesign::GetIconFile();
+    EXPECT_EQ(Preferences::pIconVersion, "before");
+    EXPECT_EQ(resources_.Icons(), "ID_Document_Icon.icns of 9.2") << "the first copy succeeded";
+    EXPECT_EQ(access((resources_ / kBook).c_str(), F_OK), -1) << "no partial copy";
+    rmdir(book.c_str());
+    ASSERT_EQ(symlink(kDocument, book.c_str()), 0);
+    ExpectNotice();
+    InDesign::GetIconFile();
+    EXPECT_EQ(resources_.Icons(), "ID_Document_Icon.icns of 9.2ID_Document_Icon.icns of 9.2");
+    EXPECT_EQ(Preferences::pIconVersion, "9.2");
 }
 
 }  // namespace

@@ -56,13 +56,12 @@ TEST_F(WindowCommands, FollowTheTitleBarButtonsExceptClose) {
 TEST_F(WindowCommands, GoToTheFrontWindowUnlessADialogIsOpen) {
     const Ref<PlainWindow> below = Shown();
     const Ref<PlainWindow> above = Shown();
-    user_->ExpectMessage("asked", headless::ScriptedDesktop::Answer::Action,
-                         [&](const MessageDialog&) {
-                             below->Show();
-                             EXPECT_EQ(Enabled(), "") << "the dialog stays in front";
-                             EXPECT_FALSE(Choose("FileClose"));
-                             EXPECT_TRUE(Choose("WindowBringAlltoFront"));
-                         });
+    user_->ExpectMessage("asked", {}, [&](const MessageDialog&) {
+        below->Show();
+        EXPECT_EQ(Enabled(), "") << "the dialog stays in front";
+        EXPECT_FALSE(Choose("FileClose"));
+        EXPECT_TRUE(Choose("WindowBringAlltoFront"));
+    });
     MsgBox("asked");
     below->Show();
     EXPECT_TRUE(Choose("FileClose"));
@@ -74,11 +73,11 @@ TEST_F(WindowCommands, GoToTheFrontWindowUnlessADialogIsOpen) {
 }
 
 TEST_F(WindowCommands, AShownWindowLivesUntilItIsClosedOrTheDesktopIsRemoved) {
-    std::weak_ptr<Window> closed = Shown().Shared();
+    const std::weak_ptr<Window> closed = Shown().Shared();
     EXPECT_FALSE(closed.expired());
     EXPECT_TRUE(Choose("FileClose"));
     EXPECT_TRUE(closed.expired());
-    std::weak_ptr<Window> left = Shown().Shared();
+    const std::weak_ptr<Window> left = Shown().Shared();
     Desktop::Install(nullptr);
     EXPECT_TRUE(left.expired());
     EXPECT_EQ(Enabled(), "");
@@ -86,17 +85,13 @@ TEST_F(WindowCommands, AShownWindowLivesUntilItIsClosedOrTheDesktopIsRemoved) {
 }
 
 TEST_F(WindowCommands, EscapeClosesAWindowWhoseOnlyTitleBarButtonIsClose) {
-    struct Row {
-        bool close, minimize, maximize, closes;
-    };
-    for (const Row& row : {Row{true, false, false, true}, Row{true, true, false, false},
-                           Row{true, false, true, false}, Row{false, false, false, false}}) {
+    for (const int buttons : {0, 1, 3, 5}) {
         const Ref<PlainWindow> window = Shown();
-        window->CloseButton = row.close;
-        window->MinimizeButton = row.minimize;
-        window->MaximizeButton = row.maximize;
-        EXPECT_EQ(user_->Escape(*window), row.closes);
-        EXPECT_EQ(window->IsClosed(), row.closes);
+        window->CloseButton = (buttons & 1) != 0;
+        window->MinimizeButton = (buttons & 2) != 0;
+        window->MaximizeButton = (buttons & 4) != 0;
+        EXPECT_EQ(user_->Escape(*window), buttons == 1);
+        EXPECT_EQ(window->IsClosed(), buttons == 1);
         window->Close();
     }
 }
