@@ -1,18 +1,14 @@
+#include <sstream>
+
 #include "fuzz/fuzz.h"
 #include "platform/loop/launch_documents.h"
 #include "platform/text/text.h"
 
-namespace dunvey::fuzz {
-
 /// The input is the arguments of a launch, each ended by a zero byte.
-void TryInput(std::string_view bytes) {
+void dunvey::fuzz::TryInput(std::string_view bytes) {
     std::vector<std::string> arguments;
-    for (size_t begin = 0; begin < bytes.size();) {
-        const size_t end = std::min(bytes.find('\0', begin), bytes.size());
-        arguments.emplace_back(bytes.substr(begin, end - begin));
-        begin = end + 1;
-    }
-    for (const std::string& argument : arguments) {
+    std::istringstream stream{std::string(bytes)};
+    for (std::string argument; std::getline(stream, argument, '\0');) {
         const std::string path = PathOfArgument(argument);
         Check(path == argument || path.empty() || path.starts_with("/"),
               "a URI names an absolute path", argument);
@@ -22,10 +18,9 @@ void TryInput(std::string_view bytes) {
         for (const char c : argument)
             uri += c == '/' ? "/" : "%" + EncodeHex(std::string(1, c));
         Check(PathOfArgument(uri) == "/" + argument, "an escaped path reads as written", argument);
+        arguments.push_back(argument);
     }
     const Intake intake = TakeIn(arguments, {"indd"});
     Check(intake.documents.size() + intake.refusals.size() == arguments.size(),
           "each argument is a document or refused with a line");
 }
-
-}  // namespace dunvey::fuzz

@@ -3,23 +3,16 @@
 #include "support/temporary_folder.h"
 #include "version/application_version.h"
 
-namespace dunvey::fuzz {
-namespace {
-
-/// The version of an application with this property list.
-std::string Version(const std::string& list) {
-    static const test::TemporaryFolder folder;
-    static const std::string contents = folder.MakeFolder("An.app/Contents");
-    folder.Write("An.app/Contents/Info.plist", list);
-    return InDesign::AppVersion(New<FolderItem>(folder / "An.app"));
-}
-
-}  // namespace
-
 /// The input is a property list; without markup it is also the version in a valid one.
-void TryInput(std::string_view bytes) {
+void dunvey::fuzz::TryInput(std::string_view bytes) {
+    static const test::TemporaryFolder folder;
+    folder.MakeFolder("An.app/Contents");
+    const auto versionIn = [](const std::string& list) {
+        folder.Write("An.app/Contents/Info.plist", list);
+        return InDesign::AppVersion(New<FolderItem>(folder / "An.app"));
+    };
     const std::string list(bytes);
-    const std::string version = Version(list);
+    const std::string version = versionIn(list);
     Check(!version.empty(), "there is always a version");
     // UTF-8 takes at most three bytes for two of UTF-16, and an entity is longer than its
     // character.
@@ -31,8 +24,6 @@ void TryInput(std::string_view bytes) {
         "<plist version=\"1.0\"><dict><key>CFBundleShortVersionString</key><string>" + text +
         "</string></dict></plist>";
     const bool fits = valid.size() <= kPropertyListLimit;
-    Check(Version(valid) == (fits ? text : "0.0.0"), "a valid list has its version", text);
-    Check(Version(list) == version, "another list in between changes nothing", version);
+    Check(versionIn(valid) == (fits ? text : "0.0.0"), "a valid list has its version", text);
+    Check(versionIn(list) == version, "another list in between changes nothing", version);
 }
-
-}  // namespace dunvey::fuzz

@@ -124,8 +124,11 @@ TEST_F(IconImport, AFolderIsRefusedWithAnAlertAndALinkIsFollowed) {
         EXPECT_EQ(dialog.Explanation,
                   "Please put Dunvey.app in the place where write permission is given.");
         EXPECT_EQ(dialog.Icon, MessageDialog::kCaution);
+        EXPECT_EQ(dialog.ActionButton->Caption, "OK");
+        EXPECT_FALSE(dialog.CancelButton->Visible || dialog.AlternateActionButton->Visible);
     });
     InDesign::GetIconFile();
+    EXPECT_EQ(user_->timesInFront(), 2) << "for each of both";
     EXPECT_EQ(Preferences::pIconVersion, "before");
     EXPECT_EQ(resources_.Icons(), "ID_Document_Icon.icns of 9.2") << "the first copy succeeded";
     EXPECT_EQ(access((resources_ / kBook).c_str(), F_OK), -1) << "no partial copy";

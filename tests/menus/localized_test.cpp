@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include "menus/general.h"
 #include "support/world.h"
 
 namespace dunvey {
@@ -46,18 +45,6 @@ TEST_F(LocalizedTexts, TheLocaleSelectsTheLanguage) {
     }
     for (const char* name : kNames)
         unsetenv(name);
-}
-
-TEST_F(LocalizedTexts, AnAlertHasOneButtonInEnglish) {
-    setenv("LC_ALL", "ja_JP.UTF-8", 1);
-    user_->ExpectMessage("message", {}, [](const MessageDialog& dialog) {
-        EXPECT_EQ(dialog.Icon, MessageDialog::kCaution);
-        EXPECT_EQ(dialog.Explanation, "explanation");
-        EXPECT_EQ(dialog.ActionButton->Caption, "OK") << "in every language";
-        EXPECT_FALSE(dialog.CancelButton->Visible || dialog.AlternateActionButton->Visible);
-    });
-    General::ShowAlertModalOK("message", "explanation", nullptr);
-    EXPECT_EQ(user_->timesInFront(), 1);
 }
 
 }  // namespace

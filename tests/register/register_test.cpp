@@ -15,48 +15,39 @@ class RegisterTest : public RegisterWorld {
     Record OpenOne() {
         const size_t before = Records().size();
         EXPECT_EQ(Dunvey({Document("a.indd", 8)}), 0);
-        const std::vector<Record> records = AwaitRecords(before + 1);
-        if (records.size() != before + 1) return {};
-        kill(records.back().process, SIGTERM);
-        return records.back();
-    }
-    int AskToQuit(const std::string& name) {
-        return Script("exec '" DUNVEY_HELPERS
-                      "/osascript' -e 'on run {n}\nquit application n\nend run' \"$1\"",
-                      {folder_ / BundleOf(name)});
+        const Record record = AwaitRecords(before + 1).at(before);
+        kill(record.process, SIGTERM);
+        return record;
     }
 };
 
 TEST_F(RegisterTest, CommandGetsItsWordsAndTheDocumentsByteForByte) {
     Words words = HostileNames();
     words.emplace_back();
-    Words command = {DUNVEY_RECORDER};
-    command.insert(command.end(), words.begin(), words.end());
+    Words command = words;
+    command.insert(command.begin(), DUNVEY_RECORDER);
     ASSERT_EQ(RegisterCommand(kName, "8.0.1", command), 0) << folder_.Read("stderr");
-    const std::string plain = Document("plain.indd", 8);
-    const std::string hostile = Document("$(touch canary) 'it\"s\n-.indd", 8);
-    ASSERT_EQ(Dunvey({plain, hostile}), 0);
+    for (const char* name : {"plain.indd", "$(touch canary) 'it\"s\n-.indd"})
+        words.push_back(Document(name, 8));
+    ASSERT_EQ(Dunvey({words.end() - 2, words.end()}), 0);
     EXPECT_EQ(folder_.Read("stderr"), "");
-    words.push_back(plain);
-    words.push_back(hostile);
-    const std::vector<Record> records = AwaitRecords(1);
-    ASSERT_EQ(records.size(), 1U);
-    EXPECT_EQ(records[0].arguments, words);
+    EXPECT_EQ(AwaitRecords(1).at(0).arguments, words);
     EXPECT_EQ(Script("! find . -name 'canary*' | grep ."), 0);
 }
 
 TEST_F(RegisterTest, ApplicationGetsSigtermAndRunsUntilItsCommandEnds) {
     const std::string name = "Adobe InDesign CC";
     folder_.Write("slow",
-                  "#!/bin/sh\ntrap 'echo asked >>\"$HOME/asked\"' TERM\n"
-                  "echo ready >\"$HOME/ready\"\n"
+                  "trap 'echo asked >>\"$HOME/asked\"' TERM; echo ready >\"$HOME/ready\"\n"
                   "until [ -e \"$HOME/over\" ]; do sleep 0.05; done\n");
-    chmod((folder_ / "slow").c_str(), 0755);
-    ASSERT_EQ(RegisterCommand(name, "9.2", {folder_ / "slow"}), 0);
+    ASSERT_EQ(RegisterCommand(name, "9.2", {"/bin/sh", folder_ / "slow"}), 0);
     ASSERT_EQ(Dunvey({Document("a.indd", 9)}), 0);
     ASSERT_TRUE(Await([this] { return Has("ready", "ready"); }));
-    for (std::string asked = "asked\n"; asked.size() <= 18; asked += "asked\n") {
-        EXPECT_EQ(AskToQuit(name), 0);
+    for (const std::string asked : {"asked\n", "asked\nasked\n"}) {
+        EXPECT_EQ(Script("exec '" DUNVEY_HELPERS
+                         "/osascript' -e 'on run {n}\nquit application n\nend run' \"$1\"",
+                         {folder_ / BundleOf(name)}),
+                  0);
         EXPECT_TRUE(Await([&] { return folder_.Read("asked") == asked; }));
         EXPECT_TRUE(IsRunning(name));
     }
@@ -96,27 +87,25 @@ TEST_F(RegisterTest, CommandIsLookedUpWhenItIsRegistered) {
 TEST_F(RegisterTest, CommandsThatDoNotWorkAreExplained) {
     ASSERT_EQ(Script("ln -s '" DUNVEY_PROGRAM "' link; cp /bin/true wine; cp /bin/true xdg-open"),
               0);
-    struct Case {
-        int code;
-        const char* message;
-        std::vector<Words> commands;
-    };
-    const Case cases[] = {
-        {1, "env A=1", {{"A=1", "/bin/true"}}},
-        {1,
-         "again and again",
-         {{DUNVEY_PROGRAM}, {"./link"}, {"env", "-i", "A=1", DUNVEY_PROGRAM}}},
-        {0, "warning", {{"./xdg-open"}, {"./wine", "start", "x.exe"}}},
-        {0, "warning", {{"env", "A=1", "./wine", "start"}, {"sh", "-c", "./start \"$@\" & "}}},
-        {0, "", {{"./wine", "x.exe"}, {"./wine", "start", "/WAIT", "x"}}},
-        {0, "", {{"sh", "-c", "a && b"}, {"env"}}},
-        {1, "dunvey-register", {{folder_ / ScriptOf(kName)}}}};
-    for (const auto& [code, message, commands] : cases) {
-        for (const Words& command : commands) {
-            EXPECT_EQ(RegisterCommand(kName, "8", command), code) << command[0];
-            EXPECT_TRUE(Has("stderr", message)) << folder_.Read("stderr");
-            EXPECT_EQ(folder_.Read("stderr").empty(), *message == '\0') << command[0];
-        }
+    // A command, its exit code and its message.
+    const std::tuple<Words, int, const char*> cases[] = {
+        {{"A=1", "/bin/true"}, 1, "env A=1"},
+        {{DUNVEY_PROGRAM}, 1, "again and again"},
+        {{"./link"}, 1, "again and again"},
+        {{"env", "-i", "A=1", DUNVEY_PROGRAM}, 1, "again and again"},
+        {{"./xdg-open"}, 0, "warning"},
+        {{"./wine", "start", "x.exe"}, 0, "warning"},
+        {{"env", "A=1", "./wine", "start"}, 0, "warning"},
+        {{"sh", "-c", "./start \"$@\" & "}, 0, "warning"},
+        {{"./wine", "x.exe"}, 0, ""},
+        {{"./wine", "start", "/WAIT", "x"}, 0, ""},
+        {{"sh", "-c", "a && b"}, 0, ""},
+        {{"env"}, 0, ""},
+        {{folder_ / ScriptOf(kName)}, 1, "dunvey-register"}};
+    for (const auto& [command, code, message] : cases) {
+        EXPECT_EQ(RegisterCommand(kName, "8", command), code) << command[0];
+        EXPECT_TRUE(Has("stderr", message)) << folder_.Read("stderr");
+        EXPECT_EQ(folder_.Read("stderr").empty(), *message == '\0') << command[0];
     }
 }
 
@@ -162,9 +151,7 @@ TEST_F(RegisterTest, DocumentsReachAWindowsProgramByWindowsPaths) {
     EXPECT_EQ(Script("export DUNVEY_RECORD_EXIT=1; exec \"$@\"", words), 0);
     std::string windows = "Z:" + words[1];
     std::replace(windows.begin(), windows.end(), '/', '\\');
-    const std::vector<Record> records = AwaitRecords(1);
-    ASSERT_EQ(records.size(), 1U);
-    EXPECT_EQ(records[0].arguments,
+    EXPECT_EQ(AwaitRecords(1).at(0).arguments,
               (Words{folder_ / "pre fix", folder_ / "pre fix/ID.exe", "/x", windows}));
     for (const char* refused : {"a:b", "c\n", "unseen", "d.indd"})
         EXPECT_TRUE(Has("stderr", refused)) << refused;

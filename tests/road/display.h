@@ -10,7 +10,7 @@
 
 namespace dunvey::test {
 
-/// A screen of the test's own.
+/// An X server of the test's own, with or without a window manager.
 class Display {
  public:
     enum class Manager { None, Openbox };
@@ -23,7 +23,7 @@ class Display {
     Display(const Display&) = delete;
     Display& operator=(const Display&) = delete;
 
-    /// Takes the screen away from under everybody.
+    /// Ends the server and the window manager while others may use them.
     void BreakDown() {
         for (pid_t* process : {&server_, &manager_}) {
             if (*process > 0) kill(*process, SIGTERM);
@@ -34,9 +34,9 @@ class Display {
 
     /// Empty if there is no server.
     std::string Name() const { return number_.empty() ? "" : ":" + number_; }
-    /// What the user's hands do, in xdotool's words. Returns whether that worked.
+    /// Runs an xdotool command; returns whether it succeeded.
     bool Do(const std::string& words) const { return system(Line(words).c_str()) == 0; }
-    /// What xdotool answers, its last line feed cut off; empty if that didn't work.
+    /// The output of an xdotool command without the last line feed; empty if it failed.
     std::string Ask(const std::string& words) const {
         FILE* answer = popen((Line(words) + " 2>/dev/null").c_str(), "r");
         std::string text;
@@ -56,19 +56,18 @@ class Display {
         manager_ = fork();
         if (manager_ == 0) {
             setenv("DISPLAY", Name().c_str(), 1);
-            if (freopen("/dev/null", "w", stderr) == nullptr) _exit(127);
-            execlp("openbox", "openbox", nullptr);
+            if (freopen("/dev/null", "w", stderr) != nullptr) execlp("openbox", "openbox", nullptr);
             _exit(127);
         }
         AwaitManager("7");
-        // With the first key the keyboard counts as a new one, and the manager takes its own keys
-        // anew; one that comes in between is lost.
+        // The first key press makes the manager grab its own keys again; a key pressed meanwhile
+        // is lost.
         Do("key Shift_L");
         AwaitManager("6");
     }
 
-    /// The manager tells the number of desktops before it takes care of new windows; once it
-    /// changes that number, it does, and has done all that was asked of it before.
+    /// The manager handles requests in their order. It manages windows once it has changed the
+    /// number of desktops.
     void AwaitManager(const std::string& desktops) const {
         for (int i = 0; i < 600 && Ask("get_num_desktops") != desktops; ++i) {
             Do("set_num_desktops " + desktops);
@@ -92,6 +91,7 @@ class Display {
             number_ += c;
         close(ends[0]);
     }
+
     pid_t server_ = -1;
     pid_t manager_ = -1;
     std::string number_;

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <dirent.h>
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <signal.h>
@@ -9,8 +8,9 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <algorithm>
+#include <filesystem>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "support/headers.h"
@@ -18,6 +18,8 @@
 #include "support/temporary_folder.h"
 
 namespace dunvey::test {
+
+using Words = std::vector<std::string>;
 
 /// A home with applications that are real programs: each writes down what it was started with and
 /// stays until it is asked to end.
@@ -30,17 +32,23 @@ class RealWorld : public ::testing::Test {
     }
     void TearDown() override { EndAll(); }
 
+    /// Waits up to five minutes for the condition; returns whether it holds.
+    template <typename Condition>
+    static bool Await(Condition condition) {
+        for (int i = 0; i < 60'000 && !condition(); ++i)
+            usleep(5'000);
+        return condition();
+    }
+
     /// Ends every program of this test and returns when none runs any more. They are found by their
     /// environment: an application that has just been started has no record yet.
     void EndAll() const {
-        for (int i = 0; i < 6000; ++i) {
+        EXPECT_TRUE(Await([this] {
             const std::vector<pid_t> processes = Started();
-            if (processes.empty()) return;
             for (const pid_t process : processes)
                 kill(process, SIGTERM);
-            usleep(10'000);
-        }
-        ADD_FAILURE() << "a program of this test doesn't end";
+            return processes.empty();
+        })) << "a program of this test doesn't end";
     }
     /// Whether the process runs; a zombie doesn't.
     static bool IsAlive(pid_t process) {
@@ -55,6 +63,7 @@ class RealWorld : public ::testing::Test {
         return folder_ / (Bundle(suffix) + "/Contents/MacOS/Adobe InDesign " + suffix);
     }
 
+    /// An application without an executable.
     void InstallList(const std::string& suffix, const std::string& version) {
         folder_.MakeFolder(Bundle(suffix) + "/Contents/MacOS");
         folder_.Write(Bundle(suffix) + "/Contents/Info.plist",
@@ -63,14 +72,13 @@ class RealWorld : public ::testing::Test {
     }
     void Install(const std::string& suffix, const std::string& version) {
         InstallList(suffix, version);
-        const int linked = link(DUNVEY_RECORDER, ExecutablePath(suffix).c_str());
-        if (linked != 0) CopyRecorder(ExecutablePath(suffix));
+        std::filesystem::copy_file(DUNVEY_RECORDER, ExecutablePath(suffix));
     }
     /// An application that is a script around the program, as a user may write one.
     void InstallScript(const std::string& suffix, const std::string& version) {
         InstallList(suffix, version);
         folder_.Write(Bundle(suffix) + "/Contents/MacOS/Adobe InDesign " + suffix,
-                      std::string("#!/bin/sh\n'") + DUNVEY_RECORDER + "' \"$@\"\n:\n");
+                      "#!/bin/sh\n'" DUNVEY_RECORDER "' \"$@\"\n:\n");
         chmod(ExecutablePath(suffix).c_str(), 0755);
     }
 
@@ -78,89 +86,67 @@ class RealWorld : public ::testing::Test {
         return folder_.Write(name, Header("DOCUMENT", major, minor));
     }
 
-    /// Runs the program on the words and returns its exit code, -1 if it ended otherwise.
-    int Dunvey(const std::vector<std::string>& words,
-               const std::vector<std::string>& extraVariables = {}) {
+    /// Runs the program and returns its exit code, -1 if it ended otherwise.
+    int Dunvey(const Words& words, const Words& extraVariables = {}) {
         return ExitCodeOf(Start(words, extraVariables));
+    }
+    /// Runs a shell script in the home folder, with the words as its arguments; returns its exit
+    /// code.
+    int Script(const std::string& script, const Words& words = {},
+               const Words& extraVariables = {}) {
+        const std::string program = std::exchange(program_, "/bin/sh");
+        Words all = {"-c", "cd \"$HOME\"; " + script, "script"};
+        all.insert(all.end(), words.begin(), words.end());
+        const int code = Dunvey(all, extraVariables);
+        program_ = program;
+        return code;
     }
 
     /// Waits for a started program to end; -1 if it ended otherwise than by an exit code, or has to
-    /// be killed after five minutes.
+    /// be killed.
     static int ExitCodeOf(pid_t process) {
-        int status = 0;
-        pid_t ended = 0;
-        for (int i = 0; process > 0 && i < 150'000 && ended == 0; ++i) {
-            ended = waitpid(process, &status, WNOHANG);
-            if (ended == 0) usleep(2'000);
-        }
-        if (process > 0 && ended == 0) {
-            kill(process, SIGKILL);
-            waitpid(process, &status, 0);
-        }
-        if (ended != process) return -1;
+        int status = SIGKILL;
+        if (!Await([&] { return waitpid(process, &status, WNOHANG) != 0; })) kill(process, SIGKILL);
         return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
     }
 
-    /// Starts the program on the words; 0 if that doesn't work.
-    pid_t Start(const std::vector<std::string>& words,
-                const std::vector<std::string>& extraVariables = {}) {
-        std::vector<std::string> variables = Variables(extraVariables);
-        std::vector<std::string> arguments = Arguments(words);
+    /// Starts the program. Its standard error is the file "stderr".
+    pid_t Start(Words words, const Words& extraVariables = {}) {
+        words.insert(words.begin(), "Dunvey");
+        Words variables = {
+            "HOME=" + folder_.Path(), "XDG_CONFIG_HOME=" + folder_.Path() + "/config",
+            "DUNVEY_RECORD=" + folder_.Path() + "/records", "PATH=/usr/local/bin:/usr/bin:/bin",
+            "LSAN_OPTIONS=print_suppressions=0:suppressions=" DUNVEY_LEAKS};
+        variables.insert(variables.end(), extraVariables.begin(), extraVariables.end());
         posix_spawn_file_actions_t actions;
         posix_spawn_file_actions_init(&actions);
         posix_spawn_file_actions_addopen(&actions, STDERR_FILENO, (folder_ / "stderr").c_str(),
                                          O_WRONLY | O_CREAT | O_TRUNC, 0600);
         pid_t process = 0;
         const int error = posix_spawn(&process, program_.c_str(), &actions, nullptr,
-                                      Pointers(arguments).data(), Pointers(variables).data());
+                                      Pointers(words).data(), Pointers(variables).data());
         posix_spawn_file_actions_destroy(&actions);
-        return error == 0 ? process : 0;
-    }
-
-    /// The environment of a start.
-    std::vector<std::string> Variables(const std::vector<std::string>& extra) const {
-        std::vector<std::string> variables = {
-            "HOME=" + folder_.Path(), "XDG_CONFIG_HOME=" + folder_.Path() + "/config",
-            "DUNVEY_RECORD=" + folder_.Path() + "/records", "PATH=/usr/local/bin:/usr/bin:/bin",
-            std::string("LSAN_OPTIONS=print_suppressions=0:suppressions=") + DUNVEY_LEAKS};
-        variables.insert(variables.end(), extra.begin(), extra.end());
-        return variables;
-    }
-    static std::vector<std::string> Arguments(const std::vector<std::string>& words) {
-        std::vector<std::string> arguments = {"Dunvey"};
-        arguments.insert(arguments.end(), words.begin(), words.end());
-        return arguments;
-    }
-    /// What a start takes: a nil behind the last.
-    static std::vector<char*> Pointers(std::vector<std::string>& texts) {
-        std::vector<char*> pointers;
-        for (std::string& text : texts)
-            pointers.push_back(text.data());
-        pointers.push_back(nullptr);
-        return pointers;
+        if (error != 0) throw std::runtime_error(program_ + " can't be started");
+        return process;
     }
 
     std::vector<Record> Records() const { return ReadRecords(folder_ / "records"); }
 
-    /// The starts once there are so many; fewer if they don't come in a minute. A program that was
-    /// started needs a moment until it has written its record.
+    /// The starts once there are so many. A program that was started needs a moment until it has
+    /// written its record.
     std::vector<Record> AwaitRecords(size_t count) const {
-        for (int i = 0; i < 6000 && Records().size() < count; ++i)
-            usleep(10'000);
+        EXPECT_TRUE(Await([&] { return Records().size() >= count; }));
         return Records();
     }
 
     /// Each start as "suffix: document|document|", in order.
-    std::vector<std::string> Starts(size_t count) const {
-        std::vector<std::string> starts;
+    Words Starts(size_t count) const {
+        Words starts;
         for (const Record& record : AwaitRecords(count)) {
             const std::string name = record.executable.substr(record.executable.rfind('/') + 1);
-            std::string start =
-                name.substr(name.starts_with(kProduct) ? kProduct.size() : 0) + ": ";
-            for (const std::string& argument : record.arguments) {
-                start += argument.substr(argument.rfind('/') + 1) + "|";
-            }
-            starts.push_back(start);
+            starts.push_back(name.substr(name.starts_with("Adobe ") ? 15 : 0) + ": ");
+            for (const std::string& argument : record.arguments)
+                starts.back() += argument.substr(argument.rfind('/') + 1) + "|";
         }
         return starts;
     }
@@ -169,27 +155,26 @@ class RealWorld : public ::testing::Test {
     std::string program_ = DUNVEY_PROGRAM;
 
  private:
+    /// Ends with a null pointer, as posix_spawn needs it.
+    static std::vector<char*> Pointers(Words& texts) {
+        std::vector<char*> pointers;
+        for (std::string& text : texts)
+            pointers.push_back(text.data());
+        pointers.push_back(nullptr);
+        return pointers;
+    }
+
     /// The processes that have this test's environment. A zombie has none.
     std::vector<pid_t> Started() const {
         const std::string own = "DUNVEY_RECORD=" + folder_.Path() + "/records";
         std::vector<pid_t> processes;
-        DIR* entries = opendir("/proc");
-        while (const dirent* entry = entries != nullptr ? readdir(entries) : nullptr) {
-            std::ifstream file("/proc/" + std::string(entry->d_name) + "/environ");
+        for (const auto& entry : std::filesystem::directory_iterator("/proc")) {
+            std::ifstream file(entry.path() / "environ");
             for (std::string variable; std::getline(file, variable, '\0');) {
-                if (variable == own) processes.push_back(std::atoi(entry->d_name));
+                if (variable == own) processes.push_back(std::stoi(entry.path().filename()));
             }
         }
-        if (entries != nullptr) closedir(entries);
-        std::erase(processes, getpid());
         return processes;
-    }
-
-    static constexpr std::string_view kProduct = "Adobe InDesign ";
-
-    static void CopyRecorder(const std::string& target) {
-        const std::string command = std::string("cp '") + DUNVEY_RECORDER + "' '" + target + "'";
-        ASSERT_EQ(system(command.c_str()), 0);
     }
 };
 

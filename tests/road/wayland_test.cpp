@@ -1,6 +1,3 @@
-#include <functional>
-#include <utility>
-
 #include "road/display.h"
 #include "road/real_world.h"
 
@@ -15,12 +12,12 @@ class Wayland : public test::RealWorld {
         Install("CS6", "8.1.0");
         if (access("/usr/bin/weston", X_OK) != 0) GTEST_SKIP() << "weston isn't installed";
         chmod(folder_.Path().c_str(), 0700);
-        const std::string program = std::exchange(program_, "/usr/bin/weston");
+        program_ = "/usr/bin/weston";
         compositor_ =
             Start({"--backend=x11-backend.so", "--use-pixman", "--no-config", "--idle-time=0",
                    "--shell=kiosk-shell.so", "--socket=test", "--log=" + folder_ / "weston"},
                   {"DISPLAY=" + screen_.Name(), runtime_});
-        program_ = program;
+        program_ = DUNVEY_PROGRAM;
         ASSERT_TRUE(Await([&] { return access((folder_ / "test").c_str(), F_OK) == 0; }));
     }
 
@@ -37,11 +34,6 @@ class Wayland : public test::RealWorld {
             return title != messages.npos && messages.find(".enter(", keyboard) != messages.npos;
         }));
         return program;
-    }
-    static bool Await(const std::function<bool()>& condition) {
-        for (int i = 0; i < 6000 && !condition(); ++i)
-            usleep(10'000);
-        return condition();
     }
 
     test::Display screen_;
