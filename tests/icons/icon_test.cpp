@@ -4,6 +4,7 @@
 #include <unistd.h>
 
 #include "desktop/scripted_desktop.h"
+#include "icons/file_types1.h"
 #include "platform/pictures/native_image.h"
 #include "support/temporary_folder.h"
 
@@ -36,6 +37,19 @@ TEST(Icon, HasTwoResolutionsAndIsNilForAMissingFile) {
     unlink(path.c_str());
     EXPECT_FALSE(Icon::Get(item, 16));
     Desktop::Install(nullptr);
+}
+
+TEST(FileTypes, AreCreatedInTheirOrder) {
+    ASSERT_TRUE(FileTypes1::pAllFileTypes.empty());
+    FileTypes1::_Initialize();
+    ASSERT_EQ(FileTypes1::pAllFileTypes.size(), 26U);
+    EXPECT_EQ(FileTypes1::pAllFileTypes.front(), FileTypes1::ID30_Document_Icon());
+    EXPECT_EQ(FileTypes1::pAllFileTypes.back(), FileTypes1::ID_Book_Icon());
+    for (const Ref<FileType>& type : FileTypes1::pAllFileTypes) {
+        EXPECT_TRUE(type->Imported) << type->Name;
+        EXPECT_EQ(type->UTI, type->MacType.empty() ? "public.data" : "") << type->Name;
+        EXPECT_EQ(type->Extensions + type->MacCreator + type->MimeType + type->ConformsTo, "");
+    }
 }
 
 TEST(CGContext, ClipsAnImageToTheContext) {

@@ -188,22 +188,15 @@ TEST_F(PreferencesTest, AFileThatCanNotBeReadCountsAsAFirstRun) {
 
 TEST_F(PreferencesTest, TheStoreHoldsAnyValueUnderItsName) {
     PrefsClass store("App");
-    EXPECT_FALSE(store.Save());
-    store["a"] = 1;
-    store.Set("a", "two");
+    EXPECT_FALSE(store.Save()) << "no file was loaded";
+    store["a"] = "two";
     EXPECT_EQ(Variant(store["a"]).StringValue(), "two");
-    try {
-        store.Get("A");
-        FAIL();
-    } catch (const Preferences::PreferenceNotFoundException& missing) {
-        EXPECT_EQ(missing.Message, "Preference value 'A' does not exist.");
-    }
+    EXPECT_THROW(store.Get("A"), Preferences::PreferenceNotFoundException);
     EXPECT_FALSE(store.Load());
     EXPECT_TRUE(store.Save());
-    PrefsClass again("App");
-    EXPECT_TRUE(again.Load());
-    again.Remove();
-    EXPECT_EQ(again.Get("a").StringValue(), "two");
+    EXPECT_TRUE(PrefsClass("App").Load());
+    store.Remove();
+    EXPECT_EQ(store.Get("a").StringValue(), "two");
     EXPECT_FALSE(PrefsClass("App").Load());
 }
 
