@@ -6,8 +6,8 @@
 #include "platform/loop/event_loop.h"
 #include "platform/loop/launch_documents.h"
 #include "platform/processes/error_line.h"
-#include "platform/processes/launch_loop.h"
 #include "platform/processes/process_setup.h"
+#include "platform/processes/shell_environment.h"
 
 using namespace dunvey;
 

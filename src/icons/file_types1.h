@@ -1,8 +1,8 @@
 #pragma once
 
+#include <string>
 #include <vector>
 
-#include "platform/bundles/file_type.h"
 #include "platform/values/reference.h"
 
 /// The document types that are declared to the operating system: one for each generation of
@@ -38,7 +38,27 @@
     ROW(ID_Document_Icon, "InDesign® Document", "IDdD", "")            \
     ROW(ID_Book_Icon, "InDesign® Book", "IDbD", "")
 
-namespace dunvey::FileTypes1 {
+namespace dunvey {
+
+/// A kind of document, as declared to the operating system.
+class FileType {
+ public:
+    /// Shown to the user.
+    std::string Name;
+    /// Extensions, joined by ";".
+    std::string Extensions;
+    /// Four-character codes of type and creator.
+    std::string MacType;
+    std::string MacCreator;
+    std::string MimeType;
+    /// Whether another program owns the type.
+    bool Imported = false;
+    /// The type identifier of the parent type.
+    std::string ConformsTo;
+    std::string UTI;
+};
+
+namespace FileTypes1 {
 
 /// All rows, in their order; empty until _Initialize.
 extern std::vector<Ref<FileType>> pAllFileTypes;
@@ -51,4 +71,5 @@ void _Initialize();
 DUNVEY_FILE_TYPE_ROWS(DUNVEY_ACCESSOR)
 #undef DUNVEY_ACCESSOR
 
-}  // namespace dunvey::FileTypes1
+}  // namespace FileTypes1
+}  // namespace dunvey

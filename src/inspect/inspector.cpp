@@ -2,7 +2,7 @@
 
 #include <unistd.h>
 
-#include "platform/text/file_extension.h"
+#include "platform/text/text.h"
 #include "version/application_match.h"
 #include "version/application_version.h"
 #include "version/booting_apps.h"

@@ -5,8 +5,8 @@
 
 #include "inspect/texts.h"
 #include "persistence/json_item.h"
-#include "platform/processes/error_line.h"
 #include "platform/text/encoding.h"
+#include "platform/text/shown_text.h"
 #include "platform/text/text.h"
 
 namespace dunvey {

@@ -8,17 +8,6 @@
 
 namespace dunvey {
 
-/// A text that the user reads: its key in the translation table and its English default. Each call
-/// looks it up in the given language; empty means the user's.
-struct LocalizedText {
-    std::string_view key;
-    std::string_view text;
-
-    std::string operator()(const std::string& language) const {
-        return System::_GetLocalizedString(key, text, language);
-    }
-};
-
 /// Messages, and the texts of windows and buttons. Blanks at the end belong to the text.
 namespace Localized {
 

@@ -101,7 +101,8 @@ std::string JSONItem::Serialize(const JSONItem* item) const {
     if (item == nullptr) return {};
     JSONStringBuffer buffer(uint64_t{1024});
     serialise(*item, 0, buffer, 0);
-    return buffer;
+    buffer.data->SetSize(buffer.binaryLength);
+    return buffer.data->Release();
 }
 
 void JSONItem::serialise(const Variant& value, int64_t level, JSONStringBuffer& buffer,
@@ -141,40 +142,40 @@ class JSONItem::Entries {
         if (depth == kDeepest)
             throw JSONException("Circular Reference Detected", 14, std::string());
         buffer.Append(isArray ? "[" : "{");
+        const int64_t blanks = std::max<int64_t>(0, level + options.IndentSpacing);
+        if (!options.Compact)
+            start_.append(EndOfLine::Platform).append(static_cast<size_t>(blanks), ' ');
+        if (!isArray && !options._RenderAsJavascript) start_ += '"';
     }
 
     void Add(std::string_view key, const Variant& value) {
-        if (!isEmpty_) buffer_.Append(",");
+        // The first entry has no comma.
+        buffer_.Append(std::string_view(start_).substr(isEmpty_ ? 1 : 0));
         isEmpty_ = false;
-        const int64_t level = level_ + options_.IndentSpacing;
-        StartLine(level);
-        if (!isArray_) AddKey(key);
-        options_.serialise(value, level, buffer_, depth_ + 1);
+        if (!isArray_) {
+            options_._escape(key, buffer_);
+            buffer_.Append(options_._RenderAsJavascript ? ":" : "\":");
+        }
+        options_.serialise(value, level_ + options_.IndentSpacing, buffer_, depth_ + 1);
     }
 
     void End() {
-        if (!isEmpty_) StartLine(level_);
+        if (!isEmpty_ && !options_.Compact) {
+            buffer_.Append(EndOfLine::Platform);
+            indentBuffer(level_, buffer_);
+        }
         buffer_.Append(isArray_ ? "]" : "}");
     }
 
  private:
-    void StartLine(int64_t level) {
-        if (options_.Compact) return;
-        buffer_.Append(EndOfLine::Platform);
-        indentBuffer(level, buffer_);
-    }
-    void AddKey(std::string_view key) {
-        if (!options_._RenderAsJavascript) buffer_.Append("\"");
-        options_._escape(key, buffer_);
-        buffer_.Append(options_._RenderAsJavascript ? ":" : "\":");
-    }
-
     const JSONItem& options_;
     bool isArray_;
     int64_t level_;
     JSONStringBuffer& buffer_;
     int depth_;
     bool isEmpty_ = true;
+    /// What precedes each entry: comma, line break, indentation and the quote of a key.
+    std::string start_ = ",";
 };
 
 void JSONItem::serialise(const Object& object, int64_t level, JSONStringBuffer& buffer,
@@ -201,17 +202,19 @@ void JSONItem::serialise(const Object& object, int64_t level, JSONStringBuffer& 
 
 /// The values by index, whatever the order in which they were added.
 void JSONItem::serialiseElements(Entries& entries) const {
-    std::vector<const Dictionary::Entry*> ordered;
-    for (const Dictionary::Entry& entry : _data.Entries())
-        ordered.push_back(&entry);
-    const auto isBefore = [](const Dictionary::Entry* left, const Dictionary::Entry* right) {
-        if (!left->Key.IsInteger()) return false;
-        return !right->Key.IsInteger() || left->Key.Int64Value() < right->Key.Int64Value();
+    const auto isBefore = [](const Dictionary::Entry& left, const Dictionary::Entry& right) {
+        if (!left.Key.IsInteger()) return false;
+        return !right.Key.IsInteger() || left.Key.Int64Value() < right.Key.Int64Value();
     };
-    if (!std::is_sorted(ordered.begin(), ordered.end(), isBefore))
-        std::stable_sort(ordered.begin(), ordered.end(), isBefore);
-    for (const Dictionary::Entry* entry : ordered)
-        entries.Add({}, entry->Value);
+    std::vector<Dictionary::Entry> sorted;
+    const std::vector<Dictionary::Entry>* elements = &_data.Entries();
+    if (!std::is_sorted(elements->begin(), elements->end(), isBefore)) {
+        sorted = *elements;
+        std::stable_sort(sorted.begin(), sorted.end(), isBefore);
+        elements = &sorted;
+    }
+    for (const Dictionary::Entry& entry : *elements)
+        entries.Add({}, entry.Value);
 }
 
 void JSONItem::_escape(std::string_view text, JSONStringBuffer& buffer) const {
@@ -244,9 +247,7 @@ std::string JSONItem::_escapeRange(std::string text, int64_t first, int64_t last
 }
 
 void JSONItem::indentBuffer(int64_t count, JSONStringBuffer& buffer) {
-    constexpr std::string_view kBlanks = "          ";
-    for (; count > 0; count -= LenB(kBlanks))
-        buffer.Append(kBlanks.substr(0, static_cast<size_t>(count)));
+    if (count > 0) buffer.Append(std::string(static_cast<size_t>(count), ' '));
 }
 
 }  // namespace dunvey

@@ -1,8 +1,9 @@
 #include "version/booting_apps.h"
 
+#include "platform/controls/reg_ex_xojo.h"
+#include "platform/files/path.h"
 #include "platform/files/special_folder.h"
 #include "platform/processes/shell.h"
-#include "platform/controls/reg_ex_xojo.h"
 #include "platform/text/text.h"
 #include "platform/values/array.h"
 
@@ -18,12 +19,18 @@ constexpr const char* kBundleInPath =
 
 constexpr const char* kStart = "/Applications/Adobe InDesign ";
 
+/// The paths of the applications folder in `ps`: its own, and with links resolved.
+std::vector<std::string> ApplicationsPaths() {
+    const std::string path = SpecialFolder::Applications()->NativePath();
+    return {path, RealPath(path)};
+}
+
 /// The line with the applications folder written as in the patterns, also where it is the user's
 /// own; empty for a process outside of it. The patterns aren't anchored: text before a match would
 /// stay in the name.
 std::string SeenFromApplications(const std::string& line, const std::vector<std::string>& folders) {
     for (const std::string& folder : folders) {
-        if (!line.starts_with(folder + "/")) continue;
+        if (folder.empty() || !line.starts_with(folder + "/")) continue;
         const std::string seen = "/Applications" + line.substr(folder.size());
         return seen.starts_with(kStart) ? seen : std::string();
     }
@@ -38,7 +45,7 @@ void GetBootingAppNames() {
     BootingAppNames.clear();
     Shell shell;
     shell.Execute("ps -ax -o comm");
-    const std::vector<std::string> folders = SpecialFolder::ApplicationsPaths();
+    const std::vector<std::string> folders = ApplicationsPaths();
     for (const std::string& entry : SplitB(shell.Result(), EndOfLine::UNIX)) {
         const std::string line = SeenFromApplications(entry, folders);
         if (RegExXojo::Mach(line, kProcessPath, 0, true)) {

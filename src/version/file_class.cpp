@@ -1,6 +1,6 @@
 #include "version/file_class.h"
 
-#include "platform/text/file_extension.h"
+#include "platform/text/text.h"
 #include "version/application_match.h"
 #include "version/header_version.h"
 

@@ -1,7 +1,6 @@
 #include "platform/menus/menu_layout.h"
 
 #include "menus/main_menu_bar.h"
-#include "platform/menus/menu_caption.h"
 #include "support/menu_world.h"
 
 namespace dunvey {
@@ -17,7 +16,7 @@ class MenuLayout : public test::MenuWorld {
             for (const Ref<MenuItem>& item : menu.items) {
                 text += " " + MarkedCaption(*item);
                 const std::string& shortcut = item->KeyboardShortcut;
-                text += ParseKeyboardShortcut(shortcut) ? "(" + shortcut + ")" : shortcut;
+                if (!shortcut.empty()) text += "(" + shortcut + ")";
             }
             text += "\n";
         }

@@ -18,4 +18,16 @@ std::string _GetLocalizedString(std::string_view key, std::string_view text,
                                 const std::string& language);
 
 }  // namespace System
+
+/// A text that the user reads: its key in the translation table and its English default. Each call
+/// looks it up in the given language; empty means the user's.
+struct LocalizedText {
+    std::string_view key;
+    std::string_view text;
+
+    std::string operator()(const std::string& language) const {
+        return System::_GetLocalizedString(key, text, language);
+    }
+};
+
 }  // namespace dunvey

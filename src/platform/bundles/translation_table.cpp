@@ -5,6 +5,7 @@
 #include <optional>
 
 #include "platform/bundles/executable_path.h"
+#include "platform/bundles/system.h"
 #include "platform/files/streams.h"
 #include "platform/text/text.h"
 #include "platform/values/exceptions.h"
@@ -91,34 +92,8 @@ class Reader {
     bool ReadEscape(std::string& quoted) {
         if (position_ >= text_.size()) return false;
         const char c = text_[position_++];
-        switch (c) {
-            case 'n':
-                quoted += '\n';
-                return true;
-            case 'r':
-                quoted += '\r';
-                return true;
-            case 't':
-                quoted += '\t';
-                return true;
-            case 'U':
-                return ReadCodePoint(quoted);
-            default:
-                quoted += c;
-                return c == '"' || c == '\\' || c == '\'';
-        }
-    }
-
-    bool ReadCodePoint(std::string& quoted) {
-        constexpr size_t kDigits = 4;
-        const std::string_view digits = text_.substr(position_, kDigits);
-        const bool isComplete =
-            digits.size() == kDigits &&
-            std::all_of(digits.begin(), digits.end(), [](char c) { return HexDigit(c) >= 0; });
-        if (!isComplete) return false;
-        quoted += Chr(static_cast<uint32_t>(Val("&h" + std::string(digits))));
-        position_ += kDigits;
-        return true;
+        quoted += c == 'n' ? '\n' : c == 't' ? '\t' : c;
+        return std::string_view("nt\"\\'").find(c) != std::string_view::npos;
     }
 
     std::string_view text_;
@@ -152,6 +127,13 @@ const TranslationTable& TranslationsInto(const std::string& language) {
     std::optional<TranslationTable> table = isName ? LoadTable(language) : std::nullopt;
     if (isName && !table) table = LoadTable(NthField(language, "_", 1));
     return tables[language] = std::move(table).value_or(TranslationTable());
+}
+
+std::string System::_GetLocalizedString(std::string_view key, std::string_view text,
+                                        const std::string& language) {
+    const TranslationTable& table = TranslationsInto(language.empty() ? UserLanguage() : language);
+    const auto translation = table.find(std::string(key));
+    return translation == table.end() ? std::string(text) : translation->second;
 }
 
 }  // namespace dunvey

@@ -10,7 +10,7 @@ namespace dunvey {
 using TranslationTable = std::unordered_map<std::string, std::string>;
 
 /// Reads a table from UTF-8 text: rows `"key" = "text";`, comments in both forms, the escapes \",
-/// \\, \', \n, \r, \t and \Uxxxx. A broken row is skipped with the rest of its line; of two rows
+/// \\, \', \n and \t. A broken row is skipped with the rest of its line; of two rows
 /// with one key the later counts.
 TranslationTable ReadTranslationTable(std::string_view text);
 

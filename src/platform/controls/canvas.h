@@ -18,17 +18,29 @@ class Canvas : public RectControl {
 
     /// The user presses the mouse button. True if the handler claims the press: only then the
     /// release is reported.
-    bool MouseDown(UserAction, int64_t x, int64_t y);
-    void MouseUp(UserAction, int64_t x, int64_t y);
+    bool MouseDown(UserAction, int64_t x, int64_t y) {
+        const auto alive = KeepAlive();
+        return Enabled() && Event_MouseDown(x, y);
+    }
+    void MouseUp(UserAction, int64_t x, int64_t y) {
+        const auto alive = KeepAlive();
+        Event_MouseUp(x, y);
+    }
 
     std::function<void(Canvas&, Graphics&)> Paint;
     std::function<bool(Canvas&, int64_t x, int64_t y)> MouseDownHandler;
     std::function<void(Canvas&, int64_t x, int64_t y)> MouseUpHandler;
 
     // The defaults call the handlers; without one a press isn't claimed.
-    virtual void Event_Paint(Graphics& graphics);
-    virtual bool Event_MouseDown(int64_t x, int64_t y);
-    virtual void Event_MouseUp(int64_t x, int64_t y);
+    virtual void Event_Paint(Graphics& graphics) {
+        if (Paint) Paint(*this, graphics);
+    }
+    virtual bool Event_MouseDown(int64_t x, int64_t y) {
+        return MouseDownHandler && MouseDownHandler(*this, x, y);
+    }
+    virtual void Event_MouseUp(int64_t x, int64_t y) {
+        if (MouseUpHandler) MouseUpHandler(*this, x, y);
+    }
 
  private:
     Ref<Picture> backdrop_;

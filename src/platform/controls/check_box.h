@@ -17,7 +17,12 @@ class CheckBox : public RectControl {
     void SetValue(bool value) { Put(value_, value); }
 
     /// The user changes the value; then the event fires. A disabled one doesn't change.
-    void Toggle(UserAction);
+    void Toggle(UserAction) {
+        if (!Enabled()) return;
+        const auto alive = KeepAlive();
+        SetValue(!value_);
+        Event_Action();
+    }
 
     std::function<void(CheckBox&)> Action;
     /// The default calls the handler.

@@ -21,7 +21,11 @@ class PushButton : public RectControl {
     void SetCancel(bool cancel) { Put(cancel_, cancel); }
 
     /// The user presses it. A disabled button can't be pressed.
-    void Press(UserAction);
+    void Press(UserAction) {
+        if (!Enabled()) return;
+        const auto alive = KeepAlive();
+        Event_Action();
+    }
 
     std::function<void(PushButton&)> Action;
     /// The default calls the handler.

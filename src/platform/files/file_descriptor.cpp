@@ -17,8 +17,8 @@ FileDescriptor OpenFile(const std::string& path, int flags, mode_t mode) {
         Uninterrupted([&] { return open(path.c_str(), flags | O_CLOEXEC, mode); }));
 }
 
-FileDescriptor OpenRegularFile(const std::string& path, int& error) {
-    FileDescriptor file = OpenFile(path, O_RDONLY | O_NONBLOCK | O_NOCTTY);
+FileDescriptor OpenRegularFile(const std::string& path, int& error, int flags) {
+    FileDescriptor file = OpenFile(path, flags | O_NONBLOCK | O_NOCTTY, 0666);
     struct stat status;
     if (!file || fstat(file.Get(), &status) != 0) {
         error = errno;

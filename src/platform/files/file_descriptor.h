@@ -43,9 +43,9 @@ class FileDescriptor {
 /// Opens a file with close-on-exec. None on failure, with errno set.
 FileDescriptor OpenFile(const std::string& path, int flags, mode_t mode = 0);
 
-/// Opens a regular file for reading and never blocks: a FIFO or a device gives EINVAL, a folder
-/// EISDIR. On failure the descriptor is none and `error` the errno.
-FileDescriptor OpenRegularFile(const std::string& path, int& error);
+/// Opens a regular file, a new one with mode 0666, and never blocks: a FIFO or a device gives
+/// EINVAL, a folder EISDIR. On failure the descriptor is none. Sets `error` to 0 or the errno.
+FileDescriptor OpenRegularFile(const std::string& path, int& error, int flags = 0);
 
 /// Reads until `count` bytes have arrived or the file ends. Returns the number of bytes, or -1 with
 /// errno set.

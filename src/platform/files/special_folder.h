@@ -1,8 +1,5 @@
 #pragma once
 
-#include <string>
-#include <vector>
-
 #include "platform/files/folder_item.h"
 #include "platform/values/reference.h"
 
@@ -15,9 +12,5 @@ Ref<FolderItem> Applications();
 /// The user's application-data folder. On Linux `$XDG_CONFIG_HOME` if that is an absolute path,
 /// else `.config` in the user's home; created if it is missing.
 Ref<FolderItem> ApplicationData();
-
-/// The paths that processes of the applications folder may have: its own, and if that contains a
-/// link, the real one.
-std::vector<std::string> ApplicationsPaths();
 
 }  // namespace dunvey::SpecialFolder

@@ -29,17 +29,6 @@ bool ExceedsFileLimit(size_t size) {
     return getrlimit(RLIMIT_FSIZE, &limit) == 0 && size > limit.rlim_cur;
 }
 
-FileDescriptor OpenForWriting(const std::string& path, int flags, int& error) {
-    FileDescriptor file = OpenFile(path, flags | O_NONBLOCK | O_NOCTTY, 0666);
-    struct stat status;
-    if (!file || fstat(file.Get(), &status) != 0) {
-        error = errno;
-        return FileDescriptor();
-    }
-    error = S_ISREG(status.st_mode) ? 0 : EINVAL;
-    return error == 0 ? std::move(file) : FileDescriptor();
-}
-
 /// Takes a lock of flock() that lasts until the descriptor is closed. Returns 0, or the errno where
 /// another process holds the file for half a second. A file system without locks gives 0 as well.
 int LockFile(int descriptor, int operation) {
@@ -58,8 +47,7 @@ int LockFile(int descriptor, int operation) {
 Ref<BinaryStream> BinaryStream::Open(const Ref<FolderItem>& item, bool readWrite) {
     const std::string& path = item->NativePath();
     int error = 0;
-    FileDescriptor file =
-        readWrite ? OpenForWriting(path, O_RDWR, error) : OpenRegularFile(path, error);
+    FileDescriptor file = OpenRegularFile(path, error, readWrite ? O_RDWR : O_RDONLY);
     if (!file) Raise("opened", path, error);
     return New<BinaryStream>(std::move(file), path);
 }
@@ -102,13 +90,13 @@ std::string TextInputStream::ReadAll() {
 Ref<TextOutputStream> TextOutputStream::Create(const Ref<FolderItem>& item) {
     const std::string& path = item->NativePath();
     int error = 0;
-    FileDescriptor file = OpenForWriting(path, O_WRONLY | O_CREAT | O_EXCL, error);
+    FileDescriptor file = OpenRegularFile(path, error, O_WRONLY | O_CREAT | O_EXCL);
     const bool created = static_cast<bool>(file);
-    if (error == EEXIST) file = OpenForWriting(path, O_WRONLY, error);
+    if (error == EEXIST) file = OpenRegularFile(path, error, O_WRONLY);
     if (file) return New<TextOutputStream>(std::move(file), path, created);
     if (error != ENOENT) Raise("written", path, error);
     // A link that leads nowhere: create its target.
-    file = OpenForWriting(path, O_WRONLY | O_CREAT, error);
+    file = OpenRegularFile(path, error, O_WRONLY | O_CREAT);
     if (!file) Raise("written", path, error);
     return New<TextOutputStream>(std::move(file), RealPath(path), true);
 }

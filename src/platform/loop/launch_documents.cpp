@@ -8,7 +8,6 @@
 
 #include "platform/files/file_descriptor.h"
 #include "platform/loop/application.h"
-#include "platform/text/file_extension.h"
 #include "platform/text/text.h"
 
 namespace dunvey {

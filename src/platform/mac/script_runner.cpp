@@ -1,4 +1,4 @@
-#include "platform/processes/script_runner.h"
+#include "platform/processes/apple_script.h"
 
 namespace dunvey {
 

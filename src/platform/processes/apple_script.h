@@ -15,4 +15,7 @@ namespace dunvey {
 std::string ExecuteAppleScript(const Ref<FolderItem>& script,
                                const std::vector<std::string>& arguments);
 
+/// The absolute path of the program that runs the system's script files.
+std::string ScriptRunner();
+
 }  // namespace dunvey

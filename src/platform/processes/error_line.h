@@ -5,12 +5,8 @@
 
 namespace dunvey {
 
-/// The text as a line for a terminal: control characters, line feeds among them, become "?". No
-/// file name can then forge a line or control the terminal.
-std::string Printable(std::string_view text);
-
-/// Writes the printable text and a line feed to standard error in one write. A write that fails is
-/// ignored.
+/// Writes the text, made Printable, and a line feed to standard error in one write. A write that
+/// fails is ignored.
 void WriteErrorLine(std::string_view text);
 
 /// The text between quotation marks, for a message.

@@ -1,19 +1,17 @@
 #include "platform/qt/qt_menu_bar.h"
 
-#include "platform/menus/menu_caption.h"
 #include "platform/qt/dock.h"
 
 namespace dunvey {
 namespace {
 
+/// On macOS Qt's "Ctrl" is the Command key and "Meta" the Control key.
 QKeySequence SequenceOf(const std::string& shortcut) {
-    const auto keys = ParseKeyboardShortcut(shortcut);
-    if (!keys) return {};
-    // Qt's "Ctrl" is the Command key on macOS.
-    const std::string text = std::string(keys->control ? "Meta+" : "") +
-                             (keys->command ? "Ctrl+" : "") + (keys->option ? "Alt+" : "") +
-                             (keys->shift ? "Shift+" : "") + keys->key;
-    return QKeySequence(QString::fromStdString(text));
+    QString text = QString::fromStdString(shortcut);
+    text.replace(QLatin1String("Control+"), QLatin1String("Meta+"));
+    text.replace(QLatin1String("Cmd+"), QLatin1String("Ctrl+"));
+    text.replace(QLatin1String("Option+"), QLatin1String("Alt+"));
+    return QKeySequence(text);
 }
 
 QAction::MenuRole RoleOf(const MenuItem& item) {

@@ -179,7 +179,10 @@ std::string Str(double number) {
 
 std::string Str(double number, std::string_view pattern) {
     if (pattern.empty() || !std::isfinite(number)) return Str(number);
-    const Pattern form(pattern);
+    // The numbers of a document share one pattern.
+    static std::string known;
+    static Pattern form(known);
+    if (pattern != known) form = Pattern(known = pattern);
     const std::string digits = Fixed(std::fabs(number), form.mostPlaces);
     const std::string_view text = digits;
     const size_t point = std::min(text.find('.'), text.size());

@@ -7,6 +7,15 @@ namespace {
 
 constexpr uint32_t kReplacement = 0xFFFD;
 
+/// The length in bytes of the control character at the start of the text, 0 if there is none:
+/// U+0000 to U+001F, U+007F, and U+0080 to U+009F in UTF-8.
+size_t ControlLength(std::string_view text) {
+    const auto byte = static_cast<unsigned char>(text[0]);
+    if (byte < 0x20 || byte == 0x7F) return 1;
+    if (byte != 0xC2 || text.size() < 2) return 0;
+    return static_cast<unsigned char>(text[1]) - 0x80u < 0x20 ? 2 : 0;
+}
+
 /// The length in bytes of a mark at the beginning of the text that is invisible but changes a line:
 /// one that separates lines or paragraphs, sets, embeds, overrides or isolates a direction, or has
 /// no width. 0 for none.
@@ -30,20 +39,26 @@ std::string OneLine(std::string_view text) {
     constexpr uint32_t kControlSigns = 0x2400;
     constexpr uint32_t kDeleteSign = 0x2421;
     std::string line;
-    for (size_t i = 0; i < text.size(); ++i) {
-        const auto byte = static_cast<unsigned char>(text[i]);
-        const bool isUpperControl = text[i] == '\xC2' && i + 1 < text.size() &&
-                                    static_cast<unsigned char>(text[i + 1]) - 0x80u < 0x20;
-        if (byte < 0x20) {
-            line += Chr(kControlSigns + byte);
-        } else if (byte == 0x7F) {
-            line += Chr(kDeleteSign);
-        } else if (const size_t length = isUpperControl ? 2 : DisturbingMark(text.substr(i))) {
-            line += Chr(kReplacement);
-            i += length - 1;
+    while (!text.empty()) {
+        const auto byte = static_cast<unsigned char>(text[0]);
+        const size_t control = ControlLength(text);
+        const size_t length = control != 0 ? control : DisturbingMark(text);
+        if (control == 1) {
+            line += byte == 0x7F ? Chr(kDeleteSign) : Chr(kControlSigns + byte);
         } else {
-            line += text[i];
+            line += length != 0 ? Chr(kReplacement) : std::string(1, text[0]);
         }
+        text.remove_prefix(length != 0 ? length : 1);
+    }
+    return line;
+}
+
+std::string Printable(std::string_view text) {
+    std::string line;
+    while (!text.empty()) {
+        const size_t control = ControlLength(text);
+        line += control == 0 ? text[0] : '?';
+        text.remove_prefix(control == 0 ? 1 : control);
     }
     return line;
 }

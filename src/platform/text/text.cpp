@@ -125,6 +125,15 @@ std::vector<std::string> SplitB(std::string_view text, std::string_view separato
     return pieces;
 }
 
+std::string FileExtension(std::string_view name) {
+    return SplitB(name, ".").back();
+}
+
+bool IsExtensionIn(const std::vector<std::string>& extensions, std::string_view extension) {
+    return std::find(extensions.begin(), extensions.end(), Lowercase(extension)) !=
+           extensions.end();
+}
+
 std::string Chr(uint32_t codePoint) {
     const bool surrogate = codePoint >= 0xD800 && codePoint <= 0xDFFF;
     if (surrogate || codePoint > 0x10FFFF) codePoint = 0xFFFD;

@@ -41,6 +41,12 @@ std::string ReplaceAll(std::string text, std::string_view find, std::string_view
 /// The pieces between separators. A text without the separator, the empty one too, is one piece.
 std::vector<std::string> SplitB(std::string_view text, std::string_view separator);
 
+/// The last dot-separated piece of a file name; the whole name where it has no dot.
+std::string FileExtension(std::string_view name);
+
+/// Whether the extension, in any ASCII letter case, is in the list, which is in lower case.
+bool IsExtensionIn(const std::vector<std::string>& extensions, std::string_view extension);
+
 /// The UTF-8 form of a code point; of U+FFFD for a lone surrogate or a value beyond U+10FFFF.
 std::string Chr(uint32_t codePoint);
 

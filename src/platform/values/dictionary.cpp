@@ -31,6 +31,10 @@ void RaiseKeyNotFound(const Variant& key, SourcePlace place) {
 }
 
 size_t Dictionary::PositionOf(const Variant& key) const {
+    if (isList_) {
+        const auto position = static_cast<size_t>(key.IsNumber() ? key.Int64Value() : -1);
+        return position < entries_.size() && entries_[position].Key == key ? position : kNowhere;
+    }
     if (!index_) {
         for (size_t i = 0; i < entries_.size(); ++i) {
             if (entries_[i].Key == key) return i;
@@ -66,15 +70,18 @@ void Dictionary::SetValue(Variant key, Variant value) {
         entries_[position].Value = std::move(value);
         return;
     }
+    isList_ = isList_ && key == Variant(static_cast<int64_t>(entries_.size()));
     entries_.push_back({std::move(key), std::move(value)});
     if (index_) {
         index_->emplace(HashOf(entries_.back().Key), entries_.size() - 1);
-    } else if (entries_.size() > kFew) {
+    } else {
         BuildIndex();
     }
 }
 
 void Dictionary::BuildIndex() {
+    index_.reset();
+    if (isList_ || entries_.size() <= kFew) return;
     index_ = std::make_unique<Index>();
     for (size_t i = 0; i < entries_.size(); ++i)
         index_->emplace(HashOf(entries_[i].Key), i);
@@ -86,8 +93,9 @@ void Dictionary::Remove(const Variant& key, SourcePlace place) {
     const size_t hash = HashOf(entries_[position].Key);
     const bool isLast = position + 1 == entries_.size();
     entries_.erase(entries_.begin() + static_cast<std::ptrdiff_t>(position));
-    if (!index_) return;
+    isList_ = isList_ && isLast;
     if (!isLast) return BuildIndex();
+    if (!index_) return;
     const auto [first, last] = index_->equal_range(hash);
     index_->erase(
         std::find_if(first, last, [&](const auto& each) { return each.second == position; }));
@@ -95,6 +103,7 @@ void Dictionary::Remove(const Variant& key, SourcePlace place) {
 
 void Dictionary::Clear() {
     entries_.clear();
+    isList_ = true;
     index_.reset();
 }
 

@@ -48,7 +48,9 @@ class Dictionary final : public Object {
     using Index = std::unordered_multimap<size_t, size_t>;
 
     std::vector<Entry> entries_;
-    // From the hash of a key to its position. There is none while there are few entries.
+    /// Each key is its position, as in an array.
+    bool isList_ = true;
+    /// From the hash of a key to its position; null for a list and for few entries.
     std::unique_ptr<Index> index_;
 };
 

@@ -38,6 +38,8 @@ class MemoryBlock {
 
     /// All bytes; valid until a change.
     std::string_view Bytes() const { return bytes_; }
+    /// Moves the bytes out and leaves the block empty.
+    std::string Release() { return std::exchange(bytes_, {}); }
 
  private:
     void CheckBounds(uint64_t offset, uint64_t length, SourcePlace place) const {

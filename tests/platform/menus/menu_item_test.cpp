@@ -32,21 +32,6 @@ TEST(MenuCaption, TheFirstAmpersandMarksTheNextCharacter) {
     }
 }
 
-TEST(KeyboardShortcut, IsModifiersAndAKey) {
-    const std::pair<const char*, KeyCombination> rows[] = {
-        {"Cmd+W", {true, false, false, false, "W"}},
-        {"Cmd+Shift+Z", {true, true, false, false, "Z"}},
-        {"Control+Option+F1", {false, false, true, true, "F1"}},
-        {"Cmd++", {true, false, false, false, "+"}},
-        {"+", {false, false, false, false, "+"}},
-        {"Cmd", {false, false, false, false, "Cmd"}},
-    };
-    for (const auto& [text, keys] : rows)
-        EXPECT_EQ(ParseKeyboardShortcut(text), keys) << text;
-    for (const char* text : {"", "Cmd+", "Hyper+X", "+X", "cmd+X", "++X", "Cmd++X"})
-        EXPECT_FALSE(ParseKeyboardShortcut(text)) << text;
-}
-
 TEST_F(MenuItems, AreFoundByNameInTheOrderOfTheTree) {
     menu_->Append(nullptr);
     const Ref<MenuItem> child = New<MenuItem>("Twice");
