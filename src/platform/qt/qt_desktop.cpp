@@ -1,5 +1,6 @@
 #include "platform/qt/qt_desktop.h"
 
+#include <QCollator>
 #include <QFileOpenEvent>
 #include <QLibraryInfo>
 #include <QLocale>
@@ -13,12 +14,12 @@
 #include "platform/bundles/system.h"
 #include "platform/loop/application.h"
 #include "platform/loop/event_loop.h"
+#include "platform/qt/display.h"
 #include "platform/qt/dock.h"
 #include "platform/qt/qt_icons.h"
 #include "platform/qt/qt_message_dialog.h"
 #include "platform/qt/qt_style.h"
 #include "platform/qt/qt_window.h"
-#include "platform/qt/text_order.h"
 
 namespace dunvey {
 namespace {
@@ -44,6 +45,14 @@ int& PrepareQt(const std::string& platform) {
     for (size_t i = 0; i < static_cast<size_t>(argumentCount); ++i)
         argumentList[i] = arguments[i].data();
     return argumentCount;
+}
+
+QCollator MakeCollator() {
+    // QCollator ignores its numeric mode under the C and POSIX locales.
+    const bool isPlain = QLocale().language() == QLocale::C;
+    QCollator collator(isPlain ? QLocale(QLocale::English, QLocale::UnitedStates) : QLocale());
+    collator.setNumericMode(true);
+    return collator;
 }
 
 bool IsAnythingShown() {
@@ -185,7 +194,19 @@ Ref<NSImage> QtDesktop::IconForFileType(const std::string& type) {
 }
 
 int64_t QtDesktop::CompareTexts(const std::string& text1, const std::string& text2) {
-    return CompareAsNames(text1, text2);
+    static const QCollator collator = MakeCollator();
+    const int order =
+        collator.compare(QString::fromStdString(text1), QString::fromStdString(text2));
+    return order != 0 ? order : text1.compare(text2);
 }
 
 }  // namespace dunvey
+
+extern "C" __attribute__((visibility("default"))) dunvey::Desktop* DunveyMakeDesktop() {
+    if (const std::optional<dunvey::Display> display = dunvey::ReachDisplay())
+        return new dunvey::QtDesktop(display->platform);
+    throw dunvey::DesktopUnavailableException(
+        "No display can be reached, so nothing can be asked or shown. Start Dunvey in a desktop "
+        "session, or set DISPLAY. If QT_QPA_PLATFORM is set, it must name a platform with windows, "
+        "such as xcb.");
+}

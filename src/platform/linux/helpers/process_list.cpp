@@ -2,6 +2,7 @@
 
 #include <fcntl.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <cerrno>
@@ -26,7 +27,9 @@ std::string FileOf(pid_t id, const char* name) {
 std::string ReadStart(const std::string& path, size_t limit) {
     const FileDescriptor file = OpenFile(path, O_RDONLY);
     std::string text(limit, '\0');
-    const ssize_t count = file ? ReadFully(file.Get(), text.data(), limit) : -1;
+    // One read gives all of such a file.
+    const ssize_t count =
+        file ? Uninterrupted([&] { return read(file.Get(), text.data(), limit); }) : -1;
     text.resize(count > 0 ? static_cast<size_t>(count) : 0);
     return text;
 }
