@@ -47,7 +47,9 @@ class QtImage final : public NSImage {
         if (size.isEmpty()) return {};
         QImage image = ReadIconFile(source_.file, std::max(size.width(), size.height()));
         if (image.isNull()) {
-            image = source_.icon().pixmap(size).toImage();
+            // The search in the icon theme makes thousands of system calls.
+            if (icon_.isNull()) icon_ = source_.icon();
+            image = icon_.pixmap(size).toImage();
             image.setDevicePixelRatio(1);
         }
         return Fitted(image, size);
@@ -55,6 +57,7 @@ class QtImage final : public NSImage {
 
  private:
     IconSource source_;
+    mutable QIcon icon_;
 };
 
 }  // namespace

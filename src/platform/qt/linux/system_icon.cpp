@@ -30,8 +30,8 @@ QIcon DocumentIcon(const QString& fileName) {
 }
 
 QIcon ApplicationIcon() {
-    return QIcon::fromTheme(QStringLiteral("application-x-executable"),
-                            StandardIcon(QStyle::SP_FileIcon)());
+    const QIcon icon = QIcon::fromTheme(QStringLiteral("application-x-executable"));
+    return icon.availableSizes().isEmpty() ? StandardIcon(QStyle::SP_FileIcon)() : icon;
 }
 
 }  // namespace
