@@ -35,8 +35,11 @@ TEST_F(RoadTest, FortyMixedDocumentsAreOneStartForEachVersion) {
     }
     EXPECT_EQ(Dunvey(words), 0);
     // The script's program is what writes the last record, under its own name.
-    EXPECT_EQ(Starts(5), (Words{"CS5.5: " + sent[2], "CS6: " + sent[1], "CC: " + sent[4],
-                                "CC 2019: " + sent[3], "recorder: " + sent[0]}));
+    // Two applications may write their records in either order.
+    Words starts = Starts(5);
+    std::ranges::sort(starts);
+    EXPECT_EQ(starts, (Words{"CC 2019: " + sent[3], "CC: " + sent[4], "CS5.5: " + sent[2],
+                             "CS6: " + sent[1], "recorder: " + sent[0]}));
     EXPECT_EQ(Errors(), "");
 }
 
@@ -101,10 +104,13 @@ TEST_F(RoadTest, HostileNamesArriveByteForByteAndNothingElseRuns) {
         words.push_back(Document("documents/" + name + ".indd", 8));
     words.push_back(Document("b.indd", 9));
     EXPECT_EQ(Script("cd documents; '" DUNVEY_PROGRAM "' \"$@\"", words), 0);
-    EXPECT_EQ(Starts(2).back(), suffixes[1] + ": b.indd|");
+    const Words starts = Starts(2);
+    EXPECT_EQ(std::ranges::count(starts, suffixes[1] + ": b.indd|"), 1);
     words.pop_back();
-    EXPECT_EQ(Records().at(0).arguments, words);
-    EXPECT_TRUE(Starts(2)[0].starts_with(suffixes[0]));
+    EXPECT_EQ(std::ranges::count(Records(), words, &Record::arguments), 1);
+    EXPECT_EQ(std::ranges::count_if(
+                  starts, [&](const auto& start) { return start.starts_with(suffixes[0] + ":"); }),
+              1);
     EXPECT_NE(access((folder_ / "documents/canary").c_str(), F_OK), 0);
 }
 
@@ -114,12 +120,17 @@ TEST_F(RoadTest, AProgramThatCannotStartCostsItsOwnDocumentsOnly) {
     const Words words = {Document("a.indd", 8), Document("b.indd", 9)};
     EXPECT_EQ(Dunvey(words), 0);
     EXPECT_NE(Errors().find("Adobe InDesign CS6"), std::string::npos);
-    // Also if the message can't be written, or there are no standard descriptors at all.
+    // Also if the message can't be written, or there are no standard descriptors at all, and the
+    // current folder is gone.
     size_t runs = 0;
     for (const char* redirection : {"2>&1 >/dev/null | true", "<&- >&- 2>&-"}) {
         AwaitRecords(++runs);
         EndAll();
-        EXPECT_EQ(Script(std::string("'" DUNVEY_PROGRAM "' \"$@\" ") + redirection, words), 0);
+        EXPECT_EQ(
+            Script(std::string("mkdir gone; cd gone; rmdir ../gone; '" DUNVEY_PROGRAM "' \"$@\" ") +
+                       redirection,
+                   words),
+            0);
     }
     EXPECT_EQ(Starts(3), Words(3, "CC: b.indd|"));
 }

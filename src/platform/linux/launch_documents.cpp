@@ -1,5 +1,9 @@
 #include "platform/loop/launch_documents.h"
 
+#include <unistd.h>
+
+#include <climits>
+
 #include "platform/loop/application.h"
 #include "platform/processes/error_line.h"
 
@@ -11,6 +15,11 @@ void PostLaunchDocuments(EventLoop& loop) {
         WriteErrorLine("Dunvey: " + refusal);
     for (const std::string& path : intake.documents)
         loop.PostOpenDocument(New<FolderItem>(path));
+    // In a folder that was removed each shell complains first, and where nobody reads standard
+    // error SIGPIPE ends it before its command.
+    char folder[PATH_MAX];
+    if (getcwd(folder, sizeof folder) == nullptr && chdir("/") != 0)
+        WriteErrorLine("Dunvey: the current folder was removed, and / can't be used instead.");
 }
 
 }  // namespace dunvey
