@@ -2,7 +2,6 @@
 
 #include "chooser/chooser.h"
 #include "menus/main_menu_bar.h"
-#include "platform/pictures/native_image.h"
 #include "support/user.h"
 
 namespace dunvey {
@@ -40,36 +39,6 @@ TEST_F(About, ShowsNameAndVersionInASingleWindow) {
     EXPECT_FALSE(next == window);
     EXPECT_EQ(next->LabelName()->Text(), "chooser_tests") << "a new window is filled again";
     next->Close();
-}
-
-TEST_F(About, DrawsTheBundlesOwnIconAtTheSmallerSide) {
-    test::Paper paper;
-    AboutWindow window;
-    window.CanvasAppIcon()->Event_Paint(paper);
-    const std::string executable = Application::ExecutableFile()->NativePath();
-    const std::string bundle = executable.substr(0, executable.rfind("/Contents/"));
-    const Bitmap icon = user_->IconForFile(bundle)->CGImageForProposedRect({0, 0, 1, 1});
-    EXPECT_EQ(paper.drawn.str(), "picture 0 0 0 26 " + std::to_string(icon.Pixels.at(0)) + "; ");
-}
-
-TEST_F(About, OpensOverTheChooserAndOutlivesIt) {
-    Installed("CS6", "8.0.1");
-    commandKey_ = true;
-    Expect({[this](Window1& chooser) {
-        chooser.Show();
-        user_->ExpectWindow("", {});
-        ChooseAbout();
-        EXPECT_TRUE(user_->Escape(*AboutWindow::Instance()));
-        EXPECT_FALSE(chooser.IsClosed());
-        user_->ExpectWindow("", {});
-        ChooseAbout();
-        chooser.Close();
-    }});
-    loop_.PostOpenDocument(Document("a.indd", 8));
-    EXPECT_EQ(loop_.Run(*app_), 0);
-    const Ref<AboutWindow> window = AboutWindow::Instance();
-    EXPECT_FALSE(window->IsClosed());
-    EXPECT_TRUE(user_->Escape(*window));
 }
 
 }  // namespace

@@ -4,7 +4,6 @@
 #include <unistd.h>
 
 #include "desktop/scripted_desktop.h"
-#include "icons/file_types1.h"
 #include "platform/pictures/native_image.h"
 #include "support/temporary_folder.h"
 
@@ -37,30 +36,6 @@ TEST(Icon, HasTwoResolutionsAndIsNilForAMissingFile) {
     unlink(path.c_str());
     EXPECT_FALSE(Icon::Get(item, 16));
     Desktop::Install(nullptr);
-}
-
-TEST(FileTypes, AreCreatedInTheirOrder) {
-    ASSERT_TRUE(FileTypes1::pAllFileTypes.empty());
-    FileTypes1::_Initialize();
-    ASSERT_EQ(FileTypes1::pAllFileTypes.size(), 26U);
-    EXPECT_EQ(FileTypes1::pAllFileTypes.front(), FileTypes1::ID30_Document_Icon());
-    EXPECT_EQ(FileTypes1::pAllFileTypes.back(), FileTypes1::ID_Book_Icon());
-    for (const Ref<FileType>& type : FileTypes1::pAllFileTypes) {
-        EXPECT_TRUE(type->Imported) << type->Name;
-        EXPECT_EQ(type->UTI, type->MacType.empty() ? "public.data" : "") << type->Name;
-        EXPECT_EQ(type->Extensions + type->MacCreator + type->MimeType + type->ConformsTo, "");
-    }
-}
-
-TEST(CGContext, ClipsAnImageToTheContext) {
-    Bitmap context{3, 2, std::vector<uint32_t>(6)};
-    CGContextDrawImage(context, {-1, 1, 3, 2}, {3, 2, {1, 2, 3, 4, 5, 6}});
-    EXPECT_EQ(context.Pixels, (std::vector<uint32_t>{0, 0, 0, 2, 3, 0}));
-    const std::vector<uint32_t> before = context.Pixels;
-    CGContextDrawImage(context, {0, 0, 3, 2}, {});
-    CGContextDrawImage(context, {9, -9, 1, 1}, {1, 1, {7}});
-    CGContextDrawImage(context, {-9, 9, 1, 1}, {1, 1, {7}});
-    EXPECT_EQ(context.Pixels, before);
 }
 
 }  // namespace

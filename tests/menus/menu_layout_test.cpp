@@ -43,24 +43,5 @@ TEST_F(MenuLayout, EveryMenuHasAMnemonicAndAboutFollowsThePlatform) {
               "ヘルプ(&H): About\n");
 }
 
-TEST_F(MenuLayout, HiddenAndMissingItemsAreLeftOutAndAmpersandsDoubled) {
-    MainMenuBar bar;
-    bar.Append(nullptr);
-    bar.Find("FileMenu")->Append(nullptr);
-    bar.Find("EditMenu")->Visible = false;
-    bar.Find("FileClose")->Visible = false;
-    bar.Find("FileAbout")->Visible = false;
-    EXPECT_EQ(Shown(bar, false),
-              "&File: Quit(Cmd+Q)\n&Window: Minimize(Cmd+M) Zoom - Bring All to Front\n");
-    MenuBar small;
-    small.Append(New<MenuItem>("Only", "Only"));
-    EXPECT_EQ(Shown(small, false), "");
-    small.Item(0)->Append(New<ApplicationMenuItem>("About", "About"));
-    EXPECT_EQ(Shown(small, false), "&Only: About\n") << "no menu to move it to";
-    EXPECT_EQ(MarkedCaption(MenuItem("", "&a && &b")), "&a &&&& &&b");
-    EXPECT_EQ(MarkedMenuCaption(MenuItem("", "日本")), "日本");
-    EXPECT_EQ(MarkedMenuCaption(MenuItem("Menu", "F&ile")), "F&ile");
-}
-
 }  // namespace
 }  // namespace dunvey

@@ -61,20 +61,6 @@ TEST_F(MenuBarTest, ShowsItsItemsAndValidatesThemWhenAMenuOpens) {
     EXPECT_EQ(ItemsOf(3), "&Help: About");
 }
 
-TEST_F(MenuBarTest, IsAddedAboveTheContent) {
-    Open(window_);
-    const QSize content(static_cast<int>(window_.Width()), static_cast<int>(window_.Height()));
-    const int bar = Bar().height();
-    EXPECT_GT(bar, 15);
-    EXPECT_EQ(Shown().size(), content + QSize(0, bar));
-    QWidget& list = Find("AppList");
-    EXPECT_EQ(list.mapTo(&Shown(), QPoint()), list.pos() + QPoint(0, bar));
-    EXPECT_EQ(Shown().focusWidget(), &list);
-    Shown().resize(500, 500 + bar);
-    EXPECT_EQ(window_.Height(), 500);
-    EXPECT_EQ(Bar().width(), 500);
-}
-
 TEST_F(MenuBarTest, TheKeyboardAloneOpensMenus) {
     Open(window_);
     EXPECT_EQ(MenuOpenedBy(Qt::Key_F10), "&File");
@@ -124,21 +110,6 @@ TEST_F(MenuBarTest, QuitEndsTheProgramButNotPastAQuestion) {
     };
     EXPECT_EQ(loop_.Run(*app_), 0);
     EXPECT_EQ(app_->log, "answered close ");
-}
-
-TEST_F(MenuBarTest, CommandsGoToTheWindowInFrontEvenWithoutAMenuBar) {
-    for (const bool isPanelInFront : {false, true}) {
-        FilledChooser window(2);
-        Open(window);
-        Window panel({200, 100});
-        panel.MinimizeButton = false;
-        Open(panel);
-        EXPECT_EQ(Shown().height(), 100) << "no menu bar";
-        Activate(isPanelInFront ? panel : window);
-        Key(Qt::Key_W, Qt::ControlModifier);
-        EXPECT_EQ(panel.IsClosed(), isPanelInFront);
-        EXPECT_EQ(window.IsClosed(), !isPanelInFront);
-    }
 }
 
 }  // namespace

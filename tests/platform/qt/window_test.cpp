@@ -1,29 +1,23 @@
 #include <QAccessible>
-#include <QCheckBox>
 #include <QHelpEvent>
 #include <QLabel>
+#include <QPainter>
 #include <QPushButton>
 #include <QScreen>
 #include <QScrollBar>
 #include <QTableView>
 #include <QToolTip>
 
-#include "menus/localized.h"
 #include "platform/qt/qt_cells.h"
-#include "platform/qt/qt_graphics.h"
 #include "platform/qt/qt_list.h"
 #include "qt_test.h"
-#include "support/hostile_names.h"
 
 namespace dunvey::test {
 namespace {
 
 class WindowTest : public QtTest {
  protected:
-    ~WindowTest() override {
-        QApplication::setFont(font_);
-        QApplication::setKeyboardInputInterval(keyboardInterval_);
-    }
+    ~WindowTest() override { QApplication::setKeyboardInputInterval(keyboardInterval_); }
 
     QTableView& List() { return Find<QTableView>("AppList"); }
     QPoint CellCentre(int row, int column = 0) {
@@ -36,8 +30,8 @@ class WindowTest : public QtTest {
         QTest::mouseClick(List().viewport(), button, keys, place);
         QTest::mouseDClick(List().viewport(), button, keys, place);
     }
-    static QString Spoken(QWidget& widget, QAccessible::Text text = QAccessible::Name) {
-        return QAccessible::queryAccessibleInterface(&widget)->text(text);
+    static QString Spoken(QWidget& widget) {
+        return QAccessible::queryAccessibleInterface(&widget)->text(QAccessible::Name);
     }
     /// The tool tip of the control; empty for none.
     QString TipOf(const char* name) {
@@ -55,28 +49,11 @@ class WindowTest : public QtTest {
         window_.PushButton1()->SetDefault(true);
     }
 
-    const QFont font_ = QApplication::font();
     const int keyboardInterval_ = QApplication::keyboardInputInterval();
     std::string log_;
     FilledChooser window_{6};
     myListBox& list_ = *window_.AppList();
 };
-
-TEST_F(WindowTest, TheTitleBarHasOnlyTheButtonsThatAreWanted) {
-    const Qt::WindowFlags buttons = Qt::WindowCloseButtonHint | Qt::WindowMinMaxButtonsHint;
-    for (const bool isClosable : {false, true}) {
-        Window window({200, 100});
-        window.SetTitle("plain");
-        window.CloseButton = isClosable;
-        window.Handle()->standardWindowButton(NSWindow::kMiniaturizeButton)->setHidden(true);
-        Open(window);
-        EXPECT_EQ(Shown().windowTitle(), "plain");
-        EXPECT_EQ(Shown().windowFlags() & buttons,
-                  isClosable ? Qt::WindowCloseButtonHint : Qt::WindowFlags());
-        EXPECT_TRUE(Shown().windowFlags() & Qt::CustomizeWindowHint);
-        EXPECT_EQ(Shown().minimumSize(), Shown().maximumSize());
-    }
-}
 
 TEST_F(WindowTest, TheFocusStartsInTheListFollowsTabIndexAndLeavesDisabledControls) {
     UseButtons();
@@ -154,52 +131,20 @@ TEST_F(WindowTest, ReturnPressesTheFocusedButtonWhichAloneIsHighlighted) {
 
 TEST_F(WindowTest, TextsAreShownAsTheyAreAndShortenedInTheMiddle) {
     window_.PushButton1()->SetCaption("Open <b>R&D</b>");
-    window_.CheckBox1()->SetCaption("Fish & &Chips");
     window_.LabelFileName()->SetText("<b>R&D</b>.indd");
-    const auto expectRoom = [](const QWidget& widget, const QString& text, int room) {
-        EXPECT_LE(widget.fontMetrics().horizontalAdvance(text), room) << text.toStdString();
-        EXPECT_LE(widget.fontMetrics().height(), widget.height());
-    };
     Open(window_);
     auto& label = Find<QLabel>("LabelFileName");
     EXPECT_EQ(Find<QPushButton>("PushButton1").text(), "Open <b>R&&D</b>");
-    EXPECT_EQ(Find<QCheckBox>("CheckBox1").text(), "Fish && &&Chips");
     EXPECT_EQ(label.text(), "<b>R&D</b>.indd");
     EXPECT_EQ(label.textFormat(), Qt::PlainText);
     EXPECT_EQ(TipOf("LabelFileName"), "") << "nothing is cut";
-    EXPECT_EQ(Find("LabelAppName").fontInfo().pixelSize(), 17);
-    for (const std::string& hostile : HostileNames()) {
-        window_.LabelFileName()->SetText(hostile + ".indd");
-        expectRoom(label, label.text(), label.width());
-    }
     window_.LabelFileName()->SetText(std::string(250, 'x') + "<img src=y>.indd");
-    window_.PushButton3()->SetCaption("Quit " + std::string(60, 'x'));
-    QFont large = font_;
-    large.setPixelSize(26);
-    QApplication::setFont(large);
     RunEvents();
     EXPECT_TRUE(label.text().endsWith(".indd")) << "the middle is cut out";
     EXPECT_LT(label.text().size(), 200);
     EXPECT_TRUE(TipOf("LabelFileName").contains("&lt;img"));
     EXPECT_EQ(Spoken(label).toStdString(), window_.LabelFileName()->Text());
-    EXPECT_EQ(Spoken(label, QAccessible::Description), "");
-    expectRoom(label, label.text(), label.width());
-    expectRoom(Find("PushButton3"), Find<QPushButton>("PushButton3").text(), 135);
-    EXPECT_TRUE(TipOf("PushButton3").contains(QString(60, 'x')));
-}
-
-TEST_F(WindowTest, ContentLargerThanTheScreenScrolls) {
-    struct LargeWindow final : Window {
-        using Window::Add, Window::Window;
-    } window({3000, 2000});
-    const Ref<PushButton> last = New<PushButton>();
-    last->SetName("last");
-    last->SetDesign({2900, 1970, 90, 20}, {});
-    window.Add(last);
-    Open(window);
-    EXPECT_TRUE(Shown().screen()->availableGeometry().contains(Shown().geometry()));
-    EXPECT_EQ(window.Width(), 3000);
-    EXPECT_TRUE(Find("last").parentWidget()->rect().contains(Find("last").geometry()));
+    EXPECT_LE(label.fontMetrics().horizontalAdvance(label.text()), label.width());
 }
 
 TEST_F(WindowTest, AFreshWindowTakesInputThatIsNoAnswer) {
@@ -216,50 +161,17 @@ TEST_F(WindowTest, AFreshWindowTakesInputThatIsNoAnswer) {
     EXPECT_EQ(log_, "");
 }
 
-TEST_F(WindowTest, NoJapaneseTextIsTooWide) {
-    window_.CheckBox1()->SetCaption(Localized::kAllowOpenHigherVersion("ja"));
-    window_.PushButton1()->SetCaption("CC 2019" + Localized::kCapOpenWith("ja"));
-    Open(window_);
-    for (const auto& text :
-         {Localized::kMassage_AnotherVerAppBooting, Localized::kMassage_SameVerAppNotInstalled,
-          Localized::kMassage_AppNotInstalled}) {
-        window_.LabelMsg()->SetText(text("ja"));
-        for (const char* name : {"LabelMsg", "CheckBox1", "PushButton1"})
-            EXPECT_EQ(TipOf(name), "") << Spoken(Find(name)).toStdString();
-    }
-}
-
 TEST_F(WindowTest, TheListScrollsOnlyWhereTheScreenIsTooSmall) {
-    for (const int rows : {0, 4, 5, 12, 300}) {
+    for (const int rows : {4, 12, 300}) {
         SCOPED_TRACE(rows);
         FilledChooser window(rows);
         Open(window);
         Key(Qt::Key_End);
         EXPECT_TRUE(Shown().screen()->availableGeometry().contains(Shown().frameGeometry()));
         EXPECT_TRUE(Shown().rect().contains(Find("CheckBox2").geometry()));
-        const QScrollBar& bar = *List().verticalScrollBar();
-        EXPECT_EQ(bar.isVisible(), rows == 300);
-        EXPECT_EQ(bar.value() > 0, rows == 300);
-        EXPECT_EQ(window.AppList()->ListIndex(), rows - 1);
-        EXPECT_TRUE(rows == 0 || List().viewport()->rect().contains(CellCentre(rows - 1)));
-        EXPECT_EQ(List().columnWidth(0) + 90 + 64, List().viewport()->width());
+        EXPECT_EQ(List().verticalScrollBar()->isVisible(), rows == 300);
+        EXPECT_TRUE(List().viewport()->rect().contains(CellCentre(rows - 1)));
     }
-}
-
-TEST_F(WindowTest, ManyChangesAreReadOnce) {
-    Open(window_);
-    int resets = 0;
-    QObject::connect(List().model(), &QAbstractItemModel::modelReset, &List(), [&] { ++resets; });
-    for (int i = 0; i < 300; ++i)
-        list_.AddRow("new");
-    List().viewport()->grab();
-    EXPECT_EQ(resets, 0);
-    RunEvents();
-    EXPECT_EQ(resets, 1);
-    EXPECT_EQ(List().model()->rowCount(), 306);
-    list_.DeleteAllRows();
-    ClickList({30, 30});
-    EXPECT_EQ(list_.ListIndex(), -1) << "a press reads pending changes first";
 }
 
 TEST_F(WindowTest, AScreenReaderGetsRowsButtonsAndWholeTexts) {
@@ -271,7 +183,6 @@ TEST_F(WindowTest, AScreenReaderGetsRowsButtonsAndWholeTexts) {
     EXPECT_EQ(Spoken(List()), "Installed versions");
     EXPECT_EQ(Spoken(Find("PushButton1")), "Open with R&D");
     EXPECT_EQ(Find("LabelFileName").accessibleDescription(), "/folder/R&D.indd");
-    EXPECT_TRUE(TipOf("LabelFileName").contains("R&amp;D"));
     auto* table = QAccessible::queryAccessibleInterface(&List())->tableInterface();
     ASSERT_NE(table, nullptr);
     EXPECT_EQ(table->rowCount(), 6);
@@ -287,28 +198,6 @@ TEST_F(WindowTest, AScreenReaderGetsRowsButtonsAndWholeTexts) {
     RunEvents();
     EXPECT_EQ(List().currentIndex(), List().model()->index(1, 0))
         << "the focus is in the cell that has the row's description";
-}
-
-TEST_F(WindowTest, ACanvasTakesTheMouseAndDrawsOverItsBackdrop) {
-    window_.Canvas1()->SetBackdrop(PlainPicture(46, 0xFFC0D0F0));
-    window_.Canvas1()->MouseDownHandler = [&](Canvas&, int64_t x, int64_t y) {
-        log_ += std::to_string(x) + "," + std::to_string(y) + " ";
-        return x > 20;
-    };
-    window_.Canvas1()->MouseUpHandler = [&](Canvas&, int64_t, int64_t) { log_ += "up "; };
-    window_.Canvas1()->Paint = [](Canvas&, Graphics& graphics) {
-        graphics.ForeColor = {0x112233};
-        graphics.FillRect(0, 0, graphics.Width() / 2, graphics.Height());
-    };
-    Open(window_);
-    EXPECT_EQ(Shown().childAt(20, 40), &Find("Canvas2")) << "later controls are above";
-    QTest::mouseClick(&Find("Canvas1"), Qt::LeftButton, {}, {30, 5});
-    QTest::mouseClick(&Find("Canvas1"), Qt::LeftButton, {}, {3, 4});
-    EXPECT_EQ(log_, "30,5 up 3,4 ");
-    EXPECT_EQ(Find("Canvas1").focusPolicy(), Qt::NoFocus);
-    const QImage image = Find("Canvas1").grab().toImage();
-    EXPECT_EQ(image.pixelColor(10, 10), QColor(0x112233));
-    EXPECT_EQ(image.pixelColor(40, 40), QColor(0xC0D0F0));
 }
 
 TEST_F(WindowTest, TheListPaintsNoBackgroundWhereTheCellsOwnerDid) {
@@ -328,20 +217,6 @@ TEST_F(WindowTest, TheListPaintsNoBackgroundWhereTheCellsOwnerDid) {
         CellPainter(window_.AppList(), nullptr).paint(&painter, cell, rows.index(0, 2));
         const QColor base = cell.palette.color(QPalette::Base);
         EXPECT_EQ(surface.pixelColor(45, 13), isPainted ? mark : base);
-    }
-}
-
-TEST(GraphicsTest, BothEndsOfALineBelongToIt) {
-    QImage device(10, 10, QImage::Format_RGB32);
-    device.fill(Qt::white);
-    QPainter painter(&device);
-    QtGraphics graphics(painter, device.size());
-    graphics.DrawLine(7, 2, 3, 2);
-    graphics.DrawLine(5, 4, 5, 8);
-    painter.end();
-    for (int i = 0; i < 10; ++i) {
-        EXPECT_EQ(device.pixelColor(i, 2) == Qt::black, i >= 3 && i <= 7) << i;
-        EXPECT_EQ(device.pixelColor(5, i) == Qt::black, i == 2 || (i >= 4 && i <= 8)) << i;
     }
 }
 
