@@ -2,12 +2,10 @@
 
 #include <cmath>
 #include <string>
-#include <tuple>
 #include <utility>
 #include <vector>
 
 #include "persistence/json_item.h"
-#include "persistence/json_string_buffer.h"
 #include "persistence/raised.h"
 #include "platform/text/text.h"
 #include "platform/values/collection.h"
@@ -72,16 +70,11 @@ TEST(JSONWrite, IndentsByTheOptionsOfTheItemThatIsAsked) {
     item.Compact = false;
     EXPECT_EQ(item.ToString(),
               "{\n  \"a\":[],\n  \"b\":[\n    \"x\\/y\",\n    2.5\n  ],\n  \"c\":{}\n}");
-    item.IndentSpacing = 0;
-    item.EscapeSlashes = false;
-    EXPECT_EQ(item.ToString(), "{\n\"a\":[],\n\"b\":[\n\"x/y\",\n2.5\n],\n\"c\":{}\n}");
     item.IndentSpacing = 12;
+    item.EscapeSlashes = false;
     item.DecimalFormat = "0.00";
     const std::string line = "\n" + std::string(12, ' ');
     EXPECT_EQ(item.Serialize(inner.Get()), "[" + line + "\"x/y\"," + line + "2.50\n]");
-    item.DecimalFormat = "";
-    item.Compact = true;
-    EXPECT_EQ(item.Serialize(inner.Get()), "[\"x/y\",2.5]");
     EXPECT_EQ(item.Serialize(nullptr), "");
 }
 
@@ -129,33 +122,6 @@ TEST(JSONWrite, RefusesADocumentThatContainsItselfOrIsTooDeep) {
     }
     EXPECT_EQ(nested->ToString().size(), 2000u);
     EXPECT_EQ(Raised([&] { Written(nested); }), kCircular);
-}
-
-TEST(JSONStringBuffer, DoublesItsSizeAndCountsCharacters) {
-    JSONStringBuffer buffer(uint64_t{4});
-    const std::tuple<std::string, uint64_t, uint64_t> cases[] = {
-        {"abcd", 4, 4},
-        {"e", 8, 5},
-        {std::string(20, 'x'), 32, 25},
-        {"日\xE6", 32, 27},
-        // A character counts with its first byte.
-        {"\x97\xA5", 32, 27}};
-    for (const auto& [text, size, length] : cases) {
-        buffer.Append(text);
-        EXPECT_EQ(buffer.data->Size(), size);
-        EXPECT_EQ(buffer.Len(), length);
-    }
-    EXPECT_EQ(std::string(buffer), "abcde" + std::string(20, 'x') + "日日");
-    EXPECT_EQ(buffer.StringValue().Encoding, TextEncoding::None);
-    JSONStringBuffer empty(std::string_view(""));
-    empty.Append("abc");
-    EXPECT_EQ(std::string(empty), "abc");
-    JSONStringBuffer fresh;
-    EXPECT_EQ(std::string(fresh), "");
-    fresh = "abc";
-    fresh = "def";
-    EXPECT_EQ(fresh.data->Size(), 1024u);
-    EXPECT_EQ(std::string(fresh), "abcdef");
 }
 
 }  // namespace

@@ -8,7 +8,6 @@
 #include <utility>
 
 #include "desktop/machine.h"
-#include "persistence/preference_not_found_exception.h"
 #include "platform/loop/application.h"
 #include "platform/text/text.h"
 #include "support/temporary_folder.h"
@@ -150,16 +149,6 @@ TEST_F(PreferencesTest, LeavesAFileAloneThatIsTooLarge) {
         EXPECT_EQ(Started(), size <= kLimit ? storedValues_ : kDefaults);
         EXPECT_EQ(Preferences::Prefs->Save(), size <= kLimit);
     }
-    // The indentation would make it too large to be read again.
-    std::string numbers = "0";
-    while (numbers.size() < 40'000)
-        numbers += ",0";
-    MakeFile("{\"other\":" + std::string(500, '[') + numbers + std::string(500, ']') + "," +
-             stored_.substr(1));
-    const std::string before = Contents();
-    EXPECT_EQ(Started(), storedValues_);
-    Preferences::Save();
-    EXPECT_TRUE(Contents() == before);
 }
 
 TEST_F(PreferencesTest, ValuesOfAnotherTypeAreConverted) {
@@ -184,20 +173,6 @@ TEST_F(PreferencesTest, AFileThatCanNotBeReadCountsAsAFirstRun) {
         EXPECT_FALSE(Preferences::Prefs->Save()) << make;
         Preferences::Save();
     }
-}
-
-TEST_F(PreferencesTest, TheStoreHoldsAnyValueUnderItsName) {
-    PrefsClass store("App");
-    EXPECT_FALSE(store.Save()) << "no file was loaded";
-    store["a"] = "two";
-    EXPECT_EQ(Variant(store["a"]).StringValue(), "two");
-    EXPECT_THROW(store.Get("A"), Preferences::PreferenceNotFoundException);
-    EXPECT_FALSE(store.Load());
-    EXPECT_TRUE(store.Save());
-    EXPECT_TRUE(PrefsClass("App").Load());
-    store.Remove();
-    EXPECT_EQ(store.Get("a").StringValue(), "two");
-    EXPECT_FALSE(PrefsClass("App").Load());
 }
 
 }  // namespace

@@ -22,14 +22,9 @@ class RegisterFilesTest : public RegisterWorld {
     }
 };
 
-std::string Png(uint32_t width, uint32_t height) {
-    return std::string("\x89PNG\r\n\x1A\n\0\0\0\x0DIHDR", 16) + BigEndian(width) +
-           BigEndian(height) + std::string(900, 'p');
-}
-
-std::string Icns(const std::string& type, const std::string& part) {
-    return IconFile({IconPart(type, part)});
-}
+/// The beginning of an image of 128 by 128 pixels.
+const std::string kImage = std::string("\x89PNG\r\n\x1A\n\0\0\0\x0DIHDR", 16) + BigEndian(128) +
+                           BigEndian(128) + std::string(900, 'p');
 
 TEST_F(RegisterFilesTest, WrongArgumentsCreateNothing) {
     const std::string tooLong = "Adobe InDesign " + std::string(237, 'x');
@@ -44,14 +39,15 @@ TEST_F(RegisterFilesTest, WrongArgumentsCreateNothing) {
     }
     for (const char* version : {"", ".", "8.", ".8", "8..1", "8a", "-8", " 8", "8\n", "x", "08.1"})
         ExpectRefused(Call(kName, version), 2);
-    for (const char* arguments :
-         {"", "--list x", "--remove", "--remove \"$N\" x", "list", "--name \"$N\" --version 8",
-          "--name \"$N\" --version 8 --", "--name \"$N\" --version 8 -- ''",
-          "--name \"$N\" --version -- /bin/true", "--name \"$N\" --version= -- /bin/true",
-          "--name \"$N\" --name \"$N\" --version 8 /bin/true",
-          "--name \"$N\" --version 8 -x /bin/true", "/bin/true --name \"$N\" --version 8",
-          "--name \"$N\" -- /bin/true", "--version 8 -- /bin/true"})
-        ExpectRefused({}, 2, "N='Adobe InDesign CS6'; set -- " + std::string(arguments) + ";");
+    for (const Words& words : {Words(),
+                               {"--list", "x"},
+                               {"--remove"},
+                               {"list"},
+                               Call(kName, "8", {}, {}),
+                               Call(kName, "8", {}, {""}),
+                               Call(kName, "8", {"-x"}),
+                               Call(kName, "8", {"--name", kName})})
+        ExpectRefused(words, 2);
 }
 
 TEST_F(RegisterFilesTest, WhatItDidNotCreateStays) {
@@ -86,14 +82,14 @@ TEST_F(RegisterFilesTest, WhatItDidNotCreateStays) {
 
 TEST_F(RegisterFilesTest, RenewalAndRemovalKeepTheUsersFiles) {
     const std::string icon = BundleOf(kName) + "/Contents/Resources/Application.icns";
-    folder_.Write("image.png", Png(128, 128));
+    folder_.Write("image.png", kImage);
     ASSERT_EQ(Script("mkdir \"Applications/$1\"; echo mine >\"Applications/$1/notes\"", {kName}),
               0);
     const std::string before = Tree();
     ASSERT_EQ(RegisterOne({"--icon", "image.png"}), 0) << folder_.Read("stderr");
     ASSERT_EQ(RegisterCommand(kName, "8.1", {"/bin/sh", "-c", "true"}), 0);
     EXPECT_EQ(List(), "Adobe InDesign CS6  8.1  /bin/sh -c true\n");
-    EXPECT_EQ(folder_.Read(icon), Icns("ic07", Png(128, 128)));
+    EXPECT_EQ(folder_.Read(icon), IconFile({IconPart("ic07", kImage)}));
     EXPECT_TRUE(Has(BundleOf(kName) + "/Contents/Info.plist", "Application.icns"));
     ASSERT_EQ(Register({"--remove", kName}), 0);
     EXPECT_EQ(Tree(), before);
@@ -107,35 +103,10 @@ TEST_F(RegisterFilesTest, RenewalAndRemovalKeepTheUsersFiles) {
     EXPECT_EQ(folder_.Read("left"), "./Contents/MacOS/plug-in\n");
 }
 
-TEST_F(RegisterFilesTest, ImagesBecomeTheIconOrAreRefused) {
-    const std::string icon = BundleOf(kName) + "/Contents/Resources/Application.icns";
-    const std::pair<uint32_t, const char*> kSizes[] = {{1, "icp4"},  {16, "icp4"},  {17, "icp5"},
-                                                       {64, "icp6"}, {512, "ic09"}, {1024, "ic10"}};
-    for (const auto& [size, type] : kSizes) {
-        folder_.Write("icon", Png(size / 2 + 1, size));
-        ASSERT_EQ(RegisterOne({"--icon", "icon"}), 0) << size;
-        EXPECT_EQ(folder_.Read(icon), Icns(type, Png(size / 2 + 1, size))) << size;
-    }
-    const std::string whole = Icns("ic07", Png(128, 128));
-    folder_.Write("icon", whole);
-    ASSERT_EQ(RegisterOne({"--icon", "icon"}), 0);
-    EXPECT_EQ(folder_.Read(icon), whole);
-
-    const Words call = Call(kName, "8", {"--icon", "icon"});
-    for (const std::string& bytes :
-         {std::string("icns"), std::string("GIF89a"), whole.substr(0, whole.size() - 1),
-          whole + "x", Png(16, 16).substr(0, 23), Png(0, 16), Png(16, 1025), Png(~0U, 16)}) {
-        folder_.Write("icon", bytes);
-        ExpectRefused(call, 1);
-    }
-    for (const char* preparation : {"rm icon;", "mkfifo icon;", "rm icon; mkdir icon;"})
-        ExpectRefused(call, 1, preparation);
-}
-
 TEST_F(RegisterFilesTest, FailureLeavesNothingBehind) {
     // Files are limited to 8 KiB: first the icon is longer, then the script.
     const char* const limit = "ulimit -f 16;";
-    folder_.Write("icon", Png(16, 16) + std::string(9000, 'p'));
+    folder_.Write("icon", kImage + std::string(9000, 'p'));
     ExpectRefused(Call(kName, "8", {"--icon", "icon"}), 1, limit);
     const Words longCall = Call(kName, "8", {}, {"/bin/true", std::string(9000, 'x')});
     ExpectRefused(longCall, 1, limit);
@@ -152,7 +123,7 @@ TEST_F(RegisterFilesTest, FailureLeavesNothingBehind) {
 }
 
 TEST_F(RegisterFilesTest, LinksInABundleAreNotFollowed) {
-    folder_.Write("icon", Png(16, 16));
+    folder_.Write("icon", kImage);
     for (const std::string linked : {"MacOS", "Resources"}) {
         const Words arguments = {BundleOf(kName), kName, linked};
         ASSERT_EQ(RegisterOne(), 0) << folder_.Read("stderr");
@@ -171,7 +142,7 @@ TEST_F(RegisterFilesTest, LinksInABundleAreNotFollowed) {
 TEST_F(RegisterFilesTest, FilesThatTheUserChangedStay) {
     const std::string icon = BundleOf(kName) + "/Contents/Resources/Application.icns";
     const std::string script = ScriptOf(kName);
-    folder_.Write("icon", Png(16, 16));
+    folder_.Write("icon", kImage);
     ASSERT_EQ(RegisterOne(), 0);
     folder_.MakeFolder(BundleOf(kName) + "/Contents/Resources");
     folder_.Write(icon, "mine");
@@ -192,26 +163,6 @@ TEST_F(RegisterFilesTest, FilesThatTheUserChangedStay) {
     EXPECT_EQ(Tree(), "Applications\n");
 }
 
-TEST_F(RegisterFilesTest, ConcurrentAndKilledRenewalsNeverMixVersionAndCommand) {
-    const char* const script = R"(
-        register() {
-            ')" DUNVEY_REGISTER R"(' --force --name "$1" --version "$2" "$3" >/dev/null
-        }
-        bundle="Applications/$1/$1.app/Contents"
-        register "$1" 8 /bin/true
-        for i in 1 2 3 4 5 6 7 8 9 10; do
-            register "$1" 8 /bin/true & register "$1" 9 /bin/false &
-            [ $((i % 2)) = 0 ] || { sleep 0.005; kill -9 $!; } 2>/dev/null
-            wait
-            cat "$bundle/Info.plist" "$bundle/MacOS/$1" | grep -E '<string>[89]<|run /bin' | xargs
-        done | grep -e '8<.*false' -e '9<.*true'
-        register "$1" 8 /bin/true
-        ls -A Applications)";
-    // A process that is killed between two renames may leave the application without a script.
-    EXPECT_EQ(Script(std::string("{ ") + script + "\n} >left 2>errors", {kName}), 0);
-    EXPECT_EQ(folder_.Read("left"), std::string(kName) + "\n") << folder_.Read("errors");
-}
-
 TEST_F(RegisterFilesTest, QuestionableVersionsNeedForce) {
     ASSERT_EQ(Register(Call("Adobe InDesign CC 2019", "14.0.1")), 0);
     // A questionable version and a right one.
@@ -226,21 +177,6 @@ TEST_F(RegisterFilesTest, QuestionableVersionsNeedForce) {
         EXPECT_EQ(Register({"--remove", name}), 0) << suffix;
         EXPECT_EQ(Register(Call(name, right)), 0) << suffix;
     }
-}
-
-TEST_F(RegisterFilesTest, ListIsSortedAndAlignedAndMarksWhatIsMissing) {
-    ASSERT_EQ(Script("rmdir Applications"), 0);
-    EXPECT_EQ(List(), "");
-    ASSERT_EQ(Script("cp /bin/true start"), 0);
-    ASSERT_EQ(Register(Call("Adobe InDesign 2021", "16")), 0);
-    ASSERT_EQ(Register({"--name=Adobe InDesign CS6", "--version=8.0.1", "./start", "-x"}), 0);
-    ASSERT_EQ(Script("rm start"), 0);
-    const std::string start = folder_ / "start";
-    EXPECT_EQ(List(), "Adobe InDesign CS6   8.0.1  " + start + " -x  (missing: " + start +
-                          ")\nAdobe InDesign 2021  16     /bin/true\n");
-    ASSERT_EQ(Script("rm -r Applications; echo >Applications"), 0);
-    EXPECT_EQ(Register({"--list"}), 1);
-    EXPECT_TRUE(Has("stderr", "Not a directory"));
 }
 
 }  // namespace

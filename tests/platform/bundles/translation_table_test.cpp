@@ -19,16 +19,5 @@ TEST(TranslationTable, ReadsRowsCommentsAndEscapes) {
     EXPECT_EQ(table, expected);
 }
 
-TEST(TranslationTable, ABrokenRowCostsItsOwnLineOnly) {
-    for (const char* broken :
-         {"\"a\" = \"open", "\"a\" \"b\";", "a = \"b\";", "\"a\" = b;", "\"a\" = \"b\"", "= ;",
-          "\"", "\"a\" = \"\\q\";", "\"a\" = \"\\U12\";", "\"a\" = \"b\\", "garbage \xFF", "}"}) {
-        const std::string text = std::string(broken) + "\n\"k\" = \"v\";\n";
-        EXPECT_EQ(ReadTranslationTable(text), (TranslationTable{{"k", "v"}})) << broken;
-    }
-    EXPECT_TRUE(ReadTranslationTable("/* never closed \"k\" = \"v\";").empty());
-    EXPECT_TRUE(ReadTranslationTable("\"k\" = \"v\"").empty());
-}
-
 }  // namespace
 }  // namespace dunvey

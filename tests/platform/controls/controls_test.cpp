@@ -6,50 +6,12 @@
 #include "platform/controls/check_box.h"
 #include "platform/controls/label.h"
 #include "platform/controls/listbox.h"
-#include "platform/controls/separator.h"
-#include "platform/controls/window.h"
-#include "platform/values/exceptions.h"
 #include "support/user.h"
 
 namespace dunvey {
 namespace {
 
 using test::User;
-
-TEST(Controls, FollowTheEdgesTheyAreLockedTo) {
-    constexpr Bounds kDesign{20, 109, 410, 449};
-    const std::tuple<Locks, Bounds, Bounds> cases[] = {
-        {{}, kDesign, kDesign},
-        {{true, true, true, true}, {20, 109, 510, 459}, {20, 109, 0, 105}},
-        {{false, false, true, true}, {120, 119, 410, 449}, {-480, -235, 410, 449}},
-        {{true, false, false, true}, {20, 119, 410, 449}, {20, -235, 410, 449}}};
-    for (const auto& [locks, grown, shrunk] : cases) {
-        Separator control;
-        control.SetDesign(kDesign, locks);
-        control.Follow(100, 10);
-        EXPECT_EQ(control.Place(), grown);
-        control.Follow(-500, -344);
-        EXPECT_EQ(control.Place(), shrunk) << "relative to the design, not to the last size";
-    }
-}
-
-TEST(Controls, TheScreenLimitsTheMinimumSizeWhichLimitsTheRequestedSize) {
-    Window window({450, 700});
-    window.SetMinWidth(450);
-    window.SetMinHeight(356);
-    const auto size = [&window] { return Size{window.Width(), window.Height()}; };
-    window.SetHeight(100);
-    EXPECT_EQ(size(), (Size{450, 356}));
-    window.SetMinHeight(8000);
-    window.Confine(User::ByUser(), {400, 570});
-    EXPECT_EQ(window.SmallestSize(), (Size{400, 570}));
-    EXPECT_EQ(size(), (Size{400, 570}));
-    window.Confine(User::ByUser(), {2000, 2000});
-    window.SetMinHeight(356);
-    window.SetMaxWidth(500);
-    window.Resize(User::ByUser(), {1000, 1000});
-    EXPECT_EQ(size(), (Size{500, 1000}));
-}
 
 TEST(Controls, AnObservationEndsWithItsHandleOrItsControl) {
     int calls = 0;
@@ -79,19 +41,6 @@ TEST(Controls, IgnoreTheUserWhileTheyAreDisabled) {
     EXPECT_TRUE(canvas.MouseDown(User::ByUser(), 3, 4));
     canvas.SetEnabled(false);
     EXPECT_FALSE(canvas.MouseDown(User::ByUser(), 3, 4));
-}
-
-TEST(ListboxTest, ColumnWidthsShareTheWidthOfTheList) {
-    const std::tuple<const char*, int64_t, std::vector<int64_t>> cases[] = {
-        {"*,90,64", 410, {256, 90, 64}}, {"*,90,64", 100, {0, 90, 64}},
-        {"90,*,*", 191, {90, 50, 51}},   {"", 91, {30, 30, 31}},
-        {"10", 50, {10, 20, 20}},        {"10,20,30,40", 50, {10, 20, 30}}};
-    for (const auto& [widths, width, expected] : cases) {
-        Listbox list;
-        list.SetColumnCount(3);
-        list.SetColumnWidths(widths);
-        EXPECT_EQ(list.ColumnWidthsIn(width), expected) << widths;
-    }
 }
 
 /// Compares only the numbers at the beginning of the texts.
@@ -139,18 +88,6 @@ TEST(ListboxTest, TypedTextPrefersWholeNamesAndTheSelectedRow) {
         list.SetListIndex(selected);
         EXPECT_EQ(list.RowWithWord(text), row) << text << selected;
     }
-}
-
-TEST(ListboxTest, RefusesMissingRowsAndColumns) {
-    Listbox list;
-    list.AddRow("a");
-    EXPECT_THROW(list.Cell(1, 0), OutOfBoundsException);
-    EXPECT_THROW(list.SetCell(0, 1, ""), OutOfBoundsException);
-    EXPECT_THROW(list.SetColumnAlignment(1, 0), OutOfBoundsException);
-    EXPECT_THROW(list.SetRowPicture(-1, nullptr), OutOfBoundsException);
-    EXPECT_THROW(list.Selected(-1), OutOfBoundsException);
-    list.Select(User::ByUser(), 1);
-    EXPECT_EQ(list.ListIndex(), -1);
 }
 
 }  // namespace

@@ -65,16 +65,6 @@ TEST(RegEx, SearchesAndReplacesAllMatches) {
     EXPECT_THROW(expression.Search("abc"), RegExException);
 }
 
-TEST(RegEx, ACachedPatternKeepsNothingOfItsLastMatch) {
-    for (int i = 0; i < 50; ++i) {
-        RegEx expression;
-        expression.SearchPattern = "(x)(" + std::to_string(i) + ")?";
-        expression.ReplacementPattern = "\\2";
-        EXPECT_EQ(expression.Replace("x" + std::to_string(i)), std::to_string(i));
-        EXPECT_EQ(expression.Replace("x"), "");
-    }
-}
-
 // Without limits the time would grow with the cube of the length.
 TEST(RegEx, AHostileTextEndsAsNoMatch) {
     std::string line;

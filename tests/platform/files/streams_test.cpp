@@ -25,14 +25,6 @@ class Streams : public ::testing::Test {
     const Ref<FolderItem> file_ = New<FolderItem>(folder_.Write("file", std::string("ab\0cd", 5)));
 };
 
-TEST_F(Streams, BinaryStreamReadsInPieces) {
-    const Ref<BinaryStream> stream = BinaryStream::Open(file_);
-    EXPECT_EQ(stream->Length(), 5);
-    EXPECT_EQ(stream->Read(3), std::string("ab\0", 3));
-    EXPECT_EQ(stream->Read(9), "cd");
-    EXPECT_EQ(stream->Read(9), "");
-}
-
 TEST_F(Streams, RefuseWhatIsNoRegularFileOrTooLargeAndNeverWait) {
     ASSERT_EQ(mkfifo((folder_ / "fifo").c_str(), 0600), 0);
     for (const std::string& path : {folder_ / "fifo", folder_.Path(), folder_ / "none",

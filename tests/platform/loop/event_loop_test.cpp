@@ -12,8 +12,6 @@
 namespace dunvey {
 namespace {
 
-using Answer = headless::ScriptedDesktop::Answer;
-
 class TestTimer final : public Timer {
  public:
     explicit TestTimer(std::function<void()> action, int period = 1) : action_(std::move(action)) {
@@ -119,20 +117,6 @@ TEST_F(EventLoopTest, AnOuterLoopEndsAfterTheInnerOnesAndNoneStartsAfterAnExcept
     EXPECT_EQ(log_, "inner ended");
     loop_.Enter([] { throw IOException("lost"); });
     EXPECT_THROW(ModalLoop().Run(), IOException);
-}
-
-TEST_F(EventLoopTest, TheScriptIsStrict) {
-    EXPECT_THROW(MsgBox("surprise"), headless::ScriptFault);
-    user_->ExpectMessage("other");
-    EXPECT_THROW(MsgBox("surprise"), headless::ScriptFault);
-    user_->ExpectMessage("no cancel", Answer::Cancel);
-    EXPECT_THROW(MsgBox("no cancel"), headless::ScriptFault);
-    user_->ExpectMessage("left over");
-    EXPECT_THROW(user_->Finish(), headless::ScriptFault);
-    user_->ExpectMessage("more");
-    MsgBox("left over");
-    MsgBox("more");
-    EXPECT_THROW(ModalLoop().Run(), headless::ScriptFault) << "no step is left";
 }
 
 TEST_F(EventLoopTest, WithoutADesktopDialogsAndWaitingRaise) {

@@ -1,13 +1,11 @@
 #include <gtest/gtest.h>
-#include <unistd.h>
 
+#include <cstdlib>
 #include <string>
 
 #include "platform/bundles/executable_path.h"
 #include "platform/bundles/system.h"
-#include "platform/files/anonymous_file.h"
 #include "platform/files/special_folder.h"
-#include "platform/loop/clock.h"
 #include "platform/loop/keyboard.h"
 #include "platform/processes/shell_environment.h"
 #include "platform/processes/system_information.h"
@@ -25,12 +23,6 @@ TEST(MacMachine, KnowsItsVersionLanguageAndFolders) {
     EXPECT_FALSE(Keyboard::AsyncCommandKey() || Keyboard::AsyncOptionKey());
 }
 
-TEST(MacMachine, SleepsUntilTheTimeHasCome) {
-    const Clock::Time until = Clock::Now() + std::chrono::milliseconds(5);
-    Clock::SleepUntil(until);
-    EXPECT_GE(Clock::Now(), until);
-}
-
 TEST(MacMachine, CommandsFindOnlyTheProgramsOfMacOS) {
     setenv("PATH", "/tmp", 1);
     setenv("BASH_FUNC_open%%", "() { :; }", 1);
@@ -40,13 +32,6 @@ TEST(MacMachine, CommandsFindOnlyTheProgramsOfMacOS) {
     EXPECT_NE(variables.find("\nPATH=/usr/bin:/bin:/usr/sbin:/sbin"), std::string::npos);
     EXPECT_EQ(variables.find("\nPATH=/tmp"), std::string::npos);
     EXPECT_EQ(variables.find("\nBASH_FUNC_"), std::string::npos);
-}
-
-TEST(MacMachine, AnAnonymousFileIsReadFromItsBeginning) {
-    const FileDescriptor file = MakeAnonymousFile("text");
-    ASSERT_TRUE(file);
-    char text[8];
-    EXPECT_EQ(std::string(text, static_cast<size_t>(read(file.Get(), text, sizeof text))), "text");
 }
 
 }  // namespace

@@ -1,7 +1,6 @@
 #include "platform/menus/menu_item.h"
 
 #include "platform/controls/responder_chain.h"
-#include "platform/menus/menu_caption.h"
 #include "platform/values/exceptions.h"
 #include "support/menu_world.h"
 
@@ -17,50 +16,6 @@ class MenuItems : public test::MenuWorld {
 
     const Ref<MenuItem> menu_ = New<MenuItem>("Menu");
 };
-
-TEST(MenuCaption, TheFirstAmpersandMarksTheNextCharacter) {
-    const std::tuple<std::string, std::string, std::optional<size_t>> rows[] = {
-        {"&Undo", "Undo", 0},    {"Save &As", "Save As", 5},
-        {"&A&B", "A&B", 0},      {"編集(&E)", "編集(E)", 7},
-        {"Plain", "Plain", {}},  {"End&", "End", {}},
-        {"A && B", "A & B", {}}, {"A & B", "A  B", {}},
-        {"&", "", {}},           {"", "", {}},
-    };
-    for (const auto& [text, title, mnemonic] : rows) {
-        EXPECT_EQ(MenuCaption(text).title, title) << text;
-        EXPECT_EQ(MenuCaption(text).mnemonic, mnemonic) << text;
-    }
-}
-
-TEST_F(MenuItems, AreFoundByNameInTheOrderOfTheTree) {
-    menu_->Append(nullptr);
-    const Ref<MenuItem> child = New<MenuItem>("Twice");
-    Add("Inner")->Append(child);
-    Add("Twice");
-    EXPECT_EQ(menu_->Find("Twice"), child);
-    EXPECT_FALSE(menu_->Find("Menu")) << "not one of its own items";
-    EXPECT_FALSE(menu_->Item(0));
-    EXPECT_EQ(menu_->Count(), 3);
-    EXPECT_THROW(menu_->Item(3), OutOfBoundsException);
-}
-
-TEST_F(MenuItems, SeparatorsAreShownOnlyBetweenItems) {
-    // A letter is an item, a capital or "=" a hidden one, "." nil.
-    const std::pair<std::string, std::string> rows[] = {
-        {"", ""},     {"-", ""},    {"--a-b--", "a-b"}, {"a--b", "a-b"},    {"a-B-c", "a-c"},
-        {"A-b", "b"}, {"a-B", "a"}, {"a-.-b", "a-b"},   {"a-b-c", "a-b-c"}, {"a=b", "ab"}};
-    for (const auto& [items, shown] : rows) {
-        MenuItem menu;
-        for (const char c : items) {
-            menu.Append(c == '.' ? nullptr : New<MenuItem>("", std::string(1, c == '=' ? '-' : c)));
-            if (c != '.') menu.Items().back()->Visible = c == '-' || c >= 'a';
-        }
-        std::string texts;
-        for (const Ref<MenuItem>& item : menu.ItemsShown())
-            texts += item->Text;
-        EXPECT_EQ(texts, shown) << items;
-    }
-}
 
 TEST_F(MenuItems, ValidateEnablesItemsThatHaveAnActionOrItems) {
     menu_->Append(nullptr);
@@ -102,18 +57,6 @@ TEST_F(MenuItems, OnlyEnabledAndVisibleItemsCanBeChosen) {
     item->Text = "-";
     EXPECT_FALSE(Choose(item));
     EXPECT_EQ(chosen, 3);
-}
-
-TEST_F(MenuItems, AnItemLivesWhileItsActionRuns) {
-    Ref<MenuItem> item = New<MenuItem>("Item");
-    const std::weak_ptr<MenuItem> watched = item.Shared();
-    item->Action = [&] {
-        item = nullptr;
-        return !watched.expired();
-    };
-    // A reference that doesn't own the item.
-    EXPECT_TRUE(Choose(Ref(std::shared_ptr<MenuItem>(std::shared_ptr<void>(), item.Get()))));
-    EXPECT_TRUE(watched.expired());
 }
 
 TEST(ResponderChain, AsksTheFrontWindowThenTheApplication) {

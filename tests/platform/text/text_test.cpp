@@ -11,17 +11,11 @@ namespace {
 using namespace std::string_literals;
 
 TEST(Text, PositionsCountCharactersFromOne) {
-    struct Case {
-        int64_t start;
-        const char* text;
-        const char* part;
-        int64_t position;
-    };
-    const Case cases[] = {{0, "Adobe", "b", 4},       {1, "abab", "ab", 1},
-                          {2, "abab", "ab", 3},       {0, "abc", "B", 0},
-                          {0, "日本x", "x", 3},       {3, "日本x日", "日", 4},
-                          {0, "abc", "", 0},          {9, "abc", "c", 0},
-                          {INT64_MIN, "abc", "c", 3}, {INT64_MAX, "abc", "c", 0}};
+    const std::tuple<int64_t, const char*, const char*, int64_t> cases[] = {
+        {0, "Adobe", "b", 4},      {1, "abab", "ab", 1}, {2, "abab", "ab", 3},
+        {0, "abc", "B", 0},        {0, "日本x", "x", 3}, {3, "日本x日", "日", 4},
+        {0, "abc", "", 0},         {9, "abc", "c", 0},   {INT64_MIN, "abc", "c", 3},
+        {INT64_MAX, "abc", "c", 0}};
     for (const auto& [start, text, part, position] : cases)
         EXPECT_EQ(InStr(start, text, part), position) << text << " " << part;
 }

@@ -66,34 +66,6 @@ TEST(Variant, RefusesWhatItCanNotConvert) {
     EXPECT_EQ(Variant(Color{0x00FF}).StringValue(), "&h0000FF");
 }
 
-TEST(Variant, TextsKeepBytesAndEncoding) {
-    const std::string bytes("a\0\xFF", 3);
-    for (const TextEncoding encoding : {TextEncoding::None, Encodings::UTF8, Encodings::UTF16}) {
-        const Variant text(bytes, encoding);
-        EXPECT_EQ(text.EncodedValue(), (EncodedText{bytes, encoding}));
-        EXPECT_TRUE(text == Variant(bytes)) << "encodings are not compared";
-        EXPECT_FALSE(text == Variant(bytes + "x"));
-    }
-}
-
-TEST(Variant, ArraysHaveTheTypeOfTheirElements) {
-    using Integers = std::vector<int32_t>;
-    const std::pair<Variant, int> cases[] = {{std::vector<bool>{true}, 11},
-                                             {Integers{}, 2},
-                                             {std::vector<int64_t>{1}, 3},
-                                             {std::vector<float>{1}, 4},
-                                             {std::vector<double>{1}, 5},
-                                             {std::vector<std::string>{"a"}, 8},
-                                             {std::vector<Ref<Object>>{nullptr}, 9},
-                                             {std::vector<Date>{}, 7},
-                                             {std::vector<Variant>{1, "a"}, 0}};
-    for (const auto& [array, type] : cases)
-        EXPECT_EQ(array.VarType(), 4096 + type);
-    EXPECT_TRUE(Variant(Integers{1}) == Variant(Integers{1}));
-    EXPECT_FALSE(Variant(Integers{1}) == Variant(Integers{2}));
-    EXPECT_FALSE(Variant(Integers{1}) == Variant(std::vector<int64_t>{1}));
-}
-
 TEST(Variant, NumbersAreEqualByValue) {
     constexpr int64_t kOdd = 9007199254740993;
     const std::pair<Variant, Variant> same[] = {
@@ -104,17 +76,6 @@ TEST(Variant, NumbersAreEqualByValue) {
         EXPECT_TRUE(left == right) << left.StringValue();
     for (const auto& [left, right] : others)
         EXPECT_FALSE(left == right) << left.StringValue();
-}
-
-TEST(Variant, KeepsItsObjectAlive) {
-    Variant value(New<Object>());
-    const Variant copy = value;
-    EXPECT_TRUE(value == copy);
-    const std::weak_ptr<Object> watched = value.ObjectValue().Shared();
-    value = copy.ObjectValue();
-    EXPECT_EQ(watched.use_count(), 2);
-    value = Variant();
-    EXPECT_EQ(watched.use_count(), 1);
 }
 
 }  // namespace
