@@ -17,9 +17,10 @@ constexpr const char* kPlugin = "libDunveyQt.so";
 
 [[noreturn]] void RefusePlugin() {
     const char* const reason = dlerror();
-    throw DesktopUnavailableException(std::string("The part that shows windows can't be loaded: ") +
-                                      (reason != nullptr ? reason : "unknown reason") +
-                                      ". Install Dunvey again; Qt is needed, as its package says.");
+    throw DesktopUnavailableException(
+        std::string("The Qt plug-in can't be loaded: ") +
+        (reason != nullptr ? reason : "unknown reason") +
+        ". Install Dunvey again, with the Qt libraries that its package names.");
 }
 
 /// Makes the desktop of the plug-in in the bundle's PlugIns folder.

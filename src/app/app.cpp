@@ -78,7 +78,7 @@ void App::JudgeToOpen() {
     OpenFile();
 }
 
-/// Decides for one document, by what runs at this moment, and asks if need be.
+/// Decides for one document by what is running now, and asks the user if needed.
 void App::Judge(int64_t idx) {
     const Ref<FileClass> document = At(Files, idx);
     InDesign::GetBootingAppNames();
@@ -90,7 +90,7 @@ void App::Judge(int64_t idx) {
                         decision.IsInstalled, needJudgment);
         if (!document->WillOpen) ReportLeftOut(*document, "its window was closed.");
     } catch (const DesktopUnavailableException& failure) {
-        // The user asked for a window that nothing else calls for: opened without one.
+        // Only the Command key asked for the window, so the document is opened without it.
         if (!needJudgment) return;
         document->WillOpen = false;
         CouldNotAsk = true;
@@ -136,7 +136,7 @@ void App::OpenFile() {
             paths += (*end)->File->ShellPath() + " ";
             if (end + 1 != Files.end()) RuntimeBackgroundTask();
         }
-        // The blank follows each path of a group; a last document on its own has none.
+        // A blank follows each path, but not that of a single document at the end.
         if (end == Files.end() && end - first == 1) paths.pop_back();
         InDesign::OpenWith((*first)->WillUseApp, paths);
         first = end;

@@ -12,21 +12,21 @@
 
 namespace dunvey {
 
-/// The application object. It gathers the documents of one run, decides for each, opens them and
-/// ends the program.
+/// The application object. It collects the documents of one run, chooses the application for each,
+/// opens them and ends the program.
 class App : public Application {
  public:
-    /// The registered application object as an App; nil if it is another class. Raises
+    /// The registered application object as an App; nil if it has another class. Raises
     /// NilObjectException if there is none.
     static Ref<App> Instance() { return Application::Current().As<App>(); }
 
-    /// Ends a run of documents; nil until Event_Open makes it.
+    /// Fires when no further document has arrived; nil until Event_Open.
     Ref<DropTimer> t;
     /// The documents of this run, in the order of arrival until JudgeToOpen sorts them.
     std::vector<Ref<FileClass>> Files;
-    /// Whether a further document is still taken. Once False it stays False.
+    /// Whether documents are still accepted. Once False it stays False.
     bool CanAccepted = true;
-    /// Whether a document was left out because there is no screen to ask on.
+    /// Whether a document was not opened because there is no screen to ask the user.
     bool CouldNotAsk = false;
 
     void Event_Open() override;
@@ -34,8 +34,8 @@ class App : public Application {
     void Event_OpenDocument(const Ref<FolderItem>& document) override;
     /// The menu's About item. Returns whether the command was handled.
     virtual bool _FileAbout_Action();
-    /// Decides for each document of the run, asks the user where need be, and calls OpenFile.
-    /// Returns when all windows have closed and all commands have ended.
+    /// Chooses the application of each document, asks the user where needed, and calls OpenFile.
+    /// Returns when all windows are closed and all commands have ended.
     virtual void JudgeToOpen();
     App() = default;
 
@@ -48,8 +48,8 @@ class App : public Application {
                          bool NeedJudgment);
     /// Asks the operating system's application object to terminate.
     void terminate();
-    /// Removes the withdrawn documents from Files and opens the others, one command for each run of
-    /// equal WillUseVer, in the order of Files.
+    /// Removes the withdrawn documents from Files and opens the others, one command for each group
+    /// of neighbours with equal WillUseVer, in the order of Files.
     void OpenFile();
 
  private:

@@ -4,11 +4,10 @@
 
 namespace dunvey {
 
-/// Ends the gathering of documents. Each arrival restarts it, so it fires when no further document
-/// is waiting.
+/// Fires when no further document is waiting: each arriving document restarts it.
 class DropTimer : public Timer {
  protected:
-    /// Stops the intake for good, decides and opens the run, and quits.
+    /// Accepts no further documents, opens those that have arrived, and quits.
     void Event_Action() override;
 };
 

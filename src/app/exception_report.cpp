@@ -49,7 +49,7 @@ void ReportException(const std::exception_ptr& exception) {
     try {
         ShowReport(report);
     } catch (...) {
-        // No screen, or it is the screen that failed: standard error has the report.
+        // There is no screen, or the dialog failed. Standard error has the report.
     }
 }
 

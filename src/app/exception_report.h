@@ -13,7 +13,7 @@ void ReportException(const std::exception_ptr& exception);
 /// The text of that dialog.
 namespace ExceptionText {
 
-/// The name of the exception follows.
+/// Precedes the exception's name.
 inline constexpr LocalizedText kMustEnd{"ExceptionText.kMustEnd", "Dunvey has to end: "};
 
 }  // namespace ExceptionText

@@ -7,16 +7,16 @@
 
 namespace dunvey {
 
-/// What is running, as far as one document is concerned.
+/// The running applications, compared with a document's own.
 struct RunningFlags {
-    /// The document's own application runs.
+    /// The document's own application is running.
     bool IsBootingApp = false;
-    /// Another application than the document's runs.
+    /// An application other than the document's is running.
     bool IsBootingOtherApp = false;
 };
 
-/// The flags for a document whose application has that bundle name. Two running names count as
-/// another application, even if both are the document's.
+/// The flags for a document whose application has the bundle name `appName`. With two or more
+/// running names IsBootingOtherApp is set, even if all are the document's.
 RunningFlags JudgeRunning(const std::vector<std::string>& running, const std::string& appName);
 
 /// Why the user must be asked; kNothing if the program can decide by itself.
@@ -29,7 +29,7 @@ inline bool NeedsJudgment(const RunningFlags& flags, bool isInstalled) {
     return QuestionFor(flags, isInstalled) != Question::kNothing;
 }
 
-/// What is to be done with a document while the Command key is up.
+/// What happens to a document if the Command key isn't held down.
 struct OpenDecision : RunningFlags {
     /// An installed application belongs to the document.
     bool IsInstalled = false;

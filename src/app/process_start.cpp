@@ -23,7 +23,7 @@ int RunApplication() {
         return EventLoop::Current().Run(*Application::Current());
     } catch (const DesktopUnavailableException&) {
         if (!IsNothingToOpen()) throw;
-        // Each argument has been refused on standard error; without a screen nothing is left to do.
+        // Each argument was refused on standard error. Without a screen nothing is left to do.
         Application::Current()->Close();
         return 0;
     }

@@ -11,7 +11,7 @@ class AboutWindow : public Window {
  public:
     AboutWindow();
 
-    /// The open one, else a new one.
+    /// The open window, else a new one.
     static Ref<AboutWindow> Instance();
 
     virtual const Ref<Canvas>& CanvasAppIcon() const { return canvasAppIcon_; }

@@ -10,7 +10,7 @@ namespace dunvey {
 /// A list with stripes and hair lines, sorted in the order of a file manager.
 class myListBox : public Listbox {
  public:
-    /// Lets the owner paint the cell background; its answer is returned to the list.
+    /// Lets the owner paint the cell background; its result is returned to the list.
     std::function<bool(Listbox&, Graphics&, int64_t row, int64_t column)> CellBackgroundPaint;
 
     /// Paints nothing in a selected row.

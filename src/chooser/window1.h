@@ -64,7 +64,7 @@ class Window1 : public Window {
     virtual const Ref<Canvas>& Canvas2() const { return canvas2_; }
 
     virtual void AppList_Open(Listbox& list);
-    /// Greys rows that can't open the document. Always false: the list draws the text itself.
+    /// Sets grey for rows that can't open the document. Always false: the list draws the text.
     virtual bool AppList_CellTextPaint(Listbox& list, Graphics& graphics, int64_t row,
                                        int64_t column, int64_t x, int64_t y);
     /// Updates the open and the quit button for the selected row.
@@ -75,7 +75,7 @@ class Window1 : public Window {
     virtual void CheckBox1_Action(CheckBox& checkBox);
     virtual void CheckBox2_Action(CheckBox& checkBox);
     virtual void PushButton3_Action(PushButton& button);
-    /// Claims the click; nothing else happens.
+    /// Always true, so that the release is reported.
     virtual bool Canvas1_MouseDown(Canvas& canvas, int64_t x, int64_t y);
     virtual void Canvas1_MouseUp(Canvas& canvas, int64_t x, int64_t y);
 
@@ -139,21 +139,21 @@ class Window1 : public Window {
     void Event_Open() override;
     /// Rebuilds the list of installed applications and sets the window's height for it.
     virtual void SetAppList();
-    /// Fills the head of the window: the document and what is wrong with it.
+    /// Shows the document's icon, name and version, and a warning if there is one.
     virtual void SetFileInfo();
     /// Marks the rows that may open the document and selects the best one. Call it after
     /// SetAppList.
     virtual void SetEaseUse();
-    /// Refreshes the state, the list, the head and the selection.
+    /// Updates the state, the list, the document's information and the selection.
     virtual void ReView();
     /// Recomputes the state flags except IsInstalled.
     virtual void JudgeFile();
 
-    /// Asks whether to open although several versions will then run. True if the document must not
-    /// be opened now; the user may also end the program.
+    /// Asks whether to open the document although several versions will then run. True if not. The
+    /// user may also end the program.
     bool ShowAlertIMixed();
     /// Sends quit requests until the application isn't running any more or the window has closed.
-    /// Events are served meanwhile.
+    /// Events are processed meanwhile.
     void QuitTheApp(const Ref<FolderItem>& application);
     /// Writes the selected application into the document's record and closes the window. Does
     /// nothing where no row is selected or the application is gone from the disk.
@@ -172,7 +172,7 @@ class Window1 : public Window {
     void AddAppRow(const Ref<FolderItem>& application);
     void SetListHeight();
     void Warn();
-    /// Sets the row's usable tag and help tag; selects the row if it is the best one so far.
+    /// Sets the row's tag "can open" and help tag; selects the row if it is the best so far.
     void JudgeRow(int64_t row, double documentVersion);
     void UpdateButtons(int64_t row);
     template <typename T>

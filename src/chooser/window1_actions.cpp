@@ -26,20 +26,20 @@ std::string MajorAndMinor(const std::string& version) {
     return fields.size() < 2 ? version : fields[0] + "." + fields[1];
 }
 
-/// While this lives, the list says what is waited for and the pointer shows work.
-class WaitingMark {
+/// Shows a note over the list and the busy pointer until destroyed.
+class WaitingNote {
  public:
-    WaitingMark(Window1& window, const std::string& note)
+    WaitingNote(Window1& window, const std::string& note)
         : window_(window), noteBefore_(window.AppList()->Note()), busyBefore_(window.Busy()) {
         window_.AppList()->SetNote(note);
         window_.SetBusy(true);
     }
-    ~WaitingMark() {
+    ~WaitingNote() {
         window_.AppList()->SetNote(noteBefore_);
         window_.SetBusy(busyBefore_);
     }
-    WaitingMark(const WaitingMark&) = delete;
-    WaitingMark& operator=(const WaitingMark&) = delete;
+    WaitingNote(const WaitingNote&) = delete;
+    WaitingNote& operator=(const WaitingNote&) = delete;
 
  private:
     Window1& window_;
@@ -91,7 +91,7 @@ bool Window1::ShowAlertIMixed() {
 void Window1::QuitTheApp(const Ref<FolderItem>& application) {
     const std::string command = "osascript -e " + QuotedShellWord(kQuitScript) + " " +
                                 QuotedShellWord(UnixpathMBS(*application));
-    const WaitingMark waiting(
+    const WaitingNote waiting(
         *this, LocalizedNote::WithName(LocalizedNote::kWaiting, ShortName(application->Name())));
     do {
         Shell shell;

@@ -26,12 +26,12 @@ void Window1::SetAppList() {
     AppList()->DeleteAllRows();
     if (!InDesign::InstalledApps.empty()) {
         InDesign::GetBootingAppNames();
-        const int64_t filling = AppList()->Filling();
+        const int64_t generation = AppList()->Generation();
         for (int64_t i = 0; i <= UpperBound(InDesign::InstalledApps); ++i) {
             AddAppRow(At(InDesign::InstalledApps, i));
             RuntimeBackgroundTask();
             // An event may have closed the window or rebuilt the list.
-            if (IsClosed() || AppList()->Filling() != filling) return;
+            if (IsClosed() || AppList()->Generation() != generation) return;
         }
         AppList()->SetColumnSortDirection(1, Listbox::kSortAscending);
         AppList()->SetSortedColumn(1);

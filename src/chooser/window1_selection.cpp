@@ -1,8 +1,8 @@
 #include "chooser/window1.h"
 #include "menus/localized.h"
 #include "persistence/preferences.h"
-#include "platform/loop/event_loop.h"
 #include "platform/controls/reg_ex_xojo.h"
+#include "platform/loop/event_loop.h"
 #include "platform/loop/keyboard.h"
 #include "platform/text/text.h"
 #include "platform/values/array.h"
@@ -33,12 +33,12 @@ void Window1::SetEaseUse() {
     const int64_t last = AppList()->ListCount() - 1;
     if (last == -1) return;
     const double documentVersion = Val(Document()->Ver);
-    const int64_t filling = AppList()->Filling();
+    const int64_t generation = AppList()->Generation();
     for (int64_t row = 0; row <= last; ++row) {
         JudgeRow(row, documentVersion);
         RuntimeBackgroundTask();
         // An event may have closed the window or rebuilt the list.
-        if (IsClosed() || AppList()->Filling() != filling) return;
+        if (IsClosed() || AppList()->Generation() != generation) return;
     }
 }
 

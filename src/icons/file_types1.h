@@ -9,7 +9,7 @@
 /// documents and books. At run time the extension and the header decide what a document is, not
 /// this table.
 ///
-/// Each row: its name, FileType's Name, MacType and UTI. The number is ten times the version.
+/// Each row: its name, FileType's Name, MacType and UTI. Its number is ten times the version.
 #define DUNVEY_FILE_TYPE_ROWS(ROW)                                     \
     ROW(ID30_Document_Icon, "InDesign® CS Document", "IDd3", "")       \
     ROW(ID40_Document_Icon, "InDesign® CS2 Document", "IDd4", "")      \

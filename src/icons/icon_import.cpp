@@ -23,7 +23,7 @@ IconPair IconsIn(const FolderItem& resources) {
     return {resources.Child("ID_Document_Icon.icns"), resources.Child("ID_Book_Icon.icns")};
 }
 
-bool IsThere(const Ref<FolderItem>& item) {
+bool Exists(const Ref<FolderItem>& item) {
     return item && item->Exists();
 }
 
@@ -38,8 +38,8 @@ std::string RunCopyScript(const FolderItem& resources, const IconPair& sources,
 bool Import(const IconPair& sources) {
     const Ref<FolderItem> resources = OwnResources();
     const IconPair destinations = IconsIn(*resources);
-    if (IsThere(destinations.Document)) destinations.Document->Delete();
-    if (IsThere(destinations.Book)) destinations.Book->Delete();
+    if (Exists(destinations.Document)) destinations.Document->Delete();
+    if (Exists(destinations.Book)) destinations.Book->Delete();
     const bool document = General::CopyFileOrFolder(sources.Document, destinations.Document);
     const bool book = General::CopyFileOrFolder(sources.Book, destinations.Book);
     return (document && book) || RunCopyScript(*resources, sources, destinations).empty();
@@ -52,11 +52,11 @@ void GetIconFile() {
     const Ref<FolderItem> newest = InstalledApps.back();
     if (!newest) return;
     const IconPair sources = IconsIn(*newest->Child("Contents")->Child("Resources"));
-    if (!IsThere(sources.Document) || !IsThere(sources.Book)) return;
+    if (!Exists(sources.Document) || !Exists(sources.Book)) return;
     try {
         ShowAlertWillIconCopy();
     } catch (const DesktopUnavailableException&) {
-        // The documents are opened nevertheless, and the next start tries again.
+        // The documents are still opened, and the next start tries again.
         WriteErrorLine("Dunvey: the document icons aren't imported without a screen.");
         return;
     }

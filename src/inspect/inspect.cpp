@@ -32,7 +32,7 @@ int Print(const std::string& text, int exitCode) {
     return 1;
 }
 
-/// Counts the documents on a terminal, from one second on, and removes the line at the end.
+/// Shows the number of documents on a terminal after one second; removes it at the end.
 class Progress {
  public:
     ~Progress() {

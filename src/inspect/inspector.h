@@ -11,7 +11,7 @@
 
 namespace dunvey {
 
-/// What is known of all documents of one version.
+/// What holds for all documents of one version.
 struct VersionAnswer {
     /// The product's name, such as "CS6".
     std::string product;
@@ -21,7 +21,7 @@ struct VersionAnswer {
     OpenDecision decision;
 };
 
-/// What dunvey-inspect says of one file.
+/// What dunvey-inspect reports about one file.
 struct Finding {
     std::string path;
     /// Why the file is no document; for a document kNone.
@@ -39,12 +39,12 @@ struct Finding {
 /// Examines files as the main program would, without opening any document.
 class Inspector {
  public:
-    /// `readsProcesses`: whether the running applications matter. They are listed once, for the
-    /// first document. `progress` is called after each file with their number.
+    /// `readsProcesses`: whether to list the running applications, once, for the first document.
+    /// `progress` is called after each file with the number of files so far.
     Inspector(bool readsProcesses, std::function<void(size_t)> progress);
 
-    /// Examines the file at a path; with `recursive` all documents below a folder, links to folders
-    /// aside, in name order.
+    /// Examines the file at a path. With `recursive`, a folder's documents at any depth are
+    /// examined, in name order; links to folders aren't followed.
     void Examine(const std::string& path, bool recursive);
     const std::vector<Finding>& Findings() const { return findings_; }
 

@@ -12,7 +12,7 @@
 namespace dunvey {
 namespace {
 
-/// A word of the report: for programs, and for people.
+/// A word of the report: `code` for programs, `text` for people.
 struct Word {
     std::string_view code;
     LocalizedText text;
@@ -56,22 +56,22 @@ Word ByteOrderOf(const InDesign::HeaderReading& header) {
 }
 
 Row RowOf(const Finding& finding, bool forPeople = false) {
-    const auto said = [&](const Word& word) {
+    const auto text = [&](const Word& word) {
         return forPeople && !word.code.empty() ? word.text("") : std::string(word.code);
     };
     const std::vector<int64_t>& version = finding.header.version;
     const bool hasVersion = HasVersion(finding);
     Row row = {finding.path,
-               hasVersion ? Str(version[0]) + "." + Str(version[1]) : said(ReasonOf(finding))};
+               hasVersion ? Str(version[0]) + "." + Str(version[1]) : text(ReasonOf(finding))};
     if (finding.answer == nullptr) return row;
     const VersionAnswer& answer = *finding.answer;
     const OpenDecision& decision = answer.decision;
-    row[2] = said(ByteOrderOf(finding.header));
+    row[2] = text(ByteOrderOf(finding.header));
     row[3] = hasVersion ? answer.product : std::string();
     row[4] = answer.application;
     row[5] = answer.applicationVersion;
-    row[6] = said(kRunning[(decision.IsBootingApp ? 2 : 0) + (decision.IsBootingOtherApp ? 1 : 0)]);
-    row[7] = said(kDecisions[static_cast<int>(decision.question)]);
+    row[6] = text(kRunning[(decision.IsBootingApp ? 2 : 0) + (decision.IsBootingOtherApp ? 1 : 0)]);
+    row[7] = text(kDecisions[static_cast<int>(decision.question)]);
     return row;
 }
 

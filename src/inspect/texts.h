@@ -37,7 +37,7 @@ inline constexpr LocalizedText kAnotherRuns{"InspectText.kAnotherRuns",
 inline constexpr LocalizedText kNotInstalled{"InspectText.kNotInstalled",
                                              "asks: this version is not installed"};
 
-/// The number of documents comes before it.
+/// Follows the number of documents.
 inline constexpr LocalizedText kProgress{"InspectText.kProgress", " documents read"};
 inline constexpr LocalizedText kUsage{
     "InspectText.kUsage",

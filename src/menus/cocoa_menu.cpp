@@ -12,7 +12,7 @@ Ref<MenuItem> ApplicationMenuBar() {
     return Application::Current()->MenuBar();
 }
 
-/// The item of the native menu that bears the title of `item`; nil without a menu.
+/// The item of the native menu with the title of `item`; nil without a menu.
 Ref<NSMenuItem> ItemWithTitleOf(const Ref<MenuItem>& item, const Ref<NSMenu>& menu) {
     return menu ? menu->itemWithTitle(MenuCaption(item->Text).title) : nullptr;
 }
@@ -21,12 +21,12 @@ bool Responds(const Responder& responder, const char* question) {
     return responder.respondsToSelector(NSSelectorFromString(question));
 }
 
-/// Whether the one who would answer lets the item be enabled. One that can't be asked does.
+/// Whether the responder enables the item; true if it doesn't validate items.
 bool IsValid(Responder& target, const Ref<NSMenuItem>& item) {
     const bool knowsMenuItems = Responds(target, "validateMenuItem:");
     const bool knowsInterfaceItems = Responds(target, "validateUserInterfaceItem:");
     if (!knowsMenuItems && !knowsInterfaceItems) return true;
-    // Both are asked, whatever the first one says.
+    // Both are called, whatever the first one returns.
     const bool asMenuItem = knowsMenuItems && target.validateMenuItem(item);
     const bool asInterfaceItem = knowsInterfaceItems && target.validateUserInterfaceItem(item);
     return asMenuItem || asInterfaceItem;

@@ -8,39 +8,38 @@
 
 namespace dunvey::CocoaMenu {
 
-/// A menu item that doesn't act by itself but sends a selector into the responder chain, so that
-/// whatever has the focus answers it. Whoever would answer also says whether it is enabled.
+/// A menu item that sends a selector to the responder chain. The responder that takes it carries
+/// out the command and says whether the item is enabled.
 class CocoaMenuItem : public MenuItem {
  public:
     using MenuItem::MenuItem;
 
-    /// Lets the subclass act first, then sends the action. Returns whether somebody answered it.
+    /// Calls Event_BeforeAction, then sends the action. Returns whether a responder took it.
     bool Event_Action() final;
     void Event_EnableMenu() final;
 
-    /// What it sends.
+    /// The selector that it sends.
     Selector ActionSelector();
     /// The fixed target, nullptr for the responder chain.
     Responder* Target(const Ref<NSMenuItem>& item);
 
-    /// The native side of the menu or menu bar, found by the titles on the way down from the
-    /// application's menu bar; nil if it isn't found.
+    /// The native menu of a menu or menu bar, found by its path of titles in the application's menu
+    /// bar; nil if it isn't found.
     static Ref<NSMenu> GetNSMenu(const Ref<MenuItem>& item);
     static Ref<NSMenuItem> GetNSMenuItem(const Ref<MenuItem>& item);
-    /// What the item is a child of, in the tree of the application's menu bar; nil if it isn't in
-    /// there.
+    /// The item's parent in the application's menu bar; nil if it isn't in there.
     static Ref<MenuItem> GetParentOf(const Ref<MenuItem>& item);
     static Ref<NSMenu> MainMenu();
     static NSApplication::SharedApplication* NSApp();
 
     // The events of the subclasses.
-    /// The subclass may act first; True stops the sending. The default calls the joined handler.
+    /// Called before the action is sent; True prevents that. The default calls the handler.
     virtual bool Event_BeforeAction() { return Action && Action(); }
     /// The selector's name.
     virtual std::string Event_ActionSelectorName() { return {}; }
     /// The tag of the native item.
     virtual int64_t Event_CocoaTag() { return 0; }
-    /// Enabled has been set; it may be changed. `target` is who would answer, nullptr for nobody.
+    /// Called after Enabled was set; may change it. `target` is the responder, nullptr for none.
     virtual void Event_EnableMenu(Responder* /*target*/) {}
     /// A fixed target, nullptr for the responder chain.
     virtual Responder* Event_Target(const Ref<NSMenuItem>& /*item*/) { return nullptr; }
@@ -55,7 +54,7 @@ class CocoaMenuItemRedo : public CocoaMenuItem {
  public:
     std::string Event_ActionSelectorName() override { return "redo:"; }
     using CocoaMenuItem::Event_EnableMenu;
-    /// Who answers must also have something to redo.
+    /// Enabled if the responder's undo manager can redo.
     void Event_EnableMenu(Responder* target) override;
 };
 

@@ -9,9 +9,9 @@ namespace dunvey {
 class FolderItem;
 class Window;
 
-/// Operations on the program as a whole, copying, and the two standing alerts. An alert is a sheet
-/// of `parent`, or a window of its own where that is nullptr, and blocks until its one button is
-/// pressed. Without a screen it raises DesktopUnavailableException.
+/// Quitting, coming to the front, copying, and two alerts. An alert is a sheet of `parent`, or a
+/// window of its own where that is nullptr, and blocks until its one button is pressed. Without a
+/// screen it raises DesktopUnavailableException.
 namespace General {
 
 /// Asks the application object to terminate.
@@ -20,10 +20,10 @@ void AppQuit();
 /// Brings the program to the front.
 void BringFrontmostMe();
 
-/// Shows why the program can't go on, and ends it after the click.
+/// Shows why the program can't continue, and ends it when the button is pressed.
 void ShowAlertQuit(const std::string& message, const std::string& explanation, Window* parent);
 
-/// Comes to the front and shows a message; returns after the click.
+/// Brings the program to the front and shows a message.
 void ShowAlertModalOK(const std::string& message, const std::string& explanation, Window* parent);
 
 /// Copies a file to `destination`, which is a new file or an existing folder; or a folder with its

@@ -8,7 +8,7 @@
 
 namespace dunvey {
 
-/// Messages, and the texts of windows and buttons. Blanks at the end belong to the text.
+/// Messages, and the texts of windows and buttons. A trailing blank is part of the text.
 namespace Localized {
 
 inline constexpr LocalizedText kBooting{"Localized.kBooting", "Booting"};

@@ -4,8 +4,8 @@
 
 namespace dunvey {
 
-/// The program's one menu bar: a fixed tree, with the captions in the language of the user at the
-/// moment it is built. The application and the chooser's window share it.
+/// The menu bar of the application and the chooser. The captions are in the user's language at the
+/// time of construction.
 class MainMenuBar : public MenuBar {
  public:
     MainMenuBar();

@@ -8,7 +8,7 @@
 
 namespace dunvey {
 
-/// A JSON document that can't be read, written or used as asked.
+/// A JSON document that can't be read, written or used as requested.
 class JSONException : public RuntimeException {
  public:
     JSONException() = default;

@@ -13,7 +13,7 @@ constexpr char kNotAArray[] = "JSONItem is not a array";
 constexpr char kNotAnArray[] = "JSONItem is not an array";
 
 /// Texts from the parser have no encoding; they are UTF-8.
-Variant Repaired(const Variant& value) {
+Variant InUTF8(const Variant& value) {
     if (!value.IsText() || value.Encoding() == Encodings::UTF8) return value;
     return ConvertEncoding(value.EncodedValue(), Encodings::UTF8);
 }
@@ -65,7 +65,7 @@ void JSONItem::CheckObject() const {
     if (_mIsArray) throw JSONException("JSONItem is an array", 13, int64_t{0});
 }
 
-void JSONItem::CheckUnbroken(int64_t first, int64_t last) const {
+void JSONItem::CheckAllPresent(int64_t first, int64_t last) const {
     for (int64_t index = last; index >= first; --index)
         _data.Value(index);
 }
@@ -114,7 +114,7 @@ bool JSONItem::HasName(const Variant& name) const {
 
 void JSONItem::Insert(int64_t index, Variant value) {
     CheckArray(kNotAArray);
-    CheckUnbroken(index, Count() - 1);
+    CheckAllPresent(index, Count() - 1);
     for (int64_t moved = Count() - 1; moved >= index; --moved)
         _data.SetValue(moved + 1, _data.Value(moved));
     _data.SetValue(index, std::move(value));
@@ -141,7 +141,7 @@ void JSONItem::Load(std::string text) {
 
 Variant JSONItem::Lookup(const std::string& name, const Variant& defaultValue) const {
     CheckObject();
-    return Repaired(_data.Lookup(name, defaultValue));
+    return InUTF8(_data.Lookup(name, defaultValue));
 }
 
 Variant JSONItem::Key(int64_t position) const {
@@ -183,7 +183,7 @@ void JSONItem::SetSubscript(int64_t index, Variant value) {
 void JSONItem::Remove(int64_t index) {
     CheckArray(kNotAArray);
     const int64_t last = Count() - 1;
-    CheckUnbroken(std::min(index, last - 1) + 1, last);
+    CheckAllPresent(std::min(index, last - 1) + 1, last);
     for (int64_t moved = index; moved < last; ++moved)
         _data.SetValue(moved, _data.Value(moved + 1));
     _data.Remove(last);
@@ -195,7 +195,7 @@ void JSONItem::Remove(const std::string& name) {
 
 Variant JSONItem::Value(int64_t index) const {
     CheckArray(kNotAnArray);
-    return Repaired(_data.Value(index));
+    return InUTF8(_data.Value(index));
 }
 
 void JSONItem::SetValue(int64_t index, Variant value) {
@@ -206,7 +206,7 @@ void JSONItem::SetValue(int64_t index, Variant value) {
 
 Variant JSONItem::Value(const std::string& name) const {
     CheckObject();
-    return Repaired(_data.Value(name));
+    return InUTF8(_data.Value(name));
 }
 
 void JSONItem::SetValue(const std::string& name, Variant value) {

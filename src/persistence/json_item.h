@@ -59,8 +59,8 @@ class JSONItem : public Object {
     /// The value under a key as Key gives it. Raises KeyNotFoundException.
     virtual Variant InternalValue(const Variant& key) const;
     virtual bool IsArray() const;
-    /// Takes over the values of a JSON text; a blank text changes nothing. Raises JSONException 1
-    /// to 10, the values unchanged; 2 also for nesting deeper than 1,000 levels.
+    /// Replaces the values by those of a JSON text; a blank text changes nothing. Raises
+    /// JSONException 1 to 10 and keeps the values; 2 also for nesting deeper than 1,000 levels.
     virtual void Load(std::string text);
     /// The value under the name or `defaultValue`; a text is in UTF-8.
     virtual Variant Lookup(const std::string& name, const Variant& defaultValue) const;
@@ -71,7 +71,7 @@ class JSONItem : public Object {
     explicit JSONItem(const Dictionary& source);
     /// The value under the index as it is stored. Raises OutOfBoundsException.
     virtual Variant Subscript(int64_t index) const;
-    /// Raises OutOfBoundsException from Count() on.
+    /// Raises OutOfBoundsException for an index of Count() or more.
     virtual void SetSubscript(int64_t index, Variant value);
     /// Removes the value under the index and moves those after it down by one; an index past the
     /// last one removes the last. Raises KeyNotFoundException, with nothing changed, if a value
@@ -115,8 +115,8 @@ class JSONItem : public Object {
     Ref<MemoryBlock> _ParseBuffer;     ///< the text parsed last
     bool _RenderAsJavascript = false;  ///< names without quotes
 
-    // The parser, in json_parser.cpp. It reads from _ParseBuffer; a position is a byte offset that
-    // moves over what was read. `depth` counts the open objects and arrays.
+    // The parser, in json_parser.cpp. It reads from _ParseBuffer; a position is a byte offset,
+    // advanced past what was read. `depth` counts the open objects and arrays.
     Ref<JSONItem> Parse(std::string text);
     /// The next `count` bytes, fewer at the end of the text.
     std::string_view ParseGet(int64_t& position, int64_t count) const;
@@ -126,15 +126,15 @@ class JSONItem : public Object {
     Variant parseValue(int64_t& position, int depth) const;
     Ref<JSONItem> parseObject(int64_t& position, int depth) const;
     Ref<JSONItem> parseArray(int64_t& position, int depth) const;
-    /// The text without an encoding.
+    /// The result has no encoding.
     EncodedText parseString(int64_t& position) const;
-    /// A Double for a number with a point or an exponent, else an integer of 32 bits if it fits.
+    /// A Double for a number with a point or an exponent, else an integer, of 32 bits if it fits.
     Variant parseNumber(int64_t& position) const;
 
     // The writer, in json_writer.cpp. `level` is the indentation of the closing bracket.
     void serialise(const Variant& value, int64_t level, JSONStringBuffer& buffer, int depth) const;
     void _escape(std::string_view text, JSONStringBuffer& buffer) const;
-    /// The text with each character from `first` to `last` as a "\u" escape; -1 stands for `first`.
+    /// The text with each character from `first` to `last` as a "\u" escape; -1 means `first`.
     static std::string _escapeRange(std::string text, int64_t first, int64_t last);
     static void indentBuffer(int64_t count, JSONStringBuffer& buffer);
 
@@ -145,7 +145,7 @@ class JSONItem : public Object {
     void CheckArray(const char* message) const;
     void CheckObject() const;
     /// Raises KeyNotFoundException unless there is a value under each index from `first` to `last`.
-    void CheckUnbroken(int64_t first, int64_t last) const;
+    void CheckAllPresent(int64_t first, int64_t last) const;
 
     std::string parseEscape(int64_t& position) const;
     void parseDigits(int64_t& position) const;

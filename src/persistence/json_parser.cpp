@@ -7,14 +7,14 @@
 namespace dunvey {
 namespace {
 
-constexpr int kDeepest = 1000;
+constexpr int kMaxDepth = 1000;
 
 bool IsDigit(std::string_view byte) {
     return !byte.empty() && byte[0] >= '0' && byte[0] <= '9';
 }
 
 void CheckDepth(int depth, int64_t position) {
-    if (depth == kDeepest) throw JSONException("A parsing error occurred", 2, position);
+    if (depth == kMaxDepth) throw JSONException("A parsing error occurred", 2, position);
 }
 
 }  // namespace
@@ -167,7 +167,7 @@ std::string JSONItem::parseEscape(int64_t& position) const {
     return Chr(static_cast<uint32_t>(Val("&h" + digits)));
 }
 
-/// At least one digit.
+/// Skips one or more digits.
 void JSONItem::parseDigits(int64_t& position) const {
     if (!IsDigit(ParseGet(position, 1))) throw JSONException("Illegal Number Format", 3, position);
     while (IsDigit(ParsePeek(position, 1)))

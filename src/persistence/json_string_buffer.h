@@ -10,11 +10,11 @@
 
 namespace dunvey {
 
-/// Builds a text piece by piece. The block doubles as needed, so that many small pieces cost no
-/// more than their bytes. Raises OutOfMemoryException above 256 MiB.
+/// Builds a text piece by piece. The block grows by doubling, so an append takes constant time on
+/// average. Raises OutOfMemoryException above 256 MiB.
 class JSONStringBuffer final {
  public:
-    /// Without a block until the first text is assigned.
+    /// Has no block until the first text is assigned.
     JSONStringBuffer() = default;
 
     uint64_t binaryLength = 0;  ///< bytes in use

@@ -10,7 +10,7 @@
 namespace dunvey {
 namespace {
 
-constexpr int kDeepest = 1000;
+constexpr int kMaxDepth = 1000;
 
 struct CodeRange {
     uint32_t first;
@@ -54,7 +54,7 @@ constexpr std::string_view ShortEscape(char c) {
     }
 }
 
-// What a text may need, as bits: bit i for the range kEscaped[i], and these two.
+// Bits for the escapes that a text may need: bit i for kEscaped[i], and these two.
 constexpr uint32_t kSlash = 1u << kEscaped.size();
 constexpr uint32_t kShort = kSlash << 1;
 
@@ -64,7 +64,7 @@ constexpr uint32_t LeadByte(uint32_t code) {
     return code < 0x800 ? 0xC0 | code >> 6 : 0xE0 | code >> 12;
 }
 
-/// For each byte what characters that begin with it may need.
+/// For each byte, the escapes that characters beginning with it may need.
 constexpr std::array<uint32_t, 256> MakeNeeds() {
     std::array<uint32_t, 256> needs = {};
     for (size_t i = 0; i < kEscaped.size(); ++i) {
@@ -78,7 +78,7 @@ constexpr std::array<uint32_t, 256> MakeNeeds() {
     return needs;
 }
 
-/// What the text may need; most texts need nothing.
+/// The escapes that the text may need; 0 for most texts.
 uint32_t NeedsOf(std::string_view text) {
     static constexpr std::array<uint32_t, 256> kNeeds = MakeNeeds();
     uint32_t needs = 0;
@@ -139,7 +139,7 @@ class JSONItem::Entries {
             int depth)
         : options_(options), isArray_(isArray), level_(level), buffer_(buffer), depth_(depth) {
         // A document that contains itself is recognised by its depth.
-        if (depth == kDeepest)
+        if (depth == kMaxDepth)
             throw JSONException("Circular Reference Detected", 14, std::string());
         buffer.Append(isArray ? "[" : "{");
         const int64_t blanks = std::max<int64_t>(0, level + options.IndentSpacing);
@@ -200,7 +200,7 @@ void JSONItem::serialise(const Object& object, int64_t level, JSONStringBuffer& 
     entries.End();
 }
 
-/// The values by index, whatever the order in which they were added.
+/// Writes the values in the order of their indexes, not in that of their insertion.
 void JSONItem::serialiseElements(Entries& entries) const {
     const auto isBefore = [](const Dictionary::Entry& left, const Dictionary::Entry& right) {
         if (!left.Key.IsInteger()) return false;

@@ -6,7 +6,7 @@
 
 namespace dunvey::Preferences {
 
-/// A preference was asked for that the document doesn't hold.
+/// The document has no preference of the requested name.
 class PreferenceNotFoundException : public RuntimeException {
  public:
     explicit PreferenceNotFoundException(const std::string& name,

@@ -6,8 +6,8 @@
 #include "persistence/prefs_class.h"
 #include "platform/values/reference.h"
 
-/// The values that survive from run to run. The program reads and writes them here; the file is
-/// read once at the start and written once at the end. Main thread only.
+/// The preferences. The program reads and writes them here; the file is read once at the start and
+/// written once at the end. Main thread only.
 namespace dunvey::Preferences {
 
 /// The state of the check box that allows a document to be opened by a higher version.
@@ -19,7 +19,7 @@ extern std::string pIconVersion;
 /// The build of this program that wrote the file; 0 before there was one.
 extern int64_t pNonReleaseVersion;
 
-/// The store behind the values; nil until Initialize.
+/// The store of the values; nil until Initialize.
 extern Ref<PrefsClass> Prefs;
 
 /// Makes a new store for the application.
@@ -30,7 +30,7 @@ void Initialize(const std::string& appName);
 void Raed();
 /// Writes the values at the end; a failure is silent.
 void Save();
-/// Gives all values their defaults, if there is a store.
+/// Sets all values to their defaults. Does nothing without a store.
 void SetDefault();
 
 }  // namespace dunvey::Preferences

@@ -12,7 +12,7 @@
 namespace dunvey {
 namespace {
 
-constexpr int64_t kLargestFile = int64_t{16} << 20;
+constexpr int64_t kMaxFileSize = int64_t{16} << 20;
 
 Ref<JSONItem> EmptyDocument() {
     Ref<JSONItem> document = New<JSONItem>();
@@ -22,7 +22,7 @@ Ref<JSONItem> EmptyDocument() {
 
 std::string ReadFile(const Ref<FolderItem>& item) {
     const Ref<BinaryStream> file = BinaryStream::Open(item);
-    if (file->Length() > kLargestFile) {
+    if (file->Length() > kMaxFileSize) {
         throw IOException("The preferences are larger than 16 MiB.", EFBIG);
     }
     TextInputStream stream(file);
@@ -56,11 +56,11 @@ bool PrefsClass::Load() {
     } catch (const JSONException&) {
         isAccepted = false;
     } catch (const IOException&) {
-        // What can't be read now must not be replaced at the end.
+        // Save must not overwrite a file that couldn't be read.
         mPrefsFile = nullptr;
         throw;
     }
-    // Nothing can be set in an array.
+    // An array takes no values under names.
     if (mPrefs->IsArray()) mPrefs = EmptyDocument();
     return isAccepted;
 }
@@ -69,7 +69,7 @@ bool PrefsClass::Save() {
     if (!mPrefsFile) return false;
     try {
         const std::string text = mPrefs->ToString();
-        if (LenB(text) > kLargestFile) return false;
+        if (LenB(text) > kMaxFileSize) return false;
         const Ref<TextOutputStream> stream = TextOutputStream::Create(mPrefsFile);
         stream->Write(text);
         stream->Close();

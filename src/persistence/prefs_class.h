@@ -41,8 +41,8 @@ class PrefsClass {
     };
     virtual Preference operator[](const std::string& name) { return {*this, name}; }
 
-    /// Writes the document over the file. False if neither Load nor Remove has found the file's
-    /// place, if the file can't be written, or if it would be too large to be read again.
+    /// Writes the document over the file. False without an earlier Load or Remove that succeeded,
+    /// if the file can't be written, or if it would be larger than 16 MiB.
     virtual bool Save();
     /// Adds or replaces.
     virtual void Set(const std::string& name, const Variant& value);

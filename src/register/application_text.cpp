@@ -59,18 +59,18 @@ std::optional<ApplicationRecord> ReadRecord(const std::string& name, std::string
         return value ? value->Text() : std::string();
     };
     const Command command = DecodeCommand(text(kCommandKey));
-    if (command.words.empty()) return {};
+    if (command.arguments.empty()) return {};
     return ApplicationRecord{name, text(kVersionKey), command, text(kScriptKey), text(kIconKey)};
 }
 
 std::string ScriptText(const std::string& name, const Command& command) {
     const bool isWine = !command.winePrefix.empty();
     return "#!/bin/sh\n# Written by dunvey-register, which can also remove it.\nname=" +
-           ShellWord(name) + "\nwine=" + (isWine ? ShellWord(command.words[0]) : "") + "\n" +
+           ShellWord(name) + "\nwine=" + (isWine ? ShellWord(command.arguments[0]) : "") + "\n" +
            (isWine ? "export WINEPREFIX=" + ShellWord(command.winePrefix) + "\n" : "") +
            "find_missing() {\n    for file in " + ShellWords(RequiredFiles(command)) +
            "; do\n        [ -e \"$file\" ] || return\n    done\n    file=\n}\nstart() {\n    run " +
-           ShellWords(command.words) + "\"$@\"\n}\n\n" + kScriptBody;
+           ShellWords(command.arguments) + "\"$@\"\n}\n\n" + kScriptBody;
 }
 
 }  // namespace dunvey

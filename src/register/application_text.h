@@ -17,18 +17,18 @@ struct ApplicationRecord {
     std::string version;
     Command command;
     /// The fingerprints of the script and the icon that dunvey-register wrote; the icon's is empty
-    /// if it wrote none. A file with another fingerprint is the user's.
+    /// if it wrote none. A file with another fingerprint was changed by the user.
     std::string scriptFingerprint;
     std::string iconFingerprint;
 };
 
-/// 16 hexadecimal digits that change when the bytes do.
+/// A 64-bit hash of the bytes in 16 hexadecimal digits.
 std::string Fingerprint(std::string_view bytes);
 
 /// The property list. Raises Refusal if it would be too long to be read again.
 std::string PropertyListText(const ApplicationRecord& record, bool hasIcon);
 
-/// The record of an application; none if the property list isn't one of PropertyListText.
+/// The record of an application; nullopt unless PropertyListText wrote the property list.
 std::optional<ApplicationRecord> ReadRecord(const std::string& name, std::string propertyList);
 
 /// The shell script that is an application's program: it runs as long as the command does.

@@ -18,7 +18,7 @@
 namespace dunvey {
 namespace {
 
-using Words = std::vector<std::string>;
+using Arguments = std::vector<std::string>;
 
 constexpr std::string_view kSeparator("\0", 1);
 
@@ -54,11 +54,11 @@ std::string RequireProgram(const std::string& program) {
                   "Install it, give its path, or use chmod +x."};
 }
 
-/// Refuses a command with a word that starts Dunvey or the application of this name again.
-void RefuseDunvey(const Words& words, const std::string& name) {
-    for (const std::string& word : words) {
+/// Refuses arguments that would start Dunvey or the application of this name again.
+void RefuseDunvey(const Arguments& arguments, const std::string& name) {
+    for (const std::string& argument : arguments) {
         const std::unique_ptr<char, decltype(&std::free)> resolved(
-            realpath(FindProgram(word).c_str(), nullptr), &std::free);
+            realpath(FindProgram(argument).c_str(), nullptr), &std::free);
         const std::string program = resolved ? resolved.get() : "";
         if (program.ends_with("/Dunvey.app/Contents/MacOS/Dunvey") ||
             program.ends_with("/" + name + ".app/Contents/MacOS/" + name)) {
@@ -71,7 +71,7 @@ void RefuseDunvey(const Words& words, const std::string& name) {
 
 void AddWine(Command& command, const std::string& prefix) {
     command.winePrefix = FolderItem(prefix).NativePath();
-    const FolderItem program(command.words.front());
+    const FolderItem program(command.arguments.front());
     if (!FolderItem(command.winePrefix + "/dosdevices").Directory()) {
         throw Refusal{Quoted(prefix) +
                       " isn't a Wine prefix: it has no folder \"dosdevices\". "
@@ -79,18 +79,18 @@ void AddWine(Command& command, const std::string& prefix) {
                       ShellWord(command.winePrefix) + " wineboot."};
     }
     if (!IsFile(program.NativePath(), R_OK)) {
-        throw Refusal{Quoted(command.words.front()) +
+        throw Refusal{Quoted(command.arguments.front()) +
                       " isn't a readable file. Give its path on Linux, such as " +
                       ShellWord(command.winePrefix + "/drive_c/Program Files/...") + "."};
     }
-    command.words.front() = program.NativePath();
-    command.words.insert(command.words.begin(), RequireProgram("wine"));
+    command.arguments.front() = program.NativePath();
+    command.arguments.insert(command.arguments.begin(), RequireProgram("wine"));
 }
 
-/// Whether the last path component of a word is among the names; ASCII letter case is ignored.
-bool HasName(const Words& words, const std::set<std::string_view>& names) {
-    return std::any_of(words.begin(), words.end(), [&](const std::string& word) {
-        return names.count(Lowercase(FolderItem(word).Name())) != 0;
+/// Whether an argument's last path component is among the names; ASCII letter case is ignored.
+bool HasName(const Arguments& arguments, const std::set<std::string_view>& names) {
+    return std::any_of(arguments.begin(), arguments.end(), [&](const std::string& each) {
+        return names.count(Lowercase(FolderItem(each).Name())) != 0;
     });
 }
 
@@ -99,40 +99,41 @@ bool HasName(const Words& words, const std::set<std::string_view>& names) {
 Command ResolveCommand(const Request& request) {
     Command command{{}, request.command};
     if (request.winePrefix.empty())
-        command.words.front() = RequireProgram(command.words.front());
+        command.arguments.front() = RequireProgram(command.arguments.front());
     else
         AddWine(command, request.winePrefix);
-    RefuseDunvey(command.words, request.name);
+    RefuseDunvey(command.arguments, request.name);
     return command;
 }
 
 std::vector<std::string> RequiredFiles(const Command& command) {
-    const size_t count = command.winePrefix.empty() || command.words.size() < 2 ? 1 : 2;
-    return {command.words.begin(), command.words.begin() + static_cast<ptrdiff_t>(count)};
+    const size_t count = command.winePrefix.empty() || command.arguments.size() < 2 ? 1 : 2;
+    return {command.arguments.begin(), command.arguments.begin() + static_cast<ptrdiff_t>(count)};
 }
 
 bool ReturnsAtOnce(const Command& command) {
-    const Words& words = command.words;
-    const bool isBackground = std::any_of(words.begin(), words.end(), [](const std::string& word) {
-        return word.ends_with("&") || word.ends_with("& ");
-    });
-    if (HasName(words, {"wine", "wine64"}) && HasName(words, {"start", "start.exe"}))
-        return !HasName(words, {"wait", "w"});
-    return isBackground ||
-           HasName(words, {"xdg-open", "gio", "kde-open", "kde-open5", "exo-open", "gtk-launch"});
+    const Arguments& arguments = command.arguments;
+    const bool isBackground =
+        std::any_of(arguments.begin(), arguments.end(), [](const std::string& argument) {
+            return argument.ends_with("&") || argument.ends_with("& ");
+        });
+    if (HasName(arguments, {"wine", "wine64"}) && HasName(arguments, {"start", "start.exe"}))
+        return !HasName(arguments, {"wait", "w"});
+    return isBackground || HasName(arguments, {"xdg-open", "gio", "kde-open", "kde-open5",
+                                               "exo-open", "gtk-launch"});
 }
 
-std::string ShellWords(const Words& words) {
+std::string ShellWords(const Arguments& arguments) {
     std::string line;
-    for (const std::string& word : words)
-        line += ShellWord(word) + " ";
+    for (const std::string& argument : arguments)
+        line += ShellWord(argument) + " ";
     return line;
 }
 
 std::string ShownCommand(const Command& command) {
     const std::string prefix =
         command.winePrefix.empty() ? "" : "WINEPREFIX=" + ShellWord(command.winePrefix) + " ";
-    std::string line = OneLine(prefix + ShellWords(command.words));
+    std::string line = OneLine(prefix + ShellWords(command.arguments));
     line.pop_back();
     // The conversion replaces bytes that aren't valid UTF-8.
     const EncodedText wide = ConvertEncoding({line, Encodings::UTF8}, Encodings::UTF16);
@@ -141,14 +142,14 @@ std::string ShownCommand(const Command& command) {
 
 std::string EncodeCommand(const Command& command) {
     std::string bytes = command.winePrefix;
-    for (const std::string& word : command.words)
-        bytes.append(kSeparator).append(word);
+    for (const std::string& argument : command.arguments)
+        bytes.append(kSeparator).append(argument);
     return EncodeHex(bytes);
 }
 
 Command DecodeCommand(const std::string& text) {
-    const Words words = SplitB(DecodeHex(text), kSeparator);
-    return {words.front(), {words.begin() + 1, words.end()}};
+    const Arguments arguments = SplitB(DecodeHex(text), kSeparator);
+    return {arguments.front(), {arguments.begin() + 1, arguments.end()}};
 }
 
 }  // namespace dunvey

@@ -8,11 +8,11 @@
 
 namespace dunvey {
 
-/// An open folder. Names are single path components and links are never followed, so whatever is
-/// put in the folder's place, nothing outside of it changes. A failure raises Refusal.
+/// An open folder. Names are single path components and links aren't followed, so nothing outside
+/// the folder changes even if another process replaces it. Failures raise Refusal.
 class Folder {
  public:
-    /// None.
+    /// No folder.
     Folder() = default;
     /// The folder at a path; links in the path are followed.
     static Folder At(const std::string& path);
@@ -23,16 +23,16 @@ class Folder {
     std::string PathOf(const std::string& name) const { return path_ + "/" + name; }
     /// Whether there is an entry of the name, even a broken link.
     bool Has(const std::string& name) const;
-    /// The folder of the name; none if it is missing, a link or a file, or if this is none.
+    /// The folder of that name; no folder if it is missing, a link or a file, or if this is none.
     Folder Child(const std::string& name) const;
     /// The folder of the name, created if it is missing.
     Folder Make(const std::string& name) const;
 
     /// The first `limit` bytes of a regular file; empty if there is none.
     std::string Read(const std::string& name, size_t limit) const;
-    /// Creates a file that isn't there yet. The umask applies to `mode`.
+    /// Creates a new file. The umask applies to `mode`.
     void Write(const std::string& name, std::string_view bytes, mode_t mode) const;
-    /// Renames an entry, replacing a file of the new name. Returns false if it isn't there.
+    /// Moves an entry, replacing a file of the new name. Returns false if there is no such entry.
     bool Move(const std::string& name, const Folder& target, const std::string& newName) const;
     /// Removes a file or a link, if it is there.
     void RemoveFile(const std::string& name) const;

@@ -49,7 +49,7 @@ std::string ListText(const std::vector<Registered>& all) {
     return text;
 }
 
-void RegisterAndTell(const Request& request) {
+void RegisterApplication(const Request& request) {
     const Registered registered = Register(request);
     Print("Registered " + Quoted(OneLine(registered.record.name)) + ".\n");
     if (!ReturnsAtOnce(registered.record.command)) return;
@@ -59,7 +59,7 @@ void RegisterAndTell(const Request& request) {
         "dunvey-register.");
 }
 
-void RemoveAndTell(const std::string& name) {
+void RemoveApplication(const std::string& name) {
     const std::string kept = Remove(name);
     if (kept.empty()) return;
     Complain(Quoted(kept) + " stays: it holds files that dunvey-register didn't write." +
@@ -77,10 +77,10 @@ int Run(const Request& request) {
             Print(ListText(RegisteredApplications(problems)));
             break;
         case Request::Action::Remove:
-            RemoveAndTell(request.name);
+            RemoveApplication(request.name);
             break;
         case Request::Action::Register:
-            RegisterAndTell(request);
+            RegisterApplication(request);
             break;
     }
     for (const std::string& problem : problems)

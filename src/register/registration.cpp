@@ -22,7 +22,7 @@ constexpr mode_t kExecutable = 0755;
 /// Of a script or an icon in bytes; larger ones weren't written by dunvey-register.
 constexpr size_t kFileLimit = 17 * 1024 * 1024;
 
-/// An application's folders; each is none if it is missing or a link.
+/// An application's folders; no folder for one that is missing or a link.
 struct Application {
     Application(const Folder& applications, std::string applicationName)
         : name(std::move(applicationName)),
@@ -40,12 +40,12 @@ struct Application {
     Folder contents;
     Folder programs;
     Folder resources;
-    /// None if it isn't registered.
+    /// nullopt if it isn't registered.
     std::optional<ApplicationRecord> record;
 };
 
-/// Whether a file is there that isn't the one that dunvey-register wrote.
-bool IsUsers(const Folder& folder, const std::string& name, const std::string& fingerprint) {
+/// Whether the file exists and isn't the one that dunvey-register wrote.
+bool Differs(const Folder& folder, const std::string& name, const std::string& fingerprint) {
     return folder && folder.Has(name) && Fingerprint(folder.Read(name, kFileLimit)) != fingerprint;
 }
 
@@ -78,15 +78,15 @@ void Create(const LockedApplications& locked, const Application& application,
     if (application.outer ? application.outer.Has(bundle) : applications.Has(name)) {
         throw Refusal{Quoted(application.outer ? application.outer.PathOf(bundle)
                                                : applications.PathOf(name)) +
-                      " is there already, and dunvey-register didn't create it. Choose another "
+                      " already exists, and dunvey-register didn't create it. Choose another "
                       "name or move it away."};
     }
     files.Write(locked.Temporary().Make(bundle).Make("Contents"), !files.icon.empty());
     locked.Temporary().Move(bundle, applications.Make(name), bundle);
 }
 
-/// Replaces the files of a registered application. At no moment is a new script there with an old
-/// property list or the reverse, and a failure restores the old script.
+/// Replaces the files of a registered application. A new script never exists beside an old property
+/// list or the reverse. A failure restores the old script.
 void Replace(const LockedApplications& locked, const Application& application,
              ApplicationFiles files) {
     const Folder& temporary = locked.Temporary();
@@ -112,14 +112,14 @@ void Replace(const LockedApplications& locked, const Application& application,
 void RefuseChanged(const Application& application, bool hasNewIcon) {
     const ApplicationRecord& record = *application.record;
     const bool isChanged =
-        IsUsers(application.programs, record.name, record.scriptFingerprint) ||
-        (hasNewIcon && IsUsers(application.resources, kIconName, record.iconFingerprint));
+        Differs(application.programs, record.name, record.scriptFingerprint) ||
+        (hasNewIcon && Differs(application.resources, kIconName, record.iconFingerprint));
     if (!isChanged) return;
     throw Refusal{"the script or the icon in " + Quoted(application.contents.Path()) +
                   " was changed and would be lost. Move it away, or add --force to replace it."};
 }
 
-/// The first missing file of an application, without which it can't start; empty if all are there.
+/// The first missing file that an application needs to start; empty if there is none.
 std::string MissingFile(const Application& application) {
     std::vector<std::string> files = RequiredFiles(application.record->command);
     files.push_back(application.contents.PathOf(kProgramsName) + "/" + application.name);
@@ -176,9 +176,9 @@ std::string Remove(const std::string& name) {
                                               : " isn't there. --list shows what is registered.")};
     }
     const ApplicationRecord& record = *application.record;
-    if (application.programs && !IsUsers(application.programs, name, record.scriptFingerprint))
+    if (application.programs && !Differs(application.programs, name, record.scriptFingerprint))
         application.programs.RemoveFile(name);
-    if (application.resources && !IsUsers(application.resources, kIconName, record.iconFingerprint))
+    if (application.resources && !Differs(application.resources, kIconName, record.iconFingerprint))
         application.resources.RemoveFile(kIconName);
     application.contents.RemoveFolder(kProgramsName);
     application.contents.RemoveFolder(kResourcesName);

@@ -11,12 +11,12 @@ namespace dunvey {
 /// A registered application.
 struct Registered {
     ApplicationRecord record;
-    /// The path of a file without which it can't start and that is missing; empty if all are there.
+    /// The path of a missing file that it needs to start; empty if there is none.
     std::string missing;
 };
 
-/// Creates the application of a request, or renews the one of its name that was registered before.
-/// Raises Refusal; then everything is as it was before.
+/// Creates the application of a request, or updates the registered one of that name. Raises
+/// Refusal; then nothing is changed.
 Registered Register(const Request& request);
 
 /// The registered applications by ascending version. Adds a message to `problems` for each folder
@@ -24,8 +24,8 @@ Registered Register(const Request& request);
 std::vector<Registered> RegisteredApplications(std::vector<std::string>& problems);
 
 /// Removes a registered application, but no file that the user put there or changed. Returns the
-/// path of the folder that stays because of such files, else nothing. Raises Refusal, also if no
-/// application of the name is registered.
+/// path of the folder that stays because of such files, else an empty text. Raises Refusal, also if
+/// no application of the name is registered.
 std::string Remove(const std::string& name);
 
 }  // namespace dunvey

@@ -93,7 +93,8 @@ Request ReadRequest(const std::vector<std::string>& arguments) {
     if (first != "--help" && first != "--list" && first != "--remove")
         return ReadRegistration(arguments);
     if (arguments.size() != (first == "--remove" ? 2 : 1))
-        throw UsageError{first + (first == "--remove" ? " takes one name." : " stands alone.")};
+        throw UsageError{first +
+                         (first == "--remove" ? " takes one name." : " takes no arguments.")};
     Request request;
     if (first == "--list") request.action = Request::Action::List;
     if (first != "--remove") return request;

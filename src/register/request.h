@@ -5,7 +5,7 @@
 
 namespace dunvey {
 
-/// What the program is asked to do.
+/// The parsed command line.
 struct Request {
     enum class Action { Register, List, Remove, Help };
 

@@ -10,8 +10,8 @@ case $0 in
 esac
 export DUNVEY_APPLICATION
 
-# Tells the user on standard error, and by a desktop notification or else in a dialog.
-tell() {
+# Shows a message on standard error and in a desktop notification, else in a dialog.
+show_message() {
     printf '%s: %s\n' "$name" "$1" >&2
     markup=$(printf '%s' "$1" | sed 's/&/\&amp;/g; s/</\&lt;/g')
     timeout 5 notify-send -u critical -a "$name" -- "$name" "$markup" >/dev/null 2>&1 && return
@@ -51,7 +51,7 @@ start_in_wine() {
         set -f
         # shellcheck disable=SC2046 # One argument for each line.
         set -- $("$wine" winepath.exe -w "$@" 2>/dev/null | tr -d '\r')
-        [ $# = "$count" ] || tell 'Wine did not translate the paths of all documents.'
+        [ $# = "$count" ] || show_message 'Wine did not translate the paths of all documents.'
         invalid=$(printf '\357\277\275') # winepath writes this for what isn't UTF-8
         for document; do
             shift
@@ -61,7 +61,7 @@ start_in_wine() {
             esac
         done
     fi
-    [ -z "$refused" ] || tell "Wine can't see these documents. Their paths must lie on a drive of\
+    [ -z "$refused" ] || show_message "Wine can't see these documents. Their paths must lie on a drive of\
  the Wine prefix, be UTF-8, and have no name with one of \\ : * ? \" < > | or with a dot or blank\
  at its end.$refused"
     start "$@"
@@ -87,14 +87,14 @@ run() {
         code=$?
     done
     [ "$code" = 0 ] || [ -n "$asked" ] || [ $(($(date +%s) - started)) -gt 1 ] ||
-        tell "The command ended at once with exit code $code. To see its messages, run this in a\
+        show_message "The command ended at once with exit code $code. To see its messages, run this in a\
  terminal: \"$0\""
     exit "$code"
 }
 
 find_missing
 if [ -n "$file" ]; then
-    tell "\"$file\" is missing. Install it again, or register another command with dunvey-register."
+    show_message "\"$file\" is missing. Install it again, or register another command with dunvey-register."
     exit 127
 fi
 [ -z "$wine" ] || start_in_wine "$@"

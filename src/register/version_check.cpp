@@ -18,10 +18,10 @@ std::string DocumentVersion(const std::string& version) {
     return major == "7" && NthField(version, ".", 2) == "5" ? "7.5" : major;
 }
 
-/// The version that a name stands for, by the longest suffix of a version that it begins with;
-/// empty if there is none.
+/// The version that a name stands for: the one with the longest name that it begins with. Empty if
+/// there is none.
 std::string VersionOfName(const std::string& name) {
-    // Dunvey takes each such application for version 2.
+    // Dunvey treats each such application as version 2.
     if (name.find("2.0") != std::string::npos) return "2";
     std::string found;
     std::string longest;
@@ -48,7 +48,7 @@ void CheckVersionFits(const std::string& name, const std::string& version) {
     for (const Ref<FolderItem>& each : InDesign::InstalledApps) {
         if (each->Name() == name + ".app" || DocumentVersion(InDesign::AppVersion(each)) != own)
             continue;
-        throw Refusal{"version " + own + " is there already: " + Quoted(each->NativePath()) +
+        throw Refusal{"version " + own + " is already installed: " + Quoted(each->NativePath()) +
                       ". Dunvey would open its documents in only one of the two." + kForce};
     }
 }

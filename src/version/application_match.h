@@ -5,8 +5,8 @@
 namespace dunvey::InDesign {
 
 /// Finds the installed application of a record by its Ver; sets App, WillUseApp and AppName. Of
-/// several that match, the last one wins. Each application sets AppName, to its own name or to the
-/// composed one, so the last one decides: AppName can be the composed name although App was found.
+/// several that match, the last one wins. AppName is set for each installed application, to its own
+/// or the composed name, and the last one wins: it can be composed although App was found.
 void MatchApplication(FileClass& record);
 
 }  // namespace dunvey::InDesign

@@ -19,16 +19,16 @@ constexpr const char* kBundleInPath =
 
 constexpr const char* kStart = "/Applications/Adobe InDesign ";
 
-/// The paths of the applications folder in `ps`: its own, and with links resolved.
+/// The paths that `ps` may show for the applications folder: its own, and with links resolved.
 std::vector<std::string> ApplicationsPaths() {
     const std::string path = SpecialFolder::Applications()->NativePath();
     return {path, RealPath(path)};
 }
 
-/// The line with the applications folder written as in the patterns, also where it is the user's
-/// own; empty for a process outside of it. The patterns aren't anchored: text before a match would
-/// stay in the name.
-std::string SeenFromApplications(const std::string& line, const std::vector<std::string>& folders) {
+/// The line with the applications folder replaced by /Applications, as the patterns have it; empty
+/// for a process outside of it. The patterns aren't anchored: text before a match would stay in the
+/// name.
+std::string NormalizedPath(const std::string& line, const std::vector<std::string>& folders) {
     for (const std::string& folder : folders) {
         if (folder.empty() || !line.starts_with(folder + "/")) continue;
         const std::string seen = "/Applications" + line.substr(folder.size());
@@ -47,7 +47,7 @@ void GetBootingAppNames() {
     shell.Execute("ps -ax -o comm");
     const std::vector<std::string> folders = ApplicationsPaths();
     for (const std::string& entry : SplitB(shell.Result(), EndOfLine::UNIX)) {
-        const std::string line = SeenFromApplications(entry, folders);
+        const std::string line = NormalizedPath(entry, folders);
         if (RegExXojo::Mach(line, kProcessPath, 0, true)) {
             BootingAppNames.push_back(RegExXojo::Replace(line, kBundleInPath, "\\1", 0, true));
         }

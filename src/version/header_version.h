@@ -29,7 +29,7 @@ struct HeaderReading {
 /// case doesn't count.
 HeaderReading ReadHeader(const Ref<FolderItem>& item, const std::string& extension);
 
-/// The version of that reading.
+/// ReadHeader's version.
 std::vector<int64_t> GetVerHexToDec(const Ref<FolderItem>& item, const std::string& extension);
 
 }  // namespace dunvey::InDesign

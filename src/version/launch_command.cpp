@@ -13,7 +13,7 @@ void OpenWith(const Ref<FolderItem>& application, const std::string& files) {
     }
     const std::string path = application->ShellPath();
     if (!application->Exists()) {
-        WriteErrorLine("Dunvey: " + path + " is gone. Not opened: " + files);
+        WriteErrorLine("Dunvey: " + path + " no longer exists. Not opened: " + files);
         return;
     }
     Shell shell;

@@ -13,7 +13,7 @@ std::string GetAppName(const std::string& version) {
     if (v == 7.5) return "CS5.5";
     if (n == 8) return "CS6";
     if (n == 9) return "CC";
-    // There is no CC 2016: from 12 on the distance to the year is one more.
+    // There is no CC 2016, so from 12 on the year is one higher.
     if (n >= 10 && n < 12) return "CC " + Str(n + 2004);
     if (n >= 12 && n < 15) return "CC " + Str(n + 2005);
     return Str(n + 2005);

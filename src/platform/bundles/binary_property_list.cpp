@@ -9,8 +9,8 @@ namespace {
 
 constexpr size_t kTrailerSize = 32;
 
-// The kinds of values, the upper half of a value's first byte. The lower half is the count; 15 says
-// that a number with the count follows.
+// The kinds of values, the upper half of a value's first byte. The lower half is the count; 15
+// means that a number with the count follows.
 constexpr unsigned kNumber = 0x1;
 constexpr unsigned kAsciiText = 0x5;
 constexpr unsigned kUtf16Text = 0x6;
@@ -20,7 +20,7 @@ constexpr unsigned kLongCount = 0xF;
 }  // namespace
 
 BinaryPropertyList::BinaryPropertyList(std::string bytes) : bytes_(std::move(bytes)) {
-    if (!HasMark(bytes_) || bytes_.size() < kTrailerSize) return;
+    if (!HasSignature(bytes_) || bytes_.size() < kTrailerSize) return;
     const size_t trailer = bytes_.size() - kTrailerSize;
     offsetSize_ = *Number(trailer + 6, 1);
     referenceSize_ = *Number(trailer + 7, 1);
@@ -40,7 +40,7 @@ std::optional<size_t> BinaryPropertyList::Number(size_t begin, size_t size) cons
 
 std::optional<BinaryPropertyList::Value> BinaryPropertyList::Object(
     std::optional<size_t> number) const {
-    // Nothing beyond the list's size is inside, and the sum below can't overflow.
+    // With these limits the sum below can't overflow.
     if (!number || *number > bytes_.size() || offsets_ > bytes_.size()) return std::nullopt;
     const auto begin = Number(offsets_ + *number * offsetSize_, offsetSize_);
     const auto first = begin ? Number(*begin, 1) : std::nullopt;
@@ -68,13 +68,13 @@ std::optional<std::string> BinaryPropertyList::TextOf(std::optional<size_t> numb
 
 std::optional<std::string> BinaryPropertyList::Text(std::string_view key) const {
     if (!dictionary_) return std::nullopt;
-    // The references to all keys, then those to all values.
+    // The references to the keys come first, then those to the values.
     const size_t begin = dictionary_->begin;
     const size_t count = dictionary_->count;
     for (size_t i = 0; i < count; ++i) {
         const auto name = Number(begin + i * referenceSize_, referenceSize_);
         const std::optional<Value> value = Object(name);
-        // The keys are ASCII. Texts of another length aren't copied: all may be one huge text.
+        // Keys of another length aren't copied: all of them may refer to one huge text.
         if (value && value->count == key.size() && TextOf(name) == key)
             return TextOf(Number(begin + (count + i) * referenceSize_, referenceSize_));
     }

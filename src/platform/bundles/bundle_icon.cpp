@@ -22,7 +22,7 @@ std::string BundleIconPath(const FolderItem& bundle) {
     const Ref<FolderItem> contents = bundle.Child("Contents");
     const Ref<FolderItem> resources = contents->Child("Resources");
     const std::string name = ReadBundleProperties(*contents).iconFile;
-    // A name with a slash could lead to any file.
+    // A name with a slash could name any file.
     if (!name.empty() && name.find('/') == name.npos) {
         for (const std::string& file : {name + ".icns", name}) {
             const Ref<FolderItem> icon = resources->Child(file);
@@ -32,7 +32,7 @@ std::string BundleIconPath(const FolderItem& bundle) {
     for (int64_t position = 1; position <= resources->Count(); ++position) {
         const Ref<FolderItem> entry = resources->TrueItem(position);
         if (!entry || !Lowercase(entry->Name()).ends_with(".icns")) continue;
-        // Links count as what they lead to.
+        // Child follows a link, TrueItem doesn't.
         const Ref<FolderItem> icon = resources->Child(entry->Name());
         if (IsFile(icon)) return icon->NativePath();
     }

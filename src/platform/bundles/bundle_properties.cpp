@@ -25,7 +25,7 @@ BundleProperties ReadBundleProperties(const FolderItem& contents) {
         std::string bytes;
         BundleProperties properties;
     };
-    // Each installed version is asked for each document, and parsing costs ten times the reading.
+    // This is called for each version and document, and parsing takes ten times as long as reading.
     static std::map<std::string, Parsed> cache;
     const std::string path = contents.Child("Info.plist")->NativePath();
     std::string bytes = ReadPropertyListFile(path);

@@ -7,7 +7,7 @@
 namespace dunvey {
 
 /// The absolute path of the running executable, links resolved. Raises IOException if it can't be
-/// found out.
+/// determined.
 std::string ExecutablePath();
 
 /// The folder "Resources" of the running program's bundle.

@@ -13,8 +13,8 @@
 namespace dunvey {
 namespace {
 
-/// The same XML in UTF-8 without a byte-order mark. libplist takes it for UTF-8 whatever encoding
-/// it declares.
+/// The same XML in UTF-8 without a byte-order mark. libplist reads it as UTF-8 and ignores the
+/// declared encoding.
 std::string XmlInUtf8(const std::string& bytes) {
     constexpr std::string_view kMark = "\xEF\xBB\xBF";
     constexpr std::string_view kBigEndianMark = "\xFE\xFF";
@@ -67,7 +67,7 @@ Ref<CFBinaryDataMBS> NewCFBinaryDataMBSStr(std::string bytes) {
 Ref<CFDictionaryMBS> NewCFObjectMBSFromXML(const Ref<CFBinaryDataMBS>& data) {
     const std::string& bytes = data->Bytes;
     if (bytes.empty() || bytes.size() > kPropertyListLimit) return nullptr;
-    return BinaryPropertyList::HasMark(bytes) ? FromBinary(bytes) : FromXml(XmlInUtf8(bytes));
+    return BinaryPropertyList::HasSignature(bytes) ? FromBinary(bytes) : FromXml(XmlInUtf8(bytes));
 }
 
 Ref<CFStringMBS> NewCFStringMBS(std::string text) {

@@ -9,9 +9,9 @@
 
 namespace dunvey {
 
-/// The largest property list that is parsed, in bytes; those of real applications have a few
-/// thousand. A million nested arrays overflow libplist's stack, the 37,000 that fit in here use a
-/// quarter of the usual 8 MiB.
+/// The largest property list that is parsed, in bytes; real ones have a few thousand. A million
+/// nested arrays overflow libplist's stack; the 37,000 that fit into this limit use a quarter of
+/// the usual 8 MiB.
 inline constexpr size_t kPropertyListLimit = 256 * 1024;
 
 /// Bytes as a data object.
@@ -34,7 +34,7 @@ class CFStringMBS {
 /// The dictionary that is the top value of a property list.
 class CFDictionaryMBS {
  public:
-    /// Gives the text under a key; none if there is none, or the value is no text.
+    /// Returns the text under a key; nullopt if there is none or the value is no text.
     using TextLookup = std::function<std::optional<std::string>(const std::string& key)>;
 
     explicit CFDictionaryMBS(TextLookup lookup) : lookup_(std::move(lookup)) {}

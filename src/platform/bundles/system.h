@@ -5,9 +5,9 @@
 
 namespace dunvey {
 
-/// The language of the program's texts, such as "ja" or "pt_BR"; empty for English. On Linux that
-/// of the locale, from LC_ALL, LC_MESSAGES or LANG. LANGUAGE may list others, in the order of
-/// preference, unless the locale is C or POSIX; the first one that there are texts in counts.
+/// The language of the program's texts, such as "ja" or "pt_BR"; empty for English. On Linux from
+/// LC_ALL, LC_MESSAGES or LANG. Unless that locale is C or POSIX, LANGUAGE may list preferred
+/// languages; the first one with a translation is used.
 std::string UserLanguage();
 
 namespace System {

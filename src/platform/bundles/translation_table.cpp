@@ -122,7 +122,7 @@ const TranslationTable& TranslationsInto(const std::string& language) {
     static std::map<std::string, TranslationTable> tables;
     const auto known = tables.find(language);
     if (known != tables.end()) return known->second;
-    // The language comes from the environment: it must not lead to another folder.
+    // The language comes from the environment: it must not name another folder.
     const bool isName = !language.empty() && language.find('/') == language.npos;
     std::optional<TranslationTable> table = isName ? LoadTable(language) : std::nullopt;
     if (isName && !table) table = LoadTable(NthField(language, "_", 1));

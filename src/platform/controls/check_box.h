@@ -16,7 +16,7 @@ class CheckBox : public RectControl {
     bool Value() const { return value_; }
     void SetValue(bool value) { Put(value_, value); }
 
-    /// The user changes the value; then the event fires. A disabled one doesn't change.
+    /// The user toggles the value; then the event fires. Does nothing if disabled.
     void Toggle(UserAction) {
         if (!Enabled()) return;
         const auto alive = KeepAlive();

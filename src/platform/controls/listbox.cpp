@@ -66,7 +66,7 @@ void Listbox::AddRow(const std::vector<std::string>& texts) {
 void Listbox::DeleteAllRows() {
     rows_.clear();
     lastIndex_ = -1;
-    ++filling_;
+    ++generation_;
     const bool wasSelected = std::exchange(listIndex_, -1) != -1;
     Changed();
     if (wasSelected) Event_Change();
@@ -128,16 +128,16 @@ void Listbox::InvalidateCell(int64_t, int64_t) {
 
 int64_t Listbox::RowWithWord(std::string_view text) const {
     const std::string wanted = " " + Lowercase(text);
-    int64_t begun = -1;
+    int64_t partial = -1;
     for (int64_t step = 0; step < ListCount(); ++step) {
         const int64_t row = (std::max<int64_t>(0, listIndex_) + step) % ListCount();
         for (const CellContent& cell : Row(row).cells) {
             const std::string words = " " + Lowercase(cell.text);
             if (words.ends_with(wanted)) return row;
-            if (begun == -1 && words.find(wanted) != std::string::npos) begun = row;
+            if (partial == -1 && words.find(wanted) != std::string::npos) partial = row;
         }
     }
-    return begun;
+    return partial;
 }
 
 void Listbox::Select(UserAction, int64_t row) {

@@ -24,13 +24,13 @@ class Listbox : public RectControl {
     /// The name for screen readers.
     const std::string& SpokenName() const { return spokenName_; }
     void SetSpokenName(const std::string& name) { Put(spokenName_, name); }
-    /// A line shown over the list, such as what it waits for. Empty for none.
+    /// A line shown over the rows, such as what is being waited for. Empty for none.
     const std::string& Note() const { return note_; }
     void SetNote(const std::string& note) { Put(note_, note); }
 
     int64_t ColumnCount() const { return static_cast<int64_t>(columns_.size()); }
     void SetColumnCount(int64_t count);
-    /// Widths in points, separated by commas. Columns with "*" or none share what is left.
+    /// Widths in points, separated by commas. Columns with "*" or no width share the rest equally.
     void SetColumnWidths(std::string widths) { columnWidths_ = std::move(widths); }
     /// The widths in points of the columns in a list of that width.
     std::vector<int64_t> ColumnWidthsIn(int64_t width) const;
@@ -51,8 +51,8 @@ class Listbox : public RectControl {
     int64_t ListCount() const { return static_cast<int64_t>(rows_.size()); }
     /// Change fires if a row was selected.
     void DeleteAllRows();
-    /// Counts DeleteAllRows, so that a loop over the rows can notice that they were replaced.
-    int64_t Filling() const { return filling_; }
+    /// The number of DeleteAllRows calls: tells a loop over the rows that they were replaced.
+    int64_t Generation() const { return generation_; }
 
     const std::string& Cell(int64_t row, int64_t column) const { return At(row, column).text; }
     void SetCell(int64_t row, int64_t column, const std::string& text);
@@ -98,8 +98,8 @@ class Listbox : public RectControl {
     void Event_Open() override;
     virtual void Event_Change();
     virtual void Event_DoubleClick();
-    /// Fired before a cell's text is drawn at x and y in the ForeColor. True if the handler has
-    /// drawn the text.
+    /// Fired before a cell's text is drawn in the ForeColor; x is its left edge and y its baseline.
+    /// True if the handler has drawn the text.
     virtual bool Event_CellTextPaint(Graphics& graphics, int64_t row, int64_t column, int64_t x,
                                      int64_t y);
     /// Fired before a cell is drawn. True if the list must not paint its own background; the
@@ -139,7 +139,7 @@ class Listbox : public RectControl {
     int64_t lastIndex_ = -1;
     int64_t listIndex_ = -1;
     int64_t sortedColumn_ = 0;
-    int64_t filling_ = 0;
+    int64_t generation_ = 0;
 };
 
 }  // namespace dunvey

@@ -35,11 +35,11 @@ class RectControl : public Observable, public std::enable_shared_from_this<RectC
     const std::string& Name() const { return name_; }
     void SetName(std::string name) { name_ = std::move(name); }
 
-    /// The current place.
+    /// The current bounds.
     const Bounds& Place() const { return place_; }
     int64_t Width() const { return place_.Width; }
     int64_t Height() const { return place_.Height; }
-    /// Sets the place in a window of the design size, and the locks.
+    /// Sets the bounds in a window of the design size, and the locks.
     void SetDesign(const Bounds& place, const Locks& locks);
     /// Moves and resizes the control as its locks say, for a window that is `wider` and `higher`
     /// than the design size by these points. Without locks on an axis nothing changes on it.

@@ -12,11 +12,11 @@
 /// groups as "\1" and "\2".
 namespace dunvey::RegExXojo {
 
-/// The object of the last call. Each call that gets past its first checks makes a new one, so no
-/// option carries over.
+/// The object of the last call. A call with a source and a pattern makes a new one, so options
+/// don't carry over.
 extern Ref<RegEx> reg;
 
-/// The message for a pattern that is one metacharacter alone, in the given language.
+/// The message for a pattern that is only one metacharacter, in the given language.
 std::string kAlert_Metacharacters(const std::string& language);
 
 /// Whether the pattern matches at or after `start`. False for an empty source or pattern, and after

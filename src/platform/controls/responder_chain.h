@@ -16,7 +16,7 @@ class ResponderChain {
     struct Remover {
         void operator()(Entry* entry) const;
     };
-    /// An entry of the chain, removed when this dies. It must not outlive its responder.
+    /// An entry of the chain, removed when this is destroyed. It must not outlive its responder.
     using Place = std::unique_ptr<Entry, Remover>;
 
     /// Adds a shown window in front of the others.

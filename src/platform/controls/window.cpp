@@ -16,8 +16,8 @@ Size AtMost(const Size& size, const Size& most) {
     return {std::min(size.Width, most.Width), std::min(size.Height, most.Height)};
 }
 
-/// Keeps the windows of Show alive. Never destroyed: Qt calls exit when the display dies, and to
-/// destroy a window afterwards would use what Qt has freed.
+/// Keeps the windows of Show alive. Never destroyed: Qt calls exit when the display is lost, and
+/// destroying a window after that would use freed Qt objects.
 std::vector<std::shared_ptr<Window>>& kept = *new std::vector<std::shared_ptr<Window>>;
 
 }  // namespace
@@ -125,7 +125,7 @@ void Window::Close() {
     Event_Close();
 }
 
-void Window::LetAllGo() {
+void Window::HideAll() {
     for (const std::shared_ptr<Window>& window : std::exchange(kept, {}))
         window->held_.reset();
 }

@@ -39,17 +39,17 @@ class Window : public Observable, public Responder, public std::enable_shared_fr
 
     const std::string& Title() const { return title_; }
     void SetTitle(const std::string& title) { Put(title_, title); }
-    /// Whether the pointer shows that the program works, although the window can be used.
+    /// Whether the pointer shows that the program is busy. The window stays usable.
     bool Busy() const { return busy_; }
     void SetBusy(bool busy) { Put(busy_, busy); }
-    /// Nil for none of its own.
+    /// The window's own menu bar; nil for none.
     const Ref<dunvey::MenuBar>& MenuBar() const { return menuBar_; }
     void SetMenuBar(Ref<dunvey::MenuBar> menuBar) { menuBar_ = std::move(menuBar); }
     /// The native window.
     const Ref<NSWindow>& Handle() const { return handle_; }
 
-    // The size of the controls' area in points: at least the minimum, at most the maximum, and
-    // never more than the room on the screen.
+    // The size of the content in points: at least the minimum, at most the maximum, and never
+    // larger than the space on the screen.
     int64_t Width() const { return Actual().Width; }
     int64_t Height() const { return Actual().Height; }
     void SetHeight(int64_t height);
@@ -58,7 +58,7 @@ class Window : public Observable, public Responder, public std::enable_shared_fr
     void SetMinWidth(int64_t width);
     void SetMaxWidth(int64_t width);
     void SetMaxHeight(int64_t height);
-    // The limits for the user's resizing, within the room on the screen.
+    // The limits for the user's resizing, within the space on the screen.
     Size SmallestSize() const;
     Size LargestSize() const;
 
@@ -74,7 +74,7 @@ class Window : public Observable, public Responder, public std::enable_shared_fr
     const std::vector<Ref<RectControl>>& Controls() const { return controls_; }
 
     /// Shows the window, or raises it if it is shown already, and returns at once. It is kept alive
-    /// until it closes or the desktop goes. Raises DesktopUnavailableException without a screen.
+    /// until it closes or the desktop ends. Raises DesktopUnavailableException without a screen.
     void Show();
     /// Shows the window and blocks until it closes. Raises DesktopUnavailableException without a
     /// screen.
@@ -84,16 +84,16 @@ class Window : public Observable, public Responder, public std::enable_shared_fr
     bool IsClosed() const { return closed_; }
 
     /// Removes all windows shown by Show from the screen; no event is fired.
-    static void LetAllGo();
+    static void HideAll();
 
-    /// Fired once, when the window opens, after the Event_Open of its controls.
+    /// Fired once, when the window opens, after its controls' Event_Open.
     virtual void Event_Open() {}
     /// Fired once, when the window has closed.
     virtual void Event_Close() {}
 
     /// The user resizes the window.
     void Resize(UserAction, Size size);
-    /// Sets the room on the screen.
+    /// Sets the space on the screen, in points.
     void Confine(UserAction, Size room);
     /// The user presses Return: presses the default button. False if none is enabled.
     bool PressDefault(UserAction key);

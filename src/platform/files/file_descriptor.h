@@ -10,7 +10,7 @@
 
 namespace dunvey {
 
-/// Makes a system call, and repeats it while it fails with EINTR.
+/// Makes a system call, repeated while it fails with EINTR. Returns its last result.
 template <typename Call>
 auto Uninterrupted(Call&& call) {
     for (;;) {
@@ -44,7 +44,7 @@ class FileDescriptor {
 FileDescriptor OpenFile(const std::string& path, int flags, mode_t mode = 0);
 
 /// Opens a regular file, a new one with mode 0666, and never blocks: a FIFO or a device gives
-/// EINVAL, a folder EISDIR. On failure the descriptor is none. Sets `error` to 0 or the errno.
+/// EINVAL, a folder EISDIR. None on failure. Sets `error` to 0 or the errno.
 FileDescriptor OpenRegularFile(const std::string& path, int& error, int flags = 0);
 
 /// Reads until `count` bytes have arrived or the file ends. Returns the number of bytes, or -1 with

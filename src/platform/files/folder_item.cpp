@@ -16,17 +16,17 @@
 namespace dunvey {
 namespace {
 
-/// The path without doubled slashes, "." components and a slash at the end. ".." stays, since after
-/// a link it leads elsewhere.
-std::string Tidied(const std::string& path) {
-    std::string tidy;
+/// The path without doubled slashes, "." components and a slash at the end. ".." is kept: after a
+/// link it names another folder.
+std::string Normalized(const std::string& path) {
+    std::string normal;
     for (size_t begin = 0; begin < path.size();) {
         const size_t end = std::min(path.find('/', begin), path.size());
         const bool nothing = end == begin || (end == begin + 1 && path[begin] == '.');
-        if (!nothing) tidy.append("/").append(path, begin, end - begin);
+        if (!nothing) normal.append("/").append(path, begin, end - begin);
         begin = end + 1;
     }
-    return tidy.empty() ? "/" : tidy;
+    return normal.empty() ? "/" : normal;
 }
 
 /// The names in the folder as far as it can be read, in byte order.
@@ -43,9 +43,9 @@ std::vector<std::string> NamesIn(const std::string& folder) {
 }
 
 /// Returns 0 or the errno.
-int Look(const std::string& path, bool followsLinks, struct stat& status) {
-    const auto look = followsLinks ? &stat : &lstat;
-    return Uninterrupted([&] { return look(path.c_str(), &status); }) == 0 ? 0 : errno;
+int ReadStatus(const std::string& path, bool followsLinks, struct stat& status) {
+    const auto read = followsLinks ? &stat : &lstat;
+    return Uninterrupted([&] { return read(path.c_str(), &status); }) == 0 ? 0 : errno;
 }
 
 }  // namespace
@@ -53,7 +53,7 @@ int Look(const std::string& path, bool followsLinks, struct stat& status) {
 FolderItem::FolderItem(std::string path) : path_(AbsolutePath(path)) {
     // The current folder was removed. Nothing can exist below something that is not a folder.
     if (path_.empty()) path_ = "/dev/null/" + path;
-    path_ = Tidied(path_);
+    path_ = Normalized(path_);
 }
 
 std::string FolderItem::Name() const {
@@ -61,15 +61,15 @@ std::string FolderItem::Name() const {
 }
 
 bool FolderItem::Exists() const {
-    constexpr std::array kNowhere = {ENOENT, ENOTDIR, ELOOP, ENAMETOOLONG};
+    constexpr std::array kMissing = {ENOENT, ENOTDIR, ELOOP, ENAMETOOLONG};
     struct stat status;
-    const int error = Look(path_, followsLinks_, status);
-    return std::find(kNowhere.begin(), kNowhere.end(), error) == kNowhere.end();
+    const int error = ReadStatus(path_, followsLinks_, status);
+    return std::find(kMissing.begin(), kMissing.end(), error) == kMissing.end();
 }
 
 bool FolderItem::Directory() const {
     struct stat status;
-    return Look(path_, followsLinks_, status) == 0 && S_ISDIR(status.st_mode);
+    return ReadStatus(path_, followsLinks_, status) == 0 && S_ISDIR(status.st_mode);
 }
 
 int64_t FolderItem::Count() const {

@@ -8,9 +8,8 @@
 
 namespace dunvey {
 
-/// A file or folder by its absolute path. It need not exist. Links are followed, but for an item
-/// from TrueItem: there a link is neither followed by Exists, Directory and Count nor by
-/// CopyFileTo.
+/// A file or folder by its absolute path. It need not exist. Links are followed, except by Exists,
+/// Directory, Count and CopyFileTo of an item from TrueItem.
 class FolderItem : public Object {
  public:
     /// A relative path starts at the current directory. ".." isn't resolved.
@@ -18,12 +17,12 @@ class FolderItem : public Object {
 
     /// The last path component with its extension; "/" for the root.
     std::string Name() const;
-    /// Whether there is something at the path. True as well if the kernel can't tell (such as no
-    /// permission for a folder above): using the item then fails, and nothing is skipped silently.
+    /// Whether there is something at the path. Also true if that can't be determined (such as no
+    /// permission for a parent folder): using the item then fails, and nothing is skipped silently.
     bool Exists() const;
     bool Directory() const;
-    /// The number of entries of a folder, 0 if it can't be read. Reads the folder, except during a
-    /// walk: from a TrueItem until the one for the last entry it counts the same listing.
+    /// The number of entries of a folder, 0 if it can't be read. Reads the folder, except between
+    /// the first and the last entry of a TrueItem loop, where the listing is reused.
     int64_t Count() const;
     /// The folder that holds the item; nil for the root.
     Ref<FolderItem> Parent() const;
@@ -42,7 +41,7 @@ class FolderItem : public Object {
     /// Copies a file to `destination`: a new file, or a folder in which to put the copy. An
     /// existing file is not replaced.
     void CopyFileTo(const FolderItem& destination) const;
-    /// Makes the folder itself, not those above it.
+    /// Creates the folder, not its parents.
     void CreateAsFolder() const;
     /// Removes a file, a link or an empty folder.
     void Delete() const;

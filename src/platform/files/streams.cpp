@@ -23,14 +23,14 @@ namespace {
                       error);
 }
 
-/// Whether the process may not write that far into a file.
+/// Whether the process's limit for files is below the size.
 bool ExceedsFileLimit(size_t size) {
     rlimit limit{};
     return getrlimit(RLIMIT_FSIZE, &limit) == 0 && size > limit.rlim_cur;
 }
 
-/// Takes a lock of flock() that lasts until the descriptor is closed. Returns 0, or the errno where
-/// another process holds the file for half a second. A file system without locks gives 0 as well.
+/// Locks with flock() until the descriptor is closed. Returns 0, also on a file system without
+/// locks, or EWOULDBLOCK if the lock isn't free within half a second.
 int LockFile(int descriptor, int operation) {
     constexpr int kTries = 50;
     constexpr int kWait = 10;  // milliseconds
@@ -95,7 +95,7 @@ Ref<TextOutputStream> TextOutputStream::Create(const Ref<FolderItem>& item) {
     if (error == EEXIST) file = OpenRegularFile(path, error, O_WRONLY);
     if (file) return New<TextOutputStream>(std::move(file), path, created);
     if (error != ENOENT) Raise("written", path, error);
-    // A link that leads nowhere: create its target.
+    // A broken link: create its target.
     file = OpenRegularFile(path, error, O_WRONLY | O_CREAT);
     if (!file) Raise("written", path, error);
     return New<TextOutputStream>(std::move(file), RealPath(path), true);
@@ -110,7 +110,7 @@ int TextOutputStream::Cut(off_t size) {
     return Uninterrupted([&] { return ftruncate(file_.Get(), size); }) == 0 ? 0 : errno;
 }
 
-int TextOutputStream::PutInPlace() {
+int TextOutputStream::WriteInPlace() {
     const std::string_view text = text_;
     const int locking = LockFile(file_.Get(), LOCK_EX);
     if (locking != 0) return locking;
@@ -124,7 +124,7 @@ int TextOutputStream::PutInPlace() {
     } else if (ExceedsFileLimit(text.size())) {
         return EFBIG;
     }
-    // Half of the new text over the old one is worse than either.
+    // A mixture of the new and the old text is worse than either.
     int error = WriteAt(0, text.substr(0, oldSize));
     if (error != 0) error = WriteAt(0, text.substr(0, oldSize));
     if (error != 0) return Cut(end), error;
@@ -133,7 +133,7 @@ int TextOutputStream::PutInPlace() {
 
 int TextOutputStream::Finish() {
     if (!file_) return 0;
-    const int placing = PutInPlace();
+    const int placing = WriteInPlace();
     const int closing = file_.Close();
     const int error = placing != 0 ? placing : closing;
     if (error != 0 && created_) Uninterrupted([this] { return unlink(path_.c_str()); });

@@ -21,8 +21,8 @@ class BinaryStream {
     int64_t Length() const;
     /// The next `count` bytes, fewer at the end of the file. Raises IOException.
     std::string Read(int64_t count);
-    /// Keeps a TextOutputStream from changing the file until this stream is closed. Raises
-    /// IOException if one holds the file for half a second.
+    /// Locks the file against a TextOutputStream until this stream is closed. Raises IOException if
+    /// the lock isn't free within half a second.
     void LockForReading() const;
     void Close() { file_.Close(); }
     const std::string& Path() const { return path_; }
@@ -55,18 +55,18 @@ class TextInputStream {
     Ref<BinaryStream> stream_;
 };
 
-/// Writes a text file when it is closed, in place: first what exceeds the old text, then the rest
-/// over the old text, then the cut to length. So a full disk keeps the old text, and no fault
-/// leaves an empty file. A failed write over the old text is tried once more. The file is locked
-/// meanwhile; IOException is raised if another process holds the lock for half a second.
+/// Writes a text file in place when it is closed: appends what exceeds the old size, overwrites the
+/// old text, then truncates. A full disk leaves the old text, and no failure leaves an empty file.
+/// A failed overwrite is retried once. The file is locked meanwhile; IOException is raised if the
+/// lock isn't free within half a second.
 class TextOutputStream {
  public:
-    /// Creates the file or opens the one that stands there. Raises IOException.
+    /// Creates the file or opens an existing one. Raises IOException.
     static Ref<TextOutputStream> Create(const Ref<FolderItem>& file);
 
     void Write(std::string_view text) { text_ += text; }
-    /// Raises IOException; a file that Create made is then removed. The destructor closes an open
-    /// stream and raises nothing.
+    /// Writes the text. Raises IOException; a file that Create made is then removed. The destructor
+    /// closes an open stream and raises nothing.
     void Close();
 
     TextOutputStream(FileDescriptor file, std::string path, bool created)
@@ -76,7 +76,7 @@ class TextOutputStream {
  private:
     /// All return 0 or the errno.
     int Finish();
-    int PutInPlace();
+    int WriteInPlace();
     int WriteAt(off_t place, std::string_view text);
     int Cut(off_t size);
 

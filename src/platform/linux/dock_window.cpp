@@ -15,8 +15,8 @@ constexpr Size kDesign{340, 292};
 /// Visible on light and dark windows.
 constexpr Color kFrameColor{0x808080};
 
-std::vector<std::string> DocumentsAmong(const std::vector<std::string>& words) {
-    return TakeIn(words, Application::Current()->DocumentExtensions()).documents;
+std::vector<std::string> DocumentsAmong(const std::vector<std::string>& files) {
+    return TakeIn(files, Application::Current()->DocumentExtensions()).documents;
 }
 
 Ref<Picture> BundleIcon(int64_t size) {
@@ -77,15 +77,15 @@ void DockWindow::PaintIcon(Graphics& graphics) const {
     graphics.DrawPicture(*BundleIcon(std::min(graphics.Width(), graphics.Height())), 0, 0);
 }
 
-bool DockWindow::Drag(UserAction, const std::vector<std::string>& words) {
-    const bool has = !DocumentsAmong(words).empty();
+bool DockWindow::Drag(UserAction, const std::vector<std::string>& files) {
+    const bool has = !DocumentsAmong(files).empty();
     line_->SetText(has ? Dock::kDropDocuments("") : Dock::kNothingToOpen(""));
     return has;
 }
 
-void DockWindow::Take(UserAction key, const std::vector<std::string>& words) {
-    if (IsClosed() || !Drag(key, words)) return;
-    for (const std::string& path : DocumentsAmong(words))
+void DockWindow::Take(UserAction key, const std::vector<std::string>& files) {
+    if (IsClosed() || !Drag(key, files)) return;
+    for (const std::string& path : DocumentsAmong(files))
         EventLoop::Current().PostOpenDocument(New<FolderItem>(path));
     Withdraw();
 }

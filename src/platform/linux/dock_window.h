@@ -20,12 +20,12 @@ class DockWindow final : public Window {
     /// Lets the user choose files and passes them to Take. The desktop sets it.
     std::function<void()> Choose;
 
-    /// The user drags files over the window. Returns whether there is a document among them; if
-    /// not, the window says so.
-    bool Drag(UserAction, const std::vector<std::string>& words);
+    /// The user drags files, named by path or URI, over the window. Returns whether there is a
+    /// document among them; if not, the window says so.
+    bool Drag(UserAction, const std::vector<std::string>& files);
     /// The user drops or chooses files: posts the documents among them to the event loop and closes
     /// the window. Without a document the window stays and says so.
-    void Take(UserAction key, const std::vector<std::string>& words);
+    void Take(UserAction key, const std::vector<std::string>& files);
 
     /// Closes the window without ending the program.
     void Withdraw();

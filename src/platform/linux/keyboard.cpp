@@ -10,9 +10,9 @@
 namespace dunvey::Keyboard {
 namespace {
 
-constexpr int kMostMilliseconds = 500;
+constexpr int kMaxMilliseconds = 500;
 
-/// The modifier keys that the X server sees held down; 0 without a server.
+/// The modifier keys held down, as the X server reports them; 0 without a server.
 uint8_t QueryModifiers() {
     xcb_connection_t* const server = xcb_connect(nullptr, nullptr);
     if (xcb_connection_has_error(server) != 0) return 0;
@@ -22,12 +22,12 @@ uint8_t QueryModifiers() {
     return reply != nullptr ? static_cast<uint8_t>(reply->mask) : 0;
 }
 
-/// The same, 0 where the server doesn't answer in time. It is then not asked again.
+/// The same, 0 where the server doesn't answer in time. Then it isn't queried again.
 uint8_t HeldModifiers() {
     static bool isDead = false;
     const char* const display = std::getenv("DISPLAY");
     if (isDead || display == nullptr || *display == '\0') return 0;
-    const std::optional<uint8_t> modifiers = CallWithin(kMostMilliseconds, &QueryModifiers);
+    const std::optional<uint8_t> modifiers = CallWithin(kMaxMilliseconds, &QueryModifiers);
     isDead = !modifiers;
     return modifiers.value_or(0);
 }

@@ -15,8 +15,8 @@ void PostLaunchDocuments(EventLoop& loop) {
         WriteErrorLine("Dunvey: " + refusal);
     for (const std::string& path : intake.documents)
         loop.PostOpenDocument(New<FolderItem>(path));
-    // In a folder that was removed each shell complains first, and where nobody reads standard
-    // error SIGPIPE ends it before its command.
+    // In a removed folder each shell first prints a warning. If standard error is a closed pipe,
+    // SIGPIPE then ends it before its command.
     char folder[PATH_MAX];
     if (getcwd(folder, sizeof folder) == nullptr && chdir("/") != 0)
         WriteErrorLine("Dunvey: the current folder was removed, and / can't be used instead.");

@@ -8,8 +8,8 @@ namespace dunvey {
 namespace {
 
 Desktop::Loader loadDesktop = nullptr;
-// A plain pointer: where Qt ends the process because the display is gone, open windows still use
-// it.
+// A plain pointer, not destroyed at exit: open windows still use it when Qt ends the process
+// because the display is lost.
 Desktop* installed = nullptr;
 
 }  // namespace
@@ -19,7 +19,7 @@ void Desktop::SetLoader(Loader loader) {
 }
 
 void Desktop::Install(std::unique_ptr<Desktop> desktop) {
-    Window::LetAllGo();
+    Window::HideAll();
     delete std::exchange(installed, desktop.release());
 }
 

@@ -29,8 +29,7 @@ class Shown {
     virtual void Zoom() {}
 };
 
-/// The one interface to the screen, the keyboard and the mouse. It is loaded at its first use; a
-/// run in which nothing is asked never loads it.
+/// The one interface to the screen, the keyboard and the mouse. It is loaded at its first use.
 class Desktop {
  public:
     virtual ~Desktop() = default;
@@ -40,7 +39,7 @@ class Desktop {
     virtual void RunLoop() = 0;
     /// Makes the innermost RunLoop return soon. Without one it does nothing.
     virtual void LeaveLoop() = 0;
-    /// Tells a running loop that a document or a timer was added.
+    /// Wakes a running loop after a document or a timer was added.
     virtual void Wake() = 0;
     /// Serves waiting events, of the user and of the EventLoop, and returns.
     virtual void Turn() = 0;
@@ -53,13 +52,13 @@ class Desktop {
     /// object.
     virtual std::unique_ptr<Shown> Show(Window& window, bool modal) = 0;
 
-    /// Whether the Command key is held down while one of the windows has the focus; for systems whose
-    /// keyboard can't be read otherwise.
+    /// Whether the Command key is held down while one of the windows has the focus; for desktops
+    /// whose keyboard can't be read otherwise.
     virtual bool IsCommandKeyDown() const { return false; }
 
-    /// The icon of the file or folder at an absolute path, which exists.
+    /// The icon of the file or folder at an absolute path; never nil.
     virtual Ref<NSImage> IconForFile(const std::string& path) = 0;
-    /// The icon of a file type: an extension, or a four-letter code in single quotes.
+    /// The icon of an extension, or of a four-letter code in single quotes; never nil.
     virtual Ref<NSImage> IconForFileType(const std::string& type) = 0;
 
     /// Compares two texts in the order of the user's language, digits by their value: negative,

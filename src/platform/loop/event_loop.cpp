@@ -69,7 +69,7 @@ void EventLoop::Turn() {
 }
 
 void EventLoop::RunDesktop() {
-    // A loop that starts with an exception kept would serve nothing and never end.
+    // A loop that starts with a kept exception would skip all callbacks and never end.
     RaiseKept();
     Desktop::Current().RunLoop();
     RaiseKept();

@@ -43,7 +43,7 @@ class Timer {
 };
 
 /// The event loop of the process: the queue of open-document events, the timers and the stack of
-/// nested loops. It works without a desktop, which a run that asks nothing never loads. A loaded
+/// nested loops. It works without a desktop, which is loaded only when a window is needed. A loaded
 /// desktop runs its own loop and serves this queue and these timers from there.
 class EventLoop {
  public:

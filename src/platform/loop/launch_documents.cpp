@@ -13,7 +13,7 @@
 namespace dunvey {
 namespace {
 
-/// Decodes "%41" and the like; empty for a broken escape or one of a zero byte.
+/// Decodes "%41" and the like; empty for a broken escape or an encoded zero byte.
 std::string DecodePercent(const std::string& text) {
     std::string decoded;
     for (size_t i = 0; i < text.size(); ++i) {
@@ -35,7 +35,7 @@ bool IsThisComputer(const std::string& name) {
     return name.empty() || name == "localhost" || (known && name == Lowercase(own));
 }
 
-/// Why the path isn't taken in; empty if it is.
+/// Why the path isn't accepted; empty if it is.
 std::string ReasonToRefuse(const std::string& path, const std::vector<std::string>& extensions) {
     switch (RefusalOf(path, extensions)) {
         case Refusal::kNone:

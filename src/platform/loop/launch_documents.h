@@ -7,7 +7,7 @@
 
 namespace dunvey {
 
-/// What the arguments of a start, or the URIs of a drop, name.
+/// The documents named by the launch arguments or by the URIs of a drop.
 struct Intake {
     /// The paths of the documents, absolute or relative as they were given.
     std::vector<std::string> documents;
@@ -19,18 +19,18 @@ struct Intake {
 /// URI that can't be decoded or names a file of another computer.
 std::string PathOfArgument(const std::string& argument);
 
-/// Why a path isn't taken in; kNone if it is.
+/// Why a path isn't accepted; kNone if it is.
 enum class Refusal { kNone, kMissing, kFolder, kNotRegular, kOtherKind };
 
 /// A document is a regular file, or a link to one, with one of the extensions in any ASCII letter
 /// case; without extensions every file is one. The file isn't opened. Sets errno with kMissing.
 Refusal RefusalOf(const std::string& path, const std::vector<std::string>& extensions);
 
-/// Sorts arguments. One that begins with "-" is a file name.
+/// Separates documents from other arguments. One that begins with "-" is a file name.
 Intake TakeIn(const std::vector<std::string>& arguments,
               const std::vector<std::string>& extensions);
 
-/// The arguments of the start, without the program's own name; set by main.
+/// The launch arguments without the program's own name; set by main.
 extern std::vector<std::string> launchArguments;
 
 /// Queues the documents of the launch. On Linux they are the arguments; one that is no document is

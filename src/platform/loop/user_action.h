@@ -4,8 +4,8 @@ namespace dunvey {
 
 class Desktop;
 
-/// Proof that the user acts, taken by operations such as a button's press. Only a desktop can make
-/// one, so logic can't press a button by accident.
+/// Proof that the user acts, a parameter of operations such as a button's Press. Only a desktop can
+/// make one, so logic can't press a button by accident.
 class UserAction {
  private:
     friend class Desktop;

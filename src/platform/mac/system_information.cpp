@@ -13,7 +13,7 @@ namespace {
 int64_t VersionPart(int64_t number) {
     char version[32];
     size_t size = sizeof version;
-    // The name exists since 10.13.4. The program doesn't start on systems before 10.13.
+    // The name exists since 10.13.4. The program needs macOS 10.13.
     const bool isKnown = sysctlbyname("kern.osproductversion", version, &size, nullptr, 0) == 0;
     return static_cast<int64_t>(Val(NthField(isKnown ? version : "10.13", ".", number)));
 }

@@ -12,7 +12,7 @@ struct MenuCaption {
     explicit MenuCaption(std::string text);
 
     std::string title;
-    /// Byte offset of the marked character in the title; none if no character is marked.
+    /// Byte offset of the marked character in the title; nullopt if no character is marked.
     std::optional<size_t> mnemonic;
 };
 

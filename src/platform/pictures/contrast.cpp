@@ -9,14 +9,14 @@ namespace {
 constexpr Color kBlack{0x000000};
 constexpr Color kWhite{0xFFFFFF};
 
-uint32_t Part(Color color, int shift) {
+uint32_t Channel(Color color, int shift) {
     return (color.RedGreenBlue >> shift) & 0xFF;
 }
 
 double Luminance(Color color) {
     const auto linear = [color](int shift) {
-        const double part = Part(color, shift) / 255.0;
-        return part <= 0.03928 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
+        const double value = Channel(color, shift) / 255.0;
+        return value <= 0.03928 ? value / 12.92 : std::pow((value + 0.055) / 1.055, 2.4);
     };
     return 0.2126 * linear(16) + 0.7152 * linear(8) + 0.0722 * linear(0);
 }
@@ -24,8 +24,8 @@ double Luminance(Color color) {
 Color Mixed(Color color, Color goal, uint32_t step, uint32_t steps) {
     Color mixed;
     for (const int shift : {16, 8, 0}) {
-        const uint32_t part = Part(color, shift) * (steps - step) + Part(goal, shift) * step;
-        mixed.RedGreenBlue |= (part / steps) << shift;
+        const uint32_t value = Channel(color, shift) * (steps - step) + Channel(goal, shift) * step;
+        mixed.RedGreenBlue |= (value / steps) << shift;
     }
     return mixed;
 }

@@ -14,7 +14,7 @@ struct PixelRectangle {
     int64_t Height = 0;
 };
 
-/// An image of the operating system, in no particular size.
+/// An image of the operating system that can be drawn at any size.
 class NSImage {
  public:
     virtual ~NSImage() = default;

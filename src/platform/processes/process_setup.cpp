@@ -14,7 +14,7 @@ extern char** environ;
 namespace dunvey {
 namespace {
 
-std::optional<std::vector<std::string>> kept;
+std::optional<std::vector<std::string>> startEnvironment;
 
 std::vector<std::string> CurrentEnvironment() {
     std::vector<std::string> variables;
@@ -32,7 +32,7 @@ void SetUpProcess() {
     if (opened > STDERR_FILENO) close(opened);
     signal(SIGPIPE, SIG_IGN);
     signal(SIGXFSZ, SIG_IGN);
-    kept = CurrentEnvironment();
+    startEnvironment = CurrentEnvironment();
     if (!HasRaisedPrivileges()) return;
     WriteErrorLine(
         "Dunvey: the program file is set-user-ID, set-group-ID or has capabilities. Dunvey starts "
@@ -42,7 +42,7 @@ void SetUpProcess() {
 }
 
 std::vector<std::string> StartEnvironment() {
-    return kept ? *kept : CurrentEnvironment();
+    return startEnvironment ? *startEnvironment : CurrentEnvironment();
 }
 
 }  // namespace dunvey

@@ -32,9 +32,9 @@ int MakePipe(Pipe& made) {
     std::array<int, 2> ends;
     if (pipe(ends.data()) != 0) return errno;
     const FileDescriptor low[] = {FileDescriptor(ends[0]), FileDescriptor(ends[1])};
-    made.reading = Lifted(ends[0]);
+    made.reading = DuplicateAboveScript(ends[0]);
     if (!made.reading) return errno;
-    made.writing = Lifted(ends[1]);
+    made.writing = DuplicateAboveScript(ends[1]);
     return made.writing ? 0 : errno;
 }
 
@@ -56,7 +56,7 @@ int StartShell(const std::string& command, int output, pid_t& process) {
     SpawnRequest request{"/bin/sh", {"sh", "-c", command}, ShellEnvironment(), output};
     if (command.size() <= kArgumentLimit) return Spawn(request, process);
     const FileDescriptor file = MakeAnonymousFile(command);
-    const FileDescriptor script = file ? Lifted(file.Get()) : FileDescriptor();
+    const FileDescriptor script = file ? DuplicateAboveScript(file.Get()) : FileDescriptor();
     if (!script) return errno;
     const RaisedStackLimit limit;
     request.arguments = {"sh", "/dev/fd/" + std::to_string(kScriptDescriptor)};
@@ -65,7 +65,7 @@ int StartShell(const std::string& command, int output, pid_t& process) {
     return Spawn(request, process);
 }
 
-/// Returns when there is something to read, or the end of it.
+/// Returns when there is output to read or the output is closed.
 void AwaitOutput(int descriptor, const std::function<void()>& whileWaiting) {
     constexpr int kMilliseconds = 50;
     pollfd wait{descriptor, POLLIN, 0};
@@ -83,7 +83,7 @@ int Run(const std::string& command, const std::function<void()>& whileWaiting,
     output.writing.Close();
     if (whileWaiting) AwaitOutput(output.reading.Get(), whileWaiting);
     result = ReadAll(output.reading.Get());
-    // After a failed read this ends a command that goes on writing.
+    // After a failed read this ends a command that keeps writing.
     output.reading.Close();
     Uninterrupted([process] { return waitpid(process, nullptr, 0); });
     return 0;
@@ -93,7 +93,7 @@ int Run(const std::string& command, const std::function<void()>& whileWaiting,
 
 void Shell::Execute(const std::string& command, const std::function<void()>& whileWaiting) {
     result_.clear();
-    const int error = Patiently([&] { return Run(command, whileWaiting, result_); });
+    const int error = RetryOnShortage([&] { return Run(command, whileWaiting, result_); });
     if (error == 0) return;
     // For a launch, the command names the documents that weren't opened.
     WriteErrorLine(std::string("Dunvey: the shell can't be started: ") + std::strerror(error) +

@@ -9,17 +9,17 @@ namespace dunvey {
 /// folder is first in its PATH.
 class Shell {
  public:
-    /// Runs the command line and returns when it has ended. Its length isn't limited, and what it
-    /// passes to one program may take about 6 MiB: for a command of more than 128 KiB the soft
-    /// stack limit is raised, see RaisedStackLimit. Standard input is empty, standard error this
+    /// Runs the command line and returns when it has ended. It may have any length. The arguments
+    /// that it passes to one program may take about 6 MiB, since for more than 128 KiB the soft
+    /// stack limit is raised (RaisedStackLimit). Standard input is empty, standard error this
     /// process's own.
     ///
     /// Raises RuntimeException where one of Dunvey's helpers is missing. If the shell can't be
-    /// started, after some attempts where the machine is short of resources, a line on standard
-    /// error names the reason and the command, and Result is empty.
+    /// started, a line on standard error names the reason and the command, and Result is empty; a
+    /// shortage of resources is retried before.
     ///
     /// `whileWaiting` is called twenty times a second until the command writes something or ends.
-    /// What it throws passes through, and the command continues alone.
+    /// Its exceptions pass through; the command then continues in the background.
     void Execute(const std::string& command, const std::function<void()>& whileWaiting = {});
 
     /// The standard output of the command.

@@ -11,15 +11,15 @@ inline bool IsShortage(int error) {
 }
 
 /// Makes the call, which returns 0 or an errno, up to four times with pauses of 50 ms while the
-/// machine is short of processes, memory or descriptors. A shortage that outlasts many calls is no
-/// longer waited for. Returns the last result.
+/// machine is short of processes, memory or descriptors. After 40 pauses without a success it no
+/// longer waits. Returns the last result.
 template <typename Call>
-int Patiently(Call&& call) {
+int RetryOnShortage(Call&& call) {
     constexpr timespec kPause{0, 50'000'000};
-    constexpr int kMostPauses = 40;
+    constexpr int kMaxPauses = 40;
     static int pauses = 0;
     int error = call();
-    for (int i = 1; i < 4 && IsShortage(error) && pauses < kMostPauses; ++i, ++pauses) {
+    for (int i = 1; i < 4 && IsShortage(error) && pauses < kMaxPauses; ++i, ++pauses) {
         nanosleep(&kPause, nullptr);
         error = call();
     }

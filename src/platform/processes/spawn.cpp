@@ -8,7 +8,7 @@
 namespace dunvey {
 namespace {
 
-/// As exec takes them; valid as long as the texts.
+/// The array that exec takes; valid as long as the texts.
 std::vector<char*> Pointers(const std::vector<std::string>& texts) {
     std::vector<char*> pointers;
     for (const std::string& text : texts)
@@ -43,7 +43,7 @@ int Spawn(const SpawnRequest& request, pid_t& process) {
     return error;
 }
 
-FileDescriptor Lifted(int descriptor) {
+FileDescriptor DuplicateAboveScript(int descriptor) {
     return FileDescriptor(fcntl(descriptor, F_DUPFD_CLOEXEC, kScriptDescriptor + 1));
 }
 

@@ -9,7 +9,7 @@
 
 namespace dunvey {
 
-/// The number that a started program finds its `script` descriptor under.
+/// The descriptor number under which a started program gets its script.
 constexpr int kScriptDescriptor = 3;
 
 /// A program to start. `script`, if not -1, becomes its descriptor 3.
@@ -27,6 +27,6 @@ struct SpawnRequest {
 int Spawn(const SpawnRequest& request, pid_t& process);
 
 /// A duplicate above kScriptDescriptor with close-on-exec, or none, with errno set.
-FileDescriptor Lifted(int descriptor);
+FileDescriptor DuplicateAboveScript(int descriptor);
 
 }  // namespace dunvey

@@ -7,7 +7,7 @@
 namespace dunvey {
 
 /// Raises the soft stack limit to 24 MiB and restores it when destroyed. Started programs inherit
-/// the limit, and a quarter of it, up to 6 MiB, is what their arguments may take.
+/// the limit; their arguments may take a quarter of it, up to 6 MiB.
 class RaisedStackLimit {
  public:
     RaisedStackLimit();

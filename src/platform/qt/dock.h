@@ -13,8 +13,8 @@ bool HasApplicationMenu();
 /// Nothing on Linux.
 void ActivateApplication();
 
-/// What is on the screen while the program waits for documents, until it is destroyed: the dock
-/// window on Linux, the menu bar without a window on macOS.
+/// What is shown while the program waits for documents, until it is destroyed: the dock window on
+/// Linux, the menu bar without a window on macOS.
 class QtDock {
  public:
     virtual ~QtDock() = default;

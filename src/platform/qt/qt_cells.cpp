@@ -54,7 +54,7 @@ void CellPainter::paint(QPainter* painter, const QStyleOptionViewItem& option,
 void CellPainter::PaintBackground(QPainter& painter, const QStyleOptionViewItem& option,
                                   int64_t row, int64_t column) const {
     const QRect cell(QPoint(0, 0), option.rect.size());
-    // Recorded, since the answer says whether something must be painted below.
+    // Recorded: only its result says whether the background must be painted first.
     QPicture drawn;
     QPainter recorder(&drawn);
     QtGraphics graphics(recorder, cell.size());

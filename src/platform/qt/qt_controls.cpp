@@ -22,8 +22,8 @@
 namespace dunvey {
 namespace {
 
-/// Shows the line, shortened in the middle where `width` is too small, and returns it then. A
-/// screen reader gets the whole line. A control lower than its font grows to that height.
+/// Shows the line, shortened in the middle if `width` is too small. Returns the whole line if it is
+/// shortened, else an empty one. A control lower than its font grows to that height.
 template <typename Widget>
 QString ShowLine(Widget& widget, const QString& line, int width, QString (*asShown)(QString)) {
     const QString shown = widget.fontMetrics().elidedText(line, Qt::ElideMiddle, width);
@@ -51,22 +51,22 @@ bool IsPressedByReturn(const PushButton& model, const QPushButton& button) {
                : model.Default() && model.Enabled();
 }
 
-ControlView ViewOf(const Ref<PushButton>& model, QWidget* parent, const UserDoor& door) {
+ControlView ViewOf(const Ref<PushButton>& model, QWidget* parent, const RunInput& run) {
     auto* button = new QPushButton(parent);
     // Else Qt chooses a default button where the model has none.
     button->setAutoDefault(false);
     QObject::connect(button, &QPushButton::clicked, button,
-                     [model, door] { door([&](UserAction key) { model->Press(key); }); });
+                     [model, run] { run([&](UserAction key) { model->Press(key); }); });
     return {button, [model, button] {
                 button->setDefault(IsPressedByReturn(*model, *button));
                 return ShowCaption(*button, model->Caption(), QStyle::SE_PushButtonContents);
             }};
 }
 
-ControlView ViewOf(const Ref<CheckBox>& model, QWidget* parent, const UserDoor& door) {
+ControlView ViewOf(const Ref<CheckBox>& model, QWidget* parent, const RunInput& run) {
     auto* box = new QCheckBox(parent);
-    QObject::connect(box, &QCheckBox::clicked, box, [model, box, door] {
-        door([&](UserAction key) { model->Toggle(key); });
+    QObject::connect(box, &QCheckBox::clicked, box, [model, box, run] {
+        run([&](UserAction key) { model->Toggle(key); });
         box->setChecked(model->Value());
     });
     return {box, [model, box] {
@@ -123,8 +123,8 @@ ControlView ViewOf(const Ref<Separator>& model, QWidget* parent) {
 
 class CanvasWidget final : public QWidget {
  public:
-    CanvasWidget(Ref<Canvas> model, QWidget* parent, UserDoor door)
-        : QWidget(parent), model_(std::move(model)), door_(std::move(door)) {}
+    CanvasWidget(Ref<Canvas> model, QWidget* parent, RunInput run)
+        : QWidget(parent), model_(std::move(model)), run_(std::move(run)) {}
 
  protected:
     void paintEvent(QPaintEvent*) override {
@@ -137,30 +137,30 @@ class CanvasWidget final : public QWidget {
     }
     void mousePressEvent(QMouseEvent* event) override {
         const QPoint place = event->pos();
-        door_([&](UserAction key) { isClaimed_ = model_->MouseDown(key, place.x(), place.y()); });
+        run_([&](UserAction key) { isClaimed_ = model_->MouseDown(key, place.x(), place.y()); });
     }
     void mouseReleaseEvent(QMouseEvent* event) override {
         if (!std::exchange(isClaimed_, false)) return;
         const QPoint place = event->pos();
-        door_([&](UserAction key) { model_->MouseUp(key, place.x(), place.y()); });
+        run_([&](UserAction key) { model_->MouseUp(key, place.x(), place.y()); });
     }
 
  private:
     Ref<Canvas> model_;
-    UserDoor door_;
+    RunInput run_;
     bool isClaimed_ = false;
 };
 
-ControlView ViewOf(const Ref<Canvas>& model, QWidget* parent, const UserDoor& door) {
-    auto* canvas = new CanvasWidget(model, parent, door);
+ControlView ViewOf(const Ref<Canvas>& model, QWidget* parent, const RunInput& run) {
+    auto* canvas = new CanvasWidget(model, parent, run);
     return {canvas, [canvas] {
                 canvas->update();
                 return QString();
             }};
 }
 
-ControlView ViewOf(const Ref<Listbox>& model, QWidget* parent, const UserDoor& door) {
-    auto* list = new QtList(model, parent, door);
+ControlView ViewOf(const Ref<Listbox>& model, QWidget* parent, const RunInput& run) {
+    auto* list = new QtList(model, parent, run);
     return {list, [list] {
                 list->ReadSoon();
                 return QString();
@@ -169,14 +169,13 @@ ControlView ViewOf(const Ref<Listbox>& model, QWidget* parent, const UserDoor& d
 
 }  // namespace
 
-ControlView MakeControlView(const Ref<RectControl>& control, QWidget* parent,
-                            const UserDoor& door) {
-    if (const auto button = control.As<PushButton>()) return ViewOf(button, parent, door);
-    if (const auto box = control.As<CheckBox>()) return ViewOf(box, parent, door);
+ControlView MakeControlView(const Ref<RectControl>& control, QWidget* parent, const RunInput& run) {
+    if (const auto button = control.As<PushButton>()) return ViewOf(button, parent, run);
+    if (const auto box = control.As<CheckBox>()) return ViewOf(box, parent, run);
     if (const auto label = control.As<Label>()) return ViewOf(label, parent);
     if (const auto separator = control.As<Separator>()) return ViewOf(separator, parent);
-    if (const auto canvas = control.As<Canvas>()) return ViewOf(canvas, parent, door);
-    if (const auto list = control.As<Listbox>()) return ViewOf(list, parent, door);
+    if (const auto canvas = control.As<Canvas>()) return ViewOf(canvas, parent, run);
+    if (const auto list = control.As<Listbox>()) return ViewOf(list, parent, run);
     return {new QWidget(parent), [] { return QString(); }};
 }
 

@@ -39,7 +39,7 @@ int& PrepareQt(const std::string& platform) {
     QGuiApplication::setHighDpiScaleFactorRoundingPolicy(
         Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
 #endif
-    // An option, since commands would inherit QT_QPA_PLATFORM.
+    // Passed as an option: commands would inherit QT_QPA_PLATFORM.
     arguments[2] = platform;
     argumentCount = platform.empty() ? 1 : 3;
     for (size_t i = 0; i < static_cast<size_t>(argumentCount); ++i)
@@ -68,7 +68,7 @@ QtApplication::QtApplication(const std::string& platform)
     setQuitOnLastWindowClosed(false);
     // The desktop entry that the packages install: desktops take its icon for the windows.
     setDesktopFileName(QStringLiteral("org.dunvey.Dunvey"));
-    // QFileDialog would save its state in the user's configuration. No folder can be made there.
+    // QFileDialog would save its state in the user's configuration. Below /dev/null it can't.
     QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, QStringLiteral("/dev/null"));
     SetWindowIcon();
     installEventFilter(&freshWindowGuard_);
@@ -112,7 +112,7 @@ QtDesktop::QtDesktop(const std::string& platform) : application_(platform) {
 }
 
 QtDesktop::~QtDesktop() {
-    // No loop will delete the widgets of closed windows any more.
+    // No event loop will run to delete the widgets of closed windows.
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
 
@@ -162,7 +162,7 @@ void QtDesktop::BringToFront() {
         if (front == nullptr) front = each;
     }
     if (front == nullptr) {
-        frontIsWanted_ = true;
+        activatesNextDialog_ = true;
         return;
     }
     front->raise();
@@ -171,12 +171,12 @@ void QtDesktop::BringToFront() {
 
 std::unique_ptr<Shown> QtDesktop::Show(MessageDialog& dialog, Window* parent) {
     auto shown = std::make_unique<QtMessageDialog>(dialog, ByUser(), WindowWidget::Of(parent));
-    if (std::exchange(frontIsWanted_, false)) BringToFront();
+    if (std::exchange(activatesNextDialog_, false)) BringToFront();
     return shown;
 }
 
 std::unique_ptr<Shown> QtDesktop::Show(Window& window, bool modal) {
-    frontIsWanted_ = false;
+    activatesNextDialog_ = false;
     return std::make_unique<QtWindow>(window, ByUser(), modal);
 }
 

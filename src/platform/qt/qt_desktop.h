@@ -31,7 +31,7 @@ class QtApplication : public QApplication {
 /// The desktop in Qt widgets.
 class QtDesktop final : public Desktop {
  public:
-    /// On a platform of Qt by its name; empty for the one in QT_QPA_PLATFORM, else Qt's choice.
+    /// `platform` names a Qt platform; empty for the one in QT_QPA_PLATFORM, else Qt's choice.
     explicit QtDesktop(const std::string& platform = {});
     ~QtDesktop() override;
 
@@ -54,8 +54,8 @@ class QtDesktop final : public Desktop {
     QtApplication application_;
     QTimer wake_;
     std::vector<QEventLoop*> loops_;
-    /// BringToFront was called while there was no window; the next dialog comes to the front.
-    bool frontIsWanted_ = false;
+    /// BringToFront was called without a window; it is repeated for the next dialog.
+    bool activatesNextDialog_ = false;
 };
 
 }  // namespace dunvey

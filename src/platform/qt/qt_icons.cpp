@@ -67,7 +67,7 @@ std::function<QIcon()> StandardIcon(QStyle::StandardPixmap icon) {
 }
 
 QImage ReadIconFile(const QString& path, int side) {
-    // To open a FIFO could block.
+    // Opening a FIFO could block.
     if (!QFileInfo(path).isFile()) return {};
     QImageReader reader(path, "icns");
     // In the order in which they are tried: too small ones last, the largest of them first.

@@ -16,7 +16,7 @@ Ref<NSImage> QtIconForFile(const std::string& path);
 /// The icon of a file type: an extension, or a four-letter code in single quotes.
 Ref<NSImage> QtIconForFileType(const std::string& type);
 
-/// Where an icon comes from: an icon file (.icns), empty for none, and what is used without it.
+/// An icon file (.icns), empty for none, and the icon that is used without it.
 struct IconSource {
     QString file;
     std::function<QIcon()> icon;
@@ -24,9 +24,9 @@ struct IconSource {
 
 /// An icon of the style.
 std::function<QIcon()> StandardIcon(QStyle::StandardPixmap icon);
-/// What differs between systems: the icon of a file or folder. The path may be a mere file name.
+/// The icon of a file or folder on this operating system. The path may be a plain file name.
 IconSource SystemIcon(const QString& path);
-/// Gives the program's windows their icon, where the system doesn't.
+/// Sets the icon of the program's windows. Does nothing on macOS.
 void SetWindowIcon();
 
 /// The part of an icon file (.icns) that suits `side` pixels: the smallest that has at least as

@@ -14,13 +14,13 @@ namespace dunvey {
 
 void ListRows::Read() {
     const int count = static_cast<int>(list_->ListCount());
-    if (count == count_ && list_->Filling() == filling_) {
+    if (count == count_ && list_->Generation() == generation_) {
         if (count > 0) Q_EMIT dataChanged(index(0, 0), index(count - 1, columnCount() - 1));
         return;
     }
     beginResetModel();
     count_ = count;
-    filling_ = list_->Filling();
+    generation_ = list_->Generation();
     endResetModel();
 }
 
@@ -51,8 +51,8 @@ QVariant ListRows::headerData(int section, Qt::Orientation orientation, int role
     return LineOf(list_->Heading(section));
 }
 
-QtList::QtList(Ref<Listbox> list, QWidget* parent, UserDoor door)
-    : QTableView(parent), list_(std::move(list)), door_(std::move(door)), rows_(list_) {
+QtList::QtList(Ref<Listbox> list, QWidget* parent, RunInput run)
+    : QTableView(parent), list_(std::move(list)), run_(std::move(run)), rows_(list_) {
     setModel(&rows_);
     setItemDelegate(new CellPainter(list_, this));
     setSelectionBehavior(QAbstractItemView::SelectRows);
@@ -76,7 +76,7 @@ QtList::QtList(Ref<Listbox> list, QWidget* parent, UserDoor door)
     verticalHeader()->setMinimumSectionSize(1);
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     connect(this, &QTableView::doubleClicked, this, [this](const QModelIndex& index) {
-        door_([&](UserAction key) {
+        run_([&](UserAction key) {
             if (list_->Selected(index.row())) list_->DoubleClick(key);
         });
     });
@@ -217,7 +217,7 @@ void QtList::selectionChanged(const QItemSelection& selected, const QItemSelecti
     if (isReading_) return;
     const QModelIndexList rows = selectionModel()->selectedRows();
     const int row = rows.isEmpty() ? -1 : rows.first().row();
-    door_([&](UserAction key) { list_->Select(key, row); });
+    run_([&](UserAction key) { list_->Select(key, row); });
     // The handler may have changed the selection.
     ReadSoon();
 }

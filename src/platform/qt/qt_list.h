@@ -26,13 +26,13 @@ class ListRows final : public QAbstractTableModel {
  private:
     Ref<Listbox> list_;
     int count_ = 0;
-    int64_t filling_ = 0;
+    int64_t generation_ = 0;
 };
 
 /// A Listbox on the screen.
 class QtList final : public QTableView {
  public:
-    QtList(Ref<Listbox> list, QWidget* parent, UserDoor door);
+    QtList(Ref<Listbox> list, QWidget* parent, RunInput run);
 
     /// Reads the list once at the next turn of the event loop.
     void ReadSoon();
@@ -60,10 +60,10 @@ class QtList final : public QTableView {
     void SetColumnWidths();
 
     Ref<Listbox> list_;
-    UserDoor door_;
+    RunInput run_;
     ListRows rows_;
     bool isChanged_ = false;
-    /// Changes of the selection don't come from the user.
+    /// While true, selection changes don't come from the user.
     bool isReading_ = true;
     /// Over the rows, at the bottom or the top.
     QLabel note_{this};

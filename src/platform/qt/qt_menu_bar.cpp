@@ -21,8 +21,8 @@ QAction::MenuRole RoleOf(const MenuItem& item) {
 
 }  // namespace
 
-QtMenuBar::QtMenuBar(Ref<dunvey::MenuBar> model, QWidget* window, UserDoor door, bool isShown)
-    : QMenuBar(window), model_(std::move(model)), door_(std::move(door)), isShown_(isShown) {
+QtMenuBar::QtMenuBar(Ref<dunvey::MenuBar> model, QWidget* window, RunInput run, bool isShown)
+    : QMenuBar(window), model_(std::move(model)), run_(std::move(run)), isShown_(isShown) {
     setNativeMenuBar(HasApplicationMenu());
     setVisible(isShown);
     for (const MenuOnScreen& menu : MenusOnScreen(*model_, HasApplicationMenu()))
@@ -60,7 +60,7 @@ QAction* QtMenuBar::ActionOf(const Ref<MenuItem>& item) {
     if (!item->KeyboardShortcut.empty() && parentWidget() != nullptr)
         parentWidget()->addAction(action);
     connect(action, &QAction::triggered, this,
-            [this, item] { door_([&](UserAction key) { item->Choose(key); }); });
+            [this, item] { run_([&](UserAction key) { item->Choose(key); }); });
     commands_.push_back({item, action});
     return action;
 }
@@ -75,7 +75,7 @@ void QtMenuBar::AddOpeningKey() {
 }
 
 void QtMenuBar::Validate() {
-    door_([this](UserAction) {
+    run_([this](UserAction) {
         for (const Ref<MenuItem>& menu : model_->Items())
             if (menu) menu->Validate();
     });

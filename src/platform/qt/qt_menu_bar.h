@@ -14,7 +14,7 @@ class QtMenuBar final : public QMenuBar {
  public:
     /// Where isShown is false, the window has only the shortcuts of the menu bar.
     /// Without a window, only macOS shows it.
-    QtMenuBar(Ref<dunvey::MenuBar> model, QWidget* window, UserDoor door, bool isShown);
+    QtMenuBar(Ref<dunvey::MenuBar> model, QWidget* window, RunInput run, bool isShown);
 
     /// The height taken from the window: 0 for a bar that is hidden or at the top of the screen.
     int HeightInWindow() const;
@@ -32,7 +32,7 @@ class QtMenuBar final : public QMenuBar {
     void EnableAll();
 
     Ref<dunvey::MenuBar> model_;
-    UserDoor door_;
+    RunInput run_;
     bool isShown_;
     std::vector<Command> commands_;
 };

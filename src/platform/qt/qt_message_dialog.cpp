@@ -9,7 +9,7 @@ namespace dunvey {
 namespace {
 
 QString Text(const std::string& text) {
-    // On the Mac lines end with a carriage return.
+    // A message may have carriage returns as line ends, as on the Mac.
     return QString::fromStdString(text).replace(QLatin1Char('\r'), QLatin1Char('\n'));
 }
 

@@ -57,7 +57,7 @@ WindowWidget::WindowWidget(Window& window, UserAction key, bool modal)
       key_(key) {
     // Blocks the modal window before it and all parents of that.
     setWindowModality(modal ? Qt::WindowModal : Qt::NonModal);
-    // A window without a menu bar answers the application's shortcuts.
+    // A window without a menu bar has the application's shortcuts.
     const Ref<MenuBar>& own = window.MenuBar();
     if (const Ref<MenuBar> bar = own ? own : Application::Current()->MenuBar()) {
         menuBar_ = new QtMenuBar(
@@ -74,11 +74,11 @@ WindowWidget::WindowWidget(Window& window, UserAction key, bool modal)
     SetTabOrder();
     observation_ = window.Observe([this] { Read(); });
     Read();
-    BringUp();
+    ShowInFront();
 }
 
 WindowWidget::~WindowWidget() {
-    // Sheets belong to their dialogs.
+    // Sheets are members of a QtMessageDialog, so they must not be deleted as children.
     for (QDialog* sheet : findChildren<QDialog*>(QString(), Qt::FindDirectChildrenOnly))
         sheet->setParent(nullptr);
 }
@@ -92,7 +92,7 @@ WindowWidget* WindowWidget::Of(const Window* window) {
     return nullptr;
 }
 
-void WindowWidget::BringUp() {
+void WindowWidget::ShowInFront() {
     show();
     raise();
     activateWindow();
@@ -184,7 +184,7 @@ void WindowWidget::ResizeModel() {
     Enter([&](UserAction key) { window_->Resize(key, size); });
 }
 
-QSize WindowWidget::LeastContent() const {
+QSize WindowWidget::MinContentSize() const {
     constexpr int64_t kRows = 2;
     constexpr int64_t kBorders = 2;
     if (!window_->Resizeable) return ToQSize({window_->Width(), window_->Height()});
@@ -221,7 +221,7 @@ void WindowWidget::PlaceOnScreen() {
     const QMargins frame = FrameMargins();
     const QSize menu(0, MenuHeight());
     room_ = screen.marginsRemoved(frame).size() - menu;
-    const QSize least = LeastContent();
+    const QSize least = MinContentSize();
     content_->setMinimumSize(least);
     const int bar = style()->pixelMetric(QStyle::PM_ScrollBarExtent);
     QSize room = room_;
@@ -238,7 +238,7 @@ void WindowWidget::PlaceOnScreen() {
 bool WindowWidget::TakeKey(const QKeyEvent& event) {
     const bool isReturn = event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
     if (!isReturn && !event.matches(QKeySequence::Cancel)) return false;
-    // A key that was held down before the window came is no answer.
+    // The key may have been held down since before the window appeared.
     if (event.isAutoRepeat()) return true;
     auto* button = qobject_cast<QPushButton*>(focusWidget());
     if (isReturn && button != nullptr) {
@@ -284,7 +284,7 @@ bool WindowWidget::eventFilter(QObject* watched, QEvent* event) {
             if (TakeKey(*static_cast<QKeyEvent*>(event))) return true;
             break;
         case QEvent::ToolTip:
-            // The property would be read out as the description.
+            // Not by QWidget::setToolTip: a screen reader would read that as the description.
             if (ShowTip(watched, *static_cast<QHelpEvent*>(event))) return true;
             break;
         case QEvent::FocusIn:

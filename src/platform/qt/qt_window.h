@@ -23,7 +23,7 @@ class WindowWidget final : public QDialog {
     /// The widget that shows the window, nullptr for none.
     static WindowWidget* Of(const Window* window);
     /// Raises the window above the others and gives it the keyboard.
-    void BringUp();
+    void ShowInFront();
     /// Hides the widget and forgets the window. The widget deletes itself later, since the call may
     /// come from one of its own events.
     void Detach();
@@ -55,9 +55,9 @@ class WindowWidget final : public QDialog {
     bool TakeKey(const QKeyEvent& event);
     bool ShowTip(const QObject* watched, const QHelpEvent& event) const;
     QMargins FrameMargins() const;
-    /// The size below which the content scrolls: rows of a list may be left out, nothing else.
-    QSize LeastContent() const;
-    /// The window's size without its menu bar for a content of that size, on this screen.
+    /// The size below which the content scrolls: all but the rows of a list must be visible.
+    QSize MinContentSize() const;
+    /// The window's size, without its menu bar, for this content; limited by the screen.
     QSize SizeAround(const QSize& content) const;
     int MenuHeight() const { return menuBar_ == nullptr ? 0 : menuBar_->HeightInWindow(); }
 
@@ -72,7 +72,7 @@ class WindowWidget final : public QDialog {
     std::vector<Child> children_;
     QWidget* firstInTabOrder_ = nullptr;
     Observable::Observation observation_;
-    /// What the screen has room for, without the frame and the menu bar.
+    /// The space on the screen without the frame and the menu bar.
     QSize room_;
     int entered_ = 0;
     bool isResizing_ = false;
@@ -85,7 +85,7 @@ class QtWindow final : public Shown {
     QtWindow(Window& window, UserAction key, bool modal)
         : widget_(*new WindowWidget(window, key, modal)) {}
     ~QtWindow() override { widget_.Detach(); }
-    void Raise() override { widget_.BringUp(); }
+    void Raise() override { widget_.ShowInFront(); }
     void Minimize() override { widget_.showMinimized(); }
     void Zoom() override { widget_.isMaximized() ? widget_.showNormal() : widget_.showMaximized(); }
 

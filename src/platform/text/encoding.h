@@ -16,7 +16,7 @@ inline constexpr TextEncoding ASCII = TextEncoding::ASCII;
 inline constexpr TextEncoding UTF16 = TextEncoding::UTF16;
 }  // namespace Encodings
 
-/// Bytes with their encoding beside them.
+/// Bytes and their encoding.
 struct EncodedText {
     std::string Bytes;
     TextEncoding Encoding = TextEncoding::None;
@@ -28,7 +28,7 @@ struct EncodedText {
 EncodedText DefineEncoding(EncodedText text, TextEncoding encoding);
 
 /// The same characters in another encoding. A character that the new encoding lacks becomes "?",
-/// bytes that make no character become U+FFFD. Text that has no encoding keeps its bytes.
+/// invalid bytes become U+FFFD. Text that has no encoding keeps its bytes.
 EncodedText ConvertEncoding(EncodedText text, TextEncoding encoding);
 
 }  // namespace dunvey

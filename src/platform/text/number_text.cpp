@@ -64,7 +64,7 @@ double HexadecimalValue(std::string_view text) {
     return value;
 }
 
-/// What printf makes of the number under the format, with a point in every locale.
+/// The number as printf writes it, with a point in every locale.
 std::string Printed(const char* format, int precision, double number) {
     char text[1024];
     const int length = std::snprintf(text, sizeof text, format, precision, number);
@@ -77,27 +77,27 @@ std::string Printed(const char* format, int precision, double number) {
     return printed;
 }
 
-constexpr int kLeastDigits = 15;
-constexpr int kMostDigits = 17;
+constexpr int kMinDigits = 15;
+constexpr int kMaxDigits = 17;
 
 /// The decimal form of a whole number divided by ten to the power of `places`.
 std::string Shifted(int64_t whole, int places) {
     std::string text = std::to_string(whole);
-    const auto behind = static_cast<size_t>(places);
+    const auto decimals = static_cast<size_t>(places);
     if (places == 0) return text;
-    if (text.size() <= behind) text.insert(0, behind + 1 - text.size(), '0');
-    return text.insert(text.size() - behind, ".");
+    if (text.size() <= decimals) text.insert(0, decimals + 1 - text.size(), '0');
+    return text.insert(text.size() - decimals, ".");
 }
 
 /// A number of 0 or more in decimal form, with as many places as it takes to read back the same,
-/// but no more than `most`.
-std::string Fixed(double number, int most) {
+/// but no more than `maxPlaces`.
+std::string Fixed(double number, int maxPlaces) {
     // Most numbers have few digits. Both sides of the division are exact, so its result is what
     // reading the text gives. printf takes ten times as long.
     constexpr int kExactPowers = 22;                    // of ten, as doubles
     constexpr double kExactLimit = 9007199254740992.0;  // 2^53, for whole numbers
     double power = 1;
-    for (int places = 0; places <= std::min(most, kExactPowers); ++places, power *= 10) {
+    for (int places = 0; places <= std::min(maxPlaces, kExactPowers); ++places, power *= 10) {
         const double shifted = number * power + 0.5;
         if (shifted > kExactLimit) break;
         const auto whole = static_cast<int64_t>(shifted);
@@ -105,10 +105,10 @@ std::string Fixed(double number, int most) {
     }
     // The digits before the point; below 0 for zeros after it. It may be one too many.
     const int before = number == 0 ? 0 : static_cast<int>(std::floor(std::log10(number))) + 1;
-    for (int digits = kLeastDigits;; ++digits) {
-        const int places = std::clamp(digits - before, 0, most);
+    for (int digits = kMinDigits;; ++digits) {
+        const int places = std::clamp(digits - before, 0, maxPlaces);
         std::string text = Printed("%.*f", places, number);
-        if (places == most || digits > kMostDigits || DecimalValue(text) == number) return text;
+        if (places == maxPlaces || digits > kMaxDigits || DecimalValue(text) == number) return text;
     }
 }
 
@@ -117,9 +117,9 @@ struct Pattern {
     std::string after;
     bool hasSign = false;
     bool hasPoint = false;
-    size_t leastWhole = 0;
-    size_t leastPlaces = 0;
-    int mostPlaces = 0;
+    size_t minWhole = 0;
+    size_t minPlaces = 0;
+    int maxPlaces = 0;
 
     explicit Pattern(std::string_view pattern) {
         bool hasDigits = false;
@@ -137,12 +137,12 @@ struct Pattern {
         }
     }
     void AddDigit(bool always) {
-        constexpr int kMost = 400;
+        constexpr int kPlacesLimit = 400;
         if (!hasPoint) {
-            leastWhole += always ? 1 : 0;
-        } else if (mostPlaces < kMost) {
-            ++mostPlaces;
-            if (always) leastPlaces = static_cast<size_t>(mostPlaces);
+            minWhole += always ? 1 : 0;
+        } else if (maxPlaces < kPlacesLimit) {
+            ++maxPlaces;
+            if (always) minPlaces = static_cast<size_t>(maxPlaces);
         }
     }
 };
@@ -171,9 +171,9 @@ std::string Str(double number) {
     if (std::isnan(number)) return "NaN";
     if (std::isinf(number)) return number < 0 ? "-Infinity" : "Infinity";
     if (number == 0) return "0";
-    for (int digits = kLeastDigits;; ++digits) {
+    for (int digits = kMinDigits;; ++digits) {
         const std::string text = Printed("%.*g", digits, number);
-        if (digits == kMostDigits || DecimalValue(text) == number) return text;
+        if (digits == kMaxDigits || DecimalValue(text) == number) return text;
     }
 }
 
@@ -183,7 +183,7 @@ std::string Str(double number, std::string_view pattern) {
     static std::string known;
     static Pattern form(known);
     if (pattern != known) form = Pattern(known = pattern);
-    const std::string digits = Fixed(std::fabs(number), form.mostPlaces);
+    const std::string digits = Fixed(std::fabs(number), form.maxPlaces);
     const std::string_view text = digits;
     const size_t point = std::min(text.find('.'), text.size());
     const std::string_view whole = text.substr(0, digits[0] == '0' ? 0 : point);
@@ -193,9 +193,9 @@ std::string Str(double number, std::string_view pattern) {
     std::string shown;
     if (form.hasSign && number < 0 && !(whole.empty() && places.empty())) shown = "-";
     shown += form.before;
-    shown.append(form.leastWhole - std::min(form.leastWhole, whole.size()), '0').append(whole);
-    if (!places.empty() || form.leastPlaces > 0) shown += '.';
-    shown.append(places).append(form.leastPlaces - std::min(form.leastPlaces, places.size()), '0');
+    shown.append(form.minWhole - std::min(form.minWhole, whole.size()), '0').append(whole);
+    if (!places.empty() || form.minPlaces > 0) shown += '.';
+    shown.append(places).append(form.minPlaces - std::min(form.minPlaces, places.size()), '0');
     return shown += form.after;
 }
 

@@ -20,17 +20,17 @@ std::string Str(int64_t number);
 /// "Infinity" and "-Infinity" for what isn't finite.
 std::string Str(double number);
 /// The number under a pattern: "-" is the sign of a negative number, "0" a digit that always shows,
-/// "#" one that shows if needed, "." the decimal point; anything else stands for itself, before the
+/// "#" one that shows if needed, "." the decimal point; any other character is copied, before the
 /// number or after it. Places beyond the pattern's are rounded off; a number that is rounded to 0
 /// has no sign. As Str(number) if the pattern is empty or the number isn't finite.
 std::string Str(double number, std::string_view pattern);
 
-/// The number truncated to an integer, under a pattern of zeros: at least as many digits.
+/// The number truncated to an integer, with at least as many digits as the pattern has zeros.
 std::string Format(double number, std::string_view pattern);
 
-/// The number cut off towards zero. Beyond 64 bits it gives the nearest limit, for NaN 0.
+/// The number truncated towards zero. Beyond 64 bits it gives the nearest limit, for NaN 0.
 int64_t Truncate(double number);
-/// The greatest integer that isn't above the number, within the same limits.
+/// The number rounded down, within the same limits.
 inline int64_t Floor(double number) {
     return Truncate(std::floor(number));
 }

@@ -12,7 +12,7 @@
 namespace dunvey {
 namespace {
 
-// Far more than any honest line needs; a hostile one reaches them within milliseconds.
+// Far more than an ordinary line needs. A hostile one reaches them within milliseconds.
 constexpr uint32_t kMatchLimit = 200'000;
 constexpr uint32_t kDepthLimit = 10'000;
 constexpr size_t kStackStart = 32 * 1024;
@@ -26,7 +26,7 @@ struct Deleter {
     }
 };
 
-/// One pattern, compiled, with memory for its match.
+/// A compiled pattern and its last match.
 class CompiledPattern {
  public:
     /// Raises RegExException for a pattern that can't be compiled.
@@ -36,8 +36,8 @@ class CompiledPattern {
     /// the engine was reached.
     bool Find(std::string_view text, size_t start);
 
-    /// The part of `text` that a group of the last match covers; empty for a group that took no
-    /// part or doesn't exist.
+    /// The part of `text` that a group of the last match covers; empty for a group that is
+    /// unmatched or missing.
     std::string_view Group(std::string_view text, size_t number) const;
 
  private:
@@ -65,7 +65,7 @@ CompiledPattern::CompiledPattern(const std::string& pattern, bool caseSensitive)
     context_.reset(pcre2_match_context_create(nullptr));
     pcre2_set_match_limit(context_.get(), kMatchLimit);
     pcre2_set_depth_limit(context_.get(), kDepthLimit);
-    // Where the kernel forbids code made at run time PCRE2 interprets the pattern.
+    // If the kernel forbids generated code, PCRE2 interprets the pattern.
     if (pcre2_jit_compile(code_.get(), PCRE2_JIT_COMPLETE) == 0) {
         stack_.reset(pcre2_jit_stack_create(kStackStart, kStackLimit, nullptr));
         pcre2_jit_stack_assign(context_.get(), nullptr, stack_.get());
@@ -84,18 +84,18 @@ std::string_view CompiledPattern::Group(std::string_view text, size_t number) co
     return pair[0] == PCRE2_UNSET ? std::string_view() : text.substr(pair[0], pair[1] - pair[0]);
 }
 
-/// The expression's pattern; valid until the next call. Some are kept, since to compile costs some
-/// twenty times a match. Raises RegExException for a pattern that can't be compiled.
+/// The compiled pattern; valid until the next call. It is cached, since compiling takes about
+/// twenty times as long as a match. Raises RegExException for a pattern that can't be compiled.
 CompiledPattern& PatternOf(const RegEx& expression) {
-    constexpr size_t kMost = 16;
-    // Never destroyed: patterns are used to the very end of the process.
-    static auto& kept = *new std::map<std::pair<std::string, bool>, CompiledPattern>;
+    constexpr size_t kMaxCached = 16;
+    // Never destroyed: patterns are used until the process ends.
+    static auto& cache = *new std::map<std::pair<std::string, bool>, CompiledPattern>;
     const std::pair key(expression.SearchPattern, expression.Options.CaseSensitive);
-    const auto found = kept.find(key);
-    if (found != kept.end()) return found->second;
+    const auto found = cache.find(key);
+    if (found != cache.end()) return found->second;
     CompiledPattern compiled(key.first, key.second);
-    if (kept.size() == kMost) kept.clear();
-    return kept.emplace(key, std::move(compiled)).first->second;
+    if (cache.size() == kMaxCached) cache.clear();
+    return cache.emplace(key, std::move(compiled)).first->second;
 }
 
 size_t StartOf(const RegEx& expression) {

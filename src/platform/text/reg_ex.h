@@ -8,7 +8,7 @@
 
 namespace dunvey {
 
-/// What a search found. Positions are bytes.
+/// A match. The start is a byte offset.
 class RegExMatch {
  public:
     RegExMatch(int64_t start, std::string text) : start_(start), text_(std::move(text)) {}

@@ -16,10 +16,9 @@ size_t ControlLength(std::string_view text) {
     return static_cast<unsigned char>(text[1]) - 0x80u < 0x20 ? 2 : 0;
 }
 
-/// The length in bytes of a mark at the beginning of the text that is invisible but changes a line:
-/// one that separates lines or paragraphs, sets, embeds, overrides or isolates a direction, or has
-/// no width. 0 for none.
-size_t DisturbingMark(std::string_view text) {
+/// The length in bytes of an invisible mark at the beginning of the text: a line or paragraph
+/// separator, a bidirectional mark or a zero-width character. 0 for none.
+size_t InvisibleMarkLength(std::string_view text) {
     constexpr std::string_view kArabicLetterMark = "\xD8\x9C";
     constexpr std::string_view kNoBreakWithoutWidth = "\xEF\xBB\xBF";
     if (text.starts_with(kArabicLetterMark)) return kArabicLetterMark.size();
@@ -35,14 +34,14 @@ size_t DisturbingMark(std::string_view text) {
 }  // namespace
 
 std::string OneLine(std::string_view text) {
-    // U+2400 and following are visible signs for the control characters, in the same order.
+    // U+2400 and following are visible symbols for the control characters, in the same order.
     constexpr uint32_t kControlSigns = 0x2400;
     constexpr uint32_t kDeleteSign = 0x2421;
     std::string line;
     while (!text.empty()) {
         const auto byte = static_cast<unsigned char>(text[0]);
         const size_t control = ControlLength(text);
-        const size_t length = control != 0 ? control : DisturbingMark(text);
+        const size_t length = control != 0 ? control : InvisibleMarkLength(text);
         if (control == 1) {
             line += byte == 0x7F ? Chr(kDeleteSign) : Chr(kControlSigns + byte);
         } else {

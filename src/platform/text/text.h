@@ -26,7 +26,7 @@ int64_t LenB(std::string_view text);
 /// The length in characters.
 int64_t Len(std::string_view text);
 
-/// The text with the ASCII letters in lower case; other letters stay.
+/// The text with the ASCII letters in lower case; other characters are unchanged.
 std::string Lowercase(std::string_view text);
 
 /// The piece at the 1-based position `number` between separators; empty beyond the last piece.
@@ -38,7 +38,7 @@ std::string Replace(std::string_view text, std::string_view find, std::string_vi
 /// The text with every occurrence of `find` replaced, from the left; unchanged if there is none.
 std::string ReplaceAll(std::string text, std::string_view find, std::string_view replacement);
 
-/// The pieces between separators. A text without the separator, the empty one too, is one piece.
+/// The pieces between separators; an empty text or one without separators is one piece.
 std::vector<std::string> SplitB(std::string_view text, std::string_view separator);
 
 /// The last dot-separated piece of a file name; the whole name where it has no dot.
@@ -50,17 +50,17 @@ bool IsExtensionIn(const std::vector<std::string>& extensions, std::string_view 
 /// The UTF-8 form of a code point; of U+FFFD for a lone surrogate or a value beyond U+10FFFF.
 std::string Chr(uint32_t codePoint);
 
-/// Two upper-case hexadecimal digits for each byte, with a blank between bytes if asked for.
+/// Two upper-case hexadecimal digits for each byte, with a blank between bytes if `blanks`.
 std::string EncodeHex(std::string_view bytes, bool blanks = false);
 
-/// The bytes of each pair of hexadecimal digits, in either letter case. Other characters are
-/// skipped, and a single digit at the end.
+/// The bytes of each pair of hexadecimal digits, in either letter case. Other characters and a
+/// single digit at the end are skipped.
 std::string DecodeHex(std::string_view digits);
 
 /// The text without the white space (blank, tab, line ends, form feed) at both ends.
 std::string_view Trim(std::string_view text);
 
-/// The bytes that the first `characters` characters of the text take.
+/// The length in bytes of the text's first `characters` characters.
 int64_t BytesOfCharacters(std::string_view text, int64_t characters);
 
 namespace EndOfLine {

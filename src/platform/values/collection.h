@@ -9,7 +9,7 @@
 
 namespace dunvey {
 
-/// A list of values, counted from 1.
+/// A list of values with positions from 1.
 class Collection final : public Object {
  public:
     void Add(Variant value) { items_.push_back(std::move(value)); }

@@ -11,13 +11,13 @@
 namespace dunvey {
 namespace {
 
-constexpr size_t kNowhere = SIZE_MAX;
-/// Up to so many entries a comparison with each is faster than the index.
+constexpr size_t kNotFound = SIZE_MAX;
+/// Up to this many entries a linear search is faster than the index.
 constexpr size_t kFew = 16;
 
 size_t HashOf(const Variant& key) {
     if (key.IsText()) return std::hash<std::string_view>()(key.TextBytes());
-    // Neighbouring indexes get neighbouring places; equal numbers of different types the same.
+    // Equal numbers of different types must have the same hash.
     if (key.IsNumber()) return std::hash<int64_t>()(Truncate(key.DoubleValue()));
     return std::hash<Object*>()(key.ObjectAddress());
 }
@@ -33,24 +33,24 @@ void RaiseKeyNotFound(const Variant& key, SourcePlace place) {
 size_t Dictionary::PositionOf(const Variant& key) const {
     if (isList_) {
         const auto position = static_cast<size_t>(key.IsNumber() ? key.Int64Value() : -1);
-        return position < entries_.size() && entries_[position].Key == key ? position : kNowhere;
+        return position < entries_.size() && entries_[position].Key == key ? position : kNotFound;
     }
     if (!index_) {
         for (size_t i = 0; i < entries_.size(); ++i) {
             if (entries_[i].Key == key) return i;
         }
-        return kNowhere;
+        return kNotFound;
     }
     const auto [first, last] = index_->equal_range(HashOf(key));
     for (auto place = first; place != last; ++place) {
         if (entries_[place->second].Key == key) return place->second;
     }
-    return kNowhere;
+    return kNotFound;
 }
 
 const Variant* Dictionary::Find(const Variant& key) const {
     const size_t position = PositionOf(key);
-    return position == kNowhere ? nullptr : &entries_[position].Value;
+    return position == kNotFound ? nullptr : &entries_[position].Value;
 }
 
 Variant Dictionary::Value(const Variant& key, SourcePlace place) const {
@@ -66,7 +66,7 @@ Variant Dictionary::Lookup(const Variant& key, const Variant& defaultValue) cons
 
 void Dictionary::SetValue(Variant key, Variant value) {
     const size_t position = PositionOf(key);
-    if (position != kNowhere) {
+    if (position != kNotFound) {
         entries_[position].Value = std::move(value);
         return;
     }
@@ -89,7 +89,7 @@ void Dictionary::BuildIndex() {
 
 void Dictionary::Remove(const Variant& key, SourcePlace place) {
     const size_t position = PositionOf(key);
-    if (position == kNowhere) RaiseKeyNotFound(key, place);
+    if (position == kNotFound) RaiseKeyNotFound(key, place);
     const size_t hash = HashOf(entries_[position].Key);
     const bool isLast = position + 1 == entries_.size();
     entries_.erase(entries_.begin() + static_cast<std::ptrdiff_t>(position));

@@ -36,7 +36,7 @@ class Dictionary final : public Object {
     /// The key at a position from 0. Raises OutOfBoundsException.
     Variant Key(int64_t position, SourcePlace place = SourcePlace::Here()) const;
 
-    /// The value under the key, nullptr if there is none; valid until a change.
+    /// The value under the key, nullptr if there is none. Valid until the dictionary changes.
     const Variant* Find(const Variant& key) const;
     /// All pairs in their order.
     const std::vector<Entry>& Entries() const { return entries_; }
@@ -48,9 +48,9 @@ class Dictionary final : public Object {
     using Index = std::unordered_multimap<size_t, size_t>;
 
     std::vector<Entry> entries_;
-    /// Each key is its position, as in an array.
+    /// Whether each key equals its position, as in an array.
     bool isList_ = true;
-    /// From the hash of a key to its position; null for a list and for few entries.
+    /// From the hash of a key to its position; nullptr for a list and for few entries.
     std::unique_ptr<Index> index_;
 };
 

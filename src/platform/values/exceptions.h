@@ -64,7 +64,7 @@ DUNVEY_NAMED_EXCEPTION(OutOfBoundsException);
 DUNVEY_NAMED_EXCEPTION(KeyNotFoundException);
 /// A value of a type that the operation can't take.
 DUNVEY_NAMED_EXCEPTION(TypeMismatchException);
-/// An object that isn't of the class asked for.
+/// An object that isn't of the requested class.
 DUNVEY_NAMED_EXCEPTION(IllegalCastException);
 /// More memory than a block may have.
 DUNVEY_NAMED_EXCEPTION(OutOfMemoryException);
@@ -73,8 +73,8 @@ DUNVEY_NAMED_EXCEPTION(IOException);
 /// A pattern that can't be compiled.
 DUNVEY_NAMED_EXCEPTION(RegExException);
 
-/// Unwinds the call stack after Quit. It is no RuntimeException, so that code that catches failures
-/// doesn't catch it.
+/// Unwinds the call stack after Quit. It isn't a RuntimeException, so that handlers of failures
+/// don't catch it.
 class EndException : public std::exception {
  public:
     explicit EndException(int exitCode) : ExitCode(exitCode) {}

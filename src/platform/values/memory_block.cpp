@@ -3,8 +3,8 @@
 namespace dunvey {
 
 void MemoryBlock::SetSize(uint64_t size, SourcePlace place) {
-    constexpr uint64_t kLargest = uint64_t{1} << 28;
-    if (size > kLargest) {
+    constexpr uint64_t kMaxSize = uint64_t{1} << 28;
+    if (size > kMaxSize) {
         throw OutOfMemoryException(
             "A block of " + std::to_string(size) + " bytes is larger than 256 MiB.", 0, place);
     }

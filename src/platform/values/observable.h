@@ -6,15 +6,15 @@
 
 namespace dunvey {
 
-/// Something that is shown: it tells its one observer that it has changed, and no more. The
-/// observer reads it anew as a whole.
+/// An object with at most one observer, which is called at each change and then reads the whole
+/// object.
 class Observable {
  public:
     Observable() = default;
     Observable(const Observable&) = delete;
     Observable& operator=(const Observable&) = delete;
 
-    /// Ends the observation when it dies, in whichever order it and the observed one go.
+    /// Ends the observation when destroyed. It may outlive the observed object.
     class Observation {
      public:
         Observation() = default;
@@ -37,7 +37,7 @@ class Observable {
         std::shared_ptr<Observer> observer_;
     };
 
-    /// Calls `changed` at each change from now on, instead of an earlier observer.
+    /// Calls `changed` after each change. Replaces an earlier observer.
     [[nodiscard]] Observation Observe(std::function<void()> changed) {
         observer_ = std::make_shared<std::function<void()>>(std::move(changed));
         return Observation(observer_);
@@ -52,7 +52,7 @@ class Observable {
         if (observer && *observer) (*observer)();
     }
 
-    /// Takes the value over and tells of it, if it is another one.
+    /// Assigns the value and calls the observer if the value differs.
     template <typename T, typename V>
     void Put(T& member, V&& value) {
         if (member == value) return;

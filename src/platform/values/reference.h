@@ -20,8 +20,8 @@ class Object {
     Object& operator=(Object&&) = default;
 };
 
-/// Raises NilObjectException; the place in it is the code from which this is called. Not declared
-/// noreturn: the compiler would move the call out of the function that the place is to show.
+/// Raises NilObjectException with the place of the call. Not declared noreturn: the compiler would
+/// move the call out of the function that the exception must name.
 [[gnu::noinline, gnu::returns_nonnull]] void* RaiseNilObject();
 
 /// A shared reference to an object. It may be nil; a use of nil raises NilObjectException. The

@@ -22,7 +22,7 @@ class Variant {
     Variant() noexcept = default;
     Variant(std::nullptr_t) noexcept {}
     Variant(std::same_as<bool> auto value) noexcept : value_(value) {}
-    /// An integer of up to 64 bits, signed, or unsigned where it fits: 32-bit if the type allows.
+    /// A signed integer of up to 64 bits or an unsigned one of up to 32: in 32 bits if T fits.
     template <std::integral T>
     requires(!std::same_as<T, bool> && (std::signed_integral<T> || sizeof(T) < 8)) Variant(T value)
     noexcept : value_(static_cast<Integer<sizeof(T) + std::unsigned_integral<T> <= 4>>(value)) {}
@@ -40,7 +40,7 @@ class Variant {
     Variant(const Ref<T>& object) {
         if (object) value_ = Ref<Object>(object);
     }
-    /// An array. Its element type is that of T, whatever the array holds.
+    /// An array. Its element type is that of T, even if the array is empty.
     template <typename T>
     Variant(const std::vector<T>& array) : Variant(ElementType<T>(), array.size()) {
         for (const T& element : array)
@@ -72,7 +72,7 @@ class Variant {
     /// or 0, a text the number at its beginning, 0 if there is none.
     int32_t Int32Value() const;
     int64_t Int64Value() const;
-    /// As the integers, with fractions.
+    /// The same with fractions.
     float SingleValue() const;
     double DoubleValue() const;
     /// In UTF-8. Numbers as Str gives them, "True" and "False", a date as "2000-12-31 23:59:59", a

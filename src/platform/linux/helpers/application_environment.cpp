@@ -22,7 +22,7 @@ bool IsSameFolder(const std::string& left, const std::string& right) {
            leftStatus.st_dev == rightStatus.st_dev && leftStatus.st_ino == rightStatus.st_ino;
 }
 
-/// The list of folders without those that are the given folder, by whatever path.
+/// The search path without the given folder, whichever path names it.
 std::string WithoutFolder(std::string_view searchPath, const std::string& folder) {
     std::string kept;
     for (bool isLast = false; !isLast;) {
@@ -64,8 +64,8 @@ void RestoreStackLimit(size_t argumentBytes) {
     const rlim_t before = std::strtoull(text, nullptr, 10);
     unsetenv(kStackLimit);
     rlimit limit;
-    // A quarter of the limit, but never less than 128 KiB, is what the kernel allows; a page is
-    // left for the program's own path.
+    // The kernel allows a quarter of the limit, but at least 128 KiB. One page is left for the
+    // program's own path.
     const rlim_t room = std::max<rlim_t>(before / 4, 128 * 1024) - 4096;
     if (argumentBytes + EnvironmentBytes() > room || getrlimit(RLIMIT_STACK, &limit) != 0) return;
     limit.rlim_cur = std::min(before, limit.rlim_max);

@@ -12,13 +12,13 @@ namespace dunvey {
 bool IsInBundle(std::string_view path);
 
 /// The path with the links of its folder resolved. The last component stays: a bundle's program may
-/// be a link to a program elsewhere. The path as it is where its folder can't be reached.
+/// be a link to a program elsewhere. The path itself if its folder can't be reached.
 std::string WithRealFolder(const std::string& path);
 
 /// An application: a folder with its programs in Contents/MacOS.
 class Bundle {
  public:
-    /// The bundle at the path. None if its Contents/MacOS can't be reached; errno says why.
+    /// The bundle at the path. nullopt if its Contents/MacOS can't be reached; errno says why.
     static std::optional<Bundle> At(const std::string& path);
 
     /// The absolute path, as it was given, without slashes at the end.

@@ -15,8 +15,8 @@ struct BundleExecutable {
 };
 
 /// Finds the program of a bundle: the one that CFBundleExecutable of its Info.plist names, else, or
-/// where that can't be read, the one with the bundle's name without ".app". It is a regular file
-/// that may be executed, or there is a problem.
+/// where that can't be read, the one with the bundle's name without ".app". Reports a problem
+/// unless it is an executable regular file.
 BundleExecutable ExecutableOf(const Bundle& bundle);
 
 }  // namespace dunvey

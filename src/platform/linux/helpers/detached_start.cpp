@@ -76,12 +76,12 @@ void ResetSignals() {
     sigprocmask(SIG_SETMASK, &none, nullptr);
 }
 
-/// Runs in the second child. Becomes the program, which closes the pipe, or reports its errno.
-[[noreturn]] void BecomeProgram(char* const* arguments, int emptyDevice, const Pipe& problem) {
+/// Runs in the second child. Executes the program, which closes the pipe, or reports the errno.
+[[noreturn]] void BecomeProgram(char* const* arguments, int nullDevice, const Pipe& problem) {
     setpgid(0, 0);
     ResetSignals();
     for (int stream = STDIN_FILENO; stream <= STDERR_FILENO; ++stream)
-        dup2(emptyDevice, stream);
+        dup2(nullDevice, stream);
     CloseInheritedOnExec();
     if (chdir(HomePath().c_str()) == 0 || chdir("/") == 0)
         Uninterrupted([arguments] { return execv(arguments[0], arguments); });
@@ -91,7 +91,7 @@ void ResetSignals() {
 
 /// Sets the id of a new process, 0 in that process. Returns 0 or the errno.
 int Fork(pid_t& child) {
-    return Patiently([&child] {
+    return RetryOnShortage([&child] {
         child = fork();
         return child < 0 ? errno : 0;
     });
@@ -103,13 +103,13 @@ void WaitForEnd(pid_t child) {
 
 /// Runs in the first child, which leads the new session. Starts the second, which doesn't lead it
 /// and so can't acquire a terminal by opening one. Reports its process id, or the negative errno.
-[[noreturn]] void LeadSession(char* const* arguments, int emptyDevice, const Pipe& outcome) {
+[[noreturn]] void LeadSession(char* const* arguments, int nullDevice, const Pipe& outcome) {
     setsid();
     Pipe problem;
     pid_t program = 0;
     int error = MakePipe(problem);
     if (error == 0) error = Fork(program);
-    if (error == 0 && program == 0) BecomeProgram(arguments, emptyDevice, problem);
+    if (error == 0 && program == 0) BecomeProgram(arguments, nullDevice, problem);
     if (error == 0) {
         error = ReadReport(problem);
         if (error != 0) WaitForEnd(program);
@@ -118,9 +118,9 @@ void WaitForEnd(pid_t child) {
     _exit(EXIT_SUCCESS);
 }
 
-/// The pipe closes a moment before the new program's arguments can be read. Without them a script
+/// The pipe closes shortly before the new program's arguments can be read. Without them a script
 /// looks like its interpreter, and the next `open` would start it again.
-void WaitUntilVisible(pid_t program) {
+void WaitForArguments(pid_t program) {
     constexpr timespec kPause{0, 20'000};
     for (int i = 0; i < 5'000 && ProcessList::Arguments(program).empty(); ++i) {
         // The program of a process that has ended can't be read.
@@ -130,8 +130,8 @@ void WaitUntilVisible(pid_t program) {
 }
 
 /// Opens /dev/null for missing standard streams, so that no other descriptor gets their numbers.
-/// Returns one more beyond them.
-FileDescriptor OpenEmptyDevice() {
+/// Returns another descriptor above them.
+FileDescriptor OpenNullDevice() {
     int descriptor = Uninterrupted([] { return open("/dev/null", O_RDWR | O_CLOEXEC); });
     while (descriptor >= 0 && descriptor < kFirstUnshared)
         descriptor = Uninterrupted([descriptor] { return dup(descriptor); });
@@ -140,23 +140,23 @@ FileDescriptor OpenEmptyDevice() {
 
 }  // namespace
 
-int StartDetached(const std::string& path, const std::vector<std::string>& words) {
-    std::vector<char*> arguments{const_cast<char*>(path.c_str())};
-    for (const std::string& word : words)
-        arguments.push_back(const_cast<char*>(word.c_str()));
-    arguments.push_back(nullptr);
+int StartDetached(const std::string& path, const std::vector<std::string>& arguments) {
+    std::vector<char*> pointers{const_cast<char*>(path.c_str())};
+    for (const std::string& argument : arguments)
+        pointers.push_back(const_cast<char*>(argument.c_str()));
+    pointers.push_back(nullptr);
 
-    const FileDescriptor emptyDevice = OpenEmptyDevice();
-    if (!emptyDevice) return errno;
+    const FileDescriptor nullDevice = OpenNullDevice();
+    if (!nullDevice) return errno;
     Pipe outcome;
     if (const int error = MakePipe(outcome)) return error;
     pid_t leader = 0;
     if (const int error = Fork(leader)) return error;
-    if (leader == 0) LeadSession(arguments.data(), emptyDevice.Get(), outcome);
+    if (leader == 0) LeadSession(pointers.data(), nullDevice.Get(), outcome);
     const int result = ReadReport(outcome);
     WaitForEnd(leader);
     if (result == 0) return ECHILD;  // the leader was killed
-    if (result > 0) WaitUntilVisible(result);
+    if (result > 0) WaitForArguments(result);
     return result > 0 ? 0 : -result;
 }
 

@@ -12,8 +12,8 @@ std::vector<std::string> InstalledBundles::NamesOf(const std::string& program) {
     isRead_ = true;
     const size_t end = program.rfind('/');
     std::vector<std::string> names;
-    const auto [begin, behind] = programs_.equal_range(program.substr(0, end));
-    for (auto each = begin; each != behind; ++each)
+    const auto [begin, last] = programs_.equal_range(program.substr(0, end));
+    for (auto each = begin; each != last; ++each)
         names.push_back(each->second + program.substr(end));
     if (names.empty()) names.push_back(program);
     return names;

@@ -10,15 +10,15 @@ namespace dunvey {
 /// elsewhere.
 class InstalledBundles {
  public:
-    /// The paths of a program within the real applications folder, one for each name that its
-    /// bundle is installed under, else the path itself. The path's folder has no links.
+    /// The paths of a program in the applications folder, one for each name that its bundle is
+    /// installed under, else the path itself. The links of the path's folder must be resolved.
     std::vector<std::string> NamesOf(const std::string& program);
 
  private:
     void Read();
 
     bool isRead_ = false;
-    /// The installed folders of programs by the real one.
+    /// The Contents/MacOS folders by their path with links resolved.
     std::multimap<std::string, std::string> programs_;
 };
 

@@ -25,12 +25,12 @@ struct Call {
     bool onlyIfNotRunning = false;
 };
 
-/// None for arguments that make no sense.
-std::optional<Call> ReadCall(const std::vector<std::string>& words) {
-    if (std::find(words.begin(), words.end(), "") != words.end()) return std::nullopt;
-    if (words.size() == 1 && words[0].front() != '-') return Call{words[0], {}, true};
-    if (words.size() < 3 || words[0] != "-a") return std::nullopt;
-    return Call{words[1], {words.begin() + 2, words.end()}, false};
+/// nullopt for invalid arguments.
+std::optional<Call> ReadCall(const std::vector<std::string>& arguments) {
+    if (std::find(arguments.begin(), arguments.end(), "") != arguments.end()) return std::nullopt;
+    if (arguments.size() == 1 && arguments[0].front() != '-') return Call{arguments[0], {}, true};
+    if (arguments.size() < 3 || arguments[0] != "-a") return std::nullopt;
+    return Call{arguments[1], {arguments.begin() + 2, arguments.end()}, false};
 }
 
 /// False if there is no current folder for relative paths.

@@ -1,4 +1,4 @@
-// osascript -e SCRIPT APP: asks an application to quit, as a small script says.
+// osascript -e SCRIPT APP: runs a small script that asks an application to quit.
 #include <unistd.h>
 
 #include <algorithm>
@@ -117,17 +117,17 @@ bool Run(const std::vector<QuitStep>& steps, const std::string& path) {
 
 int main(int argumentCount, char** arguments) {
     using namespace dunvey;
-    const std::vector<std::string> words(arguments + 1, arguments + argumentCount);
-    if (words.size() != 3 || words[0] != "-e" || words[2].empty()) {
+    const std::vector<std::string> given(arguments + 1, arguments + argumentCount);
+    if (given.size() != 3 || given[0] != "-e" || given[2].empty()) {
         WriteErrorLine("usage: osascript -e SCRIPT APPLICATION");
         return 2;
     }
-    const auto steps = ReadQuitScript(words[1]);
+    const auto steps = ReadQuitScript(given[1]);
     if (!steps) {
         WriteErrorLine(
             "osascript: the script isn't understood. Only \"quit application NAME\" and \"delay "
             "SECONDS\" may stand between \"on run {NAME}\" and \"end run\".");
         return 2;
     }
-    return Run(*steps, words[2]) ? 0 : 1;
+    return Run(*steps, given[2]) ? 0 : 1;
 }

@@ -17,7 +17,7 @@
 namespace dunvey::ProcessList {
 namespace {
 
-constexpr size_t kMostArguments = 8;
+constexpr size_t kMaxArguments = 8;
 
 std::string FileOf(pid_t id, const char* name) {
     return "/proc/" + std::to_string(id) + "/" + name;
@@ -27,14 +27,14 @@ std::string FileOf(pid_t id, const char* name) {
 std::string ReadStart(const std::string& path, size_t limit) {
     const FileDescriptor file = OpenFile(path, O_RDONLY);
     std::string text(limit, '\0');
-    // One read gives all of such a file.
+    // One read returns the whole file.
     const ssize_t count =
         file ? Uninterrupted([&] { return read(file.Get(), text.data(), limit); }) : -1;
     text.resize(count > 0 ? static_cast<size_t>(count) : 0);
     return text;
 }
 
-/// For at most 2 ms a process that replaces its program, as `env` does, shows no arguments.
+/// Retries for 2 ms: while a process executes a new program, as `env` does, it has no arguments.
 std::vector<std::string> SettledArguments(pid_t id) {
     constexpr timespec kPause{0, 100'000};
     std::vector<std::string> arguments = Arguments(id);
@@ -102,7 +102,7 @@ std::string Program(pid_t id) {
 std::vector<std::string> Arguments(pid_t id) {
     const std::string text = ReadStart(FileOf(id, "cmdline"), 8192);
     std::vector<std::string> arguments;
-    for (size_t begin = 0; begin < text.size() && arguments.size() < kMostArguments;) {
+    for (size_t begin = 0; begin < text.size() && arguments.size() < kMaxArguments;) {
         const size_t end = text.find('\0', begin);
         if (end == text.npos) break;  // the last one isn't complete
         arguments.push_back(text.substr(begin, end - begin));

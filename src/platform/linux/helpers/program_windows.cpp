@@ -59,8 +59,8 @@ class Server {
                 static_cast<size_t>(xcb_get_property_value_length(reply.get()))};
     }
 
-    /// The windows of the processes for which `isProgram` is true. Below the root, a window manager
-    /// puts up to two more around each of them.
+    /// The windows of the processes for which `isProgram` is true. A window manager may put up to
+    /// two windows between the root and each of them.
     std::vector<xcb_window_t> ProgramWindows(const IsProgram& isProgram) {
         std::vector<xcb_window_t> found;
         std::vector<xcb_window_t> level;
@@ -80,7 +80,7 @@ class Server {
         return found;
     }
 
-    /// Whether a user or a window manager knows the window.
+    /// Whether the window is visible or a window manager manages it.
     bool IsShown(xcb_window_t window) {
         constexpr uint32_t kNormal = 1;
         constexpr uint32_t kIconic = 3;
@@ -104,16 +104,16 @@ class Server {
                        reinterpret_cast<const char*>(&event));
     }
 
-    /// Returns when the server has done everything.
+    /// Returns when the server has processed all requests.
     void Finish() {
         Owned(xcb_get_input_focus_reply(connection_, xcb_get_input_focus(connection_), nullptr));
     }
 
  private:
     xcb_get_property_cookie_t Request(xcb_window_t window, const char* name) {
-        constexpr uint32_t kMostWords = 64;
+        constexpr uint32_t kMaxWords = 64;
         return xcb_get_property(connection_, 0, window, Atom(name), XCB_GET_PROPERTY_TYPE_ANY, 0,
-                                kMostWords);
+                                kMaxWords);
     }
 
     Values Read(xcb_get_property_cookie_t cookie) {
@@ -138,7 +138,7 @@ class Server {
         return children;
     }
 
-    /// Whether the window names this machine: the process ids of others mean nothing here.
+    /// Whether the window is of a program on this machine, so that its process id is valid here.
     bool IsLocal(xcb_window_t window) {
         char name[256] = {};
         gethostname(name, sizeof name - 1);
@@ -149,8 +149,8 @@ class Server {
     /// A window and the processes it may belong to, 0 where unknown.
     struct Owner {
         xcb_window_t id;
-        pid_t client;  ///< at the other end of the server's socket
-        pid_t named;   ///< by _NET_WM_PID, which programs may omit and containers number anew
+        pid_t client;  ///< the X client's, as the server knows it
+        pid_t named;   ///< _NET_WM_PID, which may be missing or a number inside a container
     };
 
     std::vector<Owner> Owners(const std::vector<xcb_window_t>& windows) {
@@ -185,8 +185,7 @@ class Server {
     std::map<std::string, xcb_atom_t> atoms_;
 };
 
-/// Whether the window asks the user something: a modal one, or one in front of another window but
-/// for toolbars and the like.
+/// Whether the window is a dialog: modal, or transient for another window and no tool window.
 bool IsDialog(Server& server, xcb_window_t window) {
     constexpr uint32_t kCloseFunction = 1 << 5;
     constexpr uint32_t kAllFunctions = 1;
@@ -198,8 +197,8 @@ bool IsDialog(Server& server, xcb_window_t window) {
     const bool isPlain = type.empty() || type[0] == server.Atom("_NET_WM_WINDOW_TYPE_DIALOG") ||
                          type[0] == server.Atom("_NET_WM_WINDOW_TYPE_NORMAL");
     if (!isPlain) return false;
-    // Wine gives its palettes the type of a dialog, but only a dialog keeps its owner from being
-    // closed, which shows in the owner's hints.
+    // Wine gives its palettes the type of a dialog. But only a real dialog disables closing its
+    // owner, as the owner's hints show.
     const Values hints = server.Property(owner[0], "_MOTIF_WM_HINTS");
     const bool namesFunctions = hints.size() > 1 && (hints[0] & 1) != 0;
     return !namesFunctions || (hints[1] & (kCloseFunction | kAllFunctions)) == 0;
@@ -232,8 +231,8 @@ CloseRequest RequestCloseNow(const IsProgram& isProgram) {
 }  // namespace
 
 CloseRequest RequestClose(const std::function<bool(pid_t)>& isProgram) {
-    constexpr int kMostMilliseconds = 5'000;
-    const auto result = CallWithin(kMostMilliseconds, [&isProgram] {
+    constexpr int kMaxMilliseconds = 5'000;
+    const auto result = CallWithin(kMaxMilliseconds, [&isProgram] {
         return static_cast<uint8_t>(RequestCloseNow(isProgram));
     });
     return result ? static_cast<CloseRequest>(*result) : CloseRequest::NoAnswer;

@@ -6,10 +6,10 @@
 namespace dunvey {
 namespace {
 
-constexpr double kLongestDelay = 86'400;
+constexpr double kMaxDelay = 86'400;
 constexpr std::string_view kDigits = "0123456789";
 
-/// What stands between the two; nothing if the line doesn't begin and end so.
+/// The text between the two; nullopt if the line doesn't begin and end with them.
 std::optional<std::string_view> Between(std::string_view line, std::string_view before,
                                         std::string_view after) {
     if (line.size() < before.size() + after.size()) return std::nullopt;
@@ -26,13 +26,12 @@ bool IsName(std::string_view text) {
 }
 
 std::optional<double> Seconds(std::string_view text) {
-    // The first character keeps out a sign, "nan" and "inf".
+    // A digit at the start excludes a sign, "nan" and "inf".
     if (text.empty() || kDigits.find(text.front()) == std::string_view::npos) return std::nullopt;
     double seconds = 0;
     const char* const end = text.data() + text.size();
     const auto result = std::from_chars(text.data(), end, seconds, std::chars_format::fixed);
-    if (result.ec != std::errc() || result.ptr != end || seconds > kLongestDelay)
-        return std::nullopt;
+    if (result.ec != std::errc() || result.ptr != end || seconds > kMaxDelay) return std::nullopt;
     return seconds;
 }
 

@@ -11,7 +11,7 @@ struct QuitStep {
     enum class Kind { Quit, Delay };
 
     Kind kind;
-    /// Of a delay, at most a day.
+    /// For Delay; at most a day.
     double seconds;
 };
 
@@ -23,8 +23,8 @@ struct QuitStep {
 ///     end run
 ///
 /// with any number of the two steps, in any order, between the first line and the last. NAME is a
-/// word of letters, digits and underscores, SECONDS a decimal number. Gives back the steps, or
-/// nothing for any other text.
+/// word of letters, digits and underscores, SECONDS a decimal number. Returns the steps, or nullopt
+/// for any other text.
 std::optional<std::vector<QuitStep>> ReadQuitScript(std::string_view script);
 
 }  // namespace dunvey

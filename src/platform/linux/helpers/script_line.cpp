@@ -28,7 +28,7 @@ std::string_view FirstWord(std::string_view text) {
 /// The part of a file in which the kernel looks for the interpreter.
 std::string FirstBytes(const std::string& path) {
     constexpr size_t kLimit = 256;
-    // Opening some devices already acts on them.
+    // Opening some devices has side effects.
     struct stat status;
     if (stat(path.c_str(), &status) != 0 || !S_ISREG(status.st_mode)) return {};
     int error = 0;

@@ -15,14 +15,14 @@ class ScriptLine {
     /// Empty for a file that is no script.
     const std::string& Interpreter() const { return interpreter_; }
 
-    /// Whether a process whose arguments start with these, up to the script's path, runs the
-    /// script: the interpreter is the first of them, or for an interpreter that is a script itself
-    /// stands further on, and only arguments from the script's line follow.
+    /// Whether a process runs the script; `arguments` are those before the script's path. The first
+    /// one must be the interpreter; if that is a script itself, it may come later. Only arguments
+    /// from the script's line may follow it.
     bool IsRunBy(const std::vector<std::string>& arguments) const;
 
  private:
     std::string interpreter_;
-    /// The argument as the kernel passes it, in one piece, and its words, which `env` separates.
+    /// The argument in one piece, as the kernel passes it, then its words, as `env` splits it.
     std::vector<std::string> rest_;
 };
 

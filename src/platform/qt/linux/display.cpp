@@ -64,7 +64,7 @@ std::optional<Display> Reach(const std::string& wanted) {
     } else if (name.starts_with("wayland")) {
         if (!ReachesWayland()) return {};
     } else if (name != "offscreen" && name != "minimal" && name != "vnc") {
-        // The others draw on the graphics card and show one window at a time.
+        // Other platforms draw directly on the screen and show one window at a time.
         return {};
     }
     return HasPlugin(name) ? std::optional(display) : std::nullopt;
@@ -75,7 +75,7 @@ std::optional<Display> Reach(const std::string& wanted) {
 std::optional<Display> ReachDisplay() {
     std::vector<std::string> names;
     if (const char* wanted = std::getenv("QT_QPA_PLATFORM")) names = SplitB(wanted, ";");
-    // A remote login may inherit a platform that its own display doesn't have.
+    // A remote login may inherit a platform that its display doesn't support.
     names.insert(names.end(), {"xcb", "wayland"});
     for (const std::string& name : names) {
         if (std::optional<Display> display = Reach(name)) return display;

@@ -13,16 +13,16 @@
 namespace dunvey {
 namespace {
 
-using Words = std::vector<std::string>;
+using Files = std::vector<std::string>;
 
-/// The URIs as bytes, since a file name may not be valid text.
-Words UrisIn(const QMimeData& data) {
-    Words words;
+/// The URIs as bytes, since a file name may not be valid UTF-8.
+Files UrisIn(const QMimeData& data) {
+    Files uris;
     for (const QByteArray& line : data.data(QStringLiteral("text/uri-list")).split('\n')) {
-        const QByteArray word = line.trimmed();
-        if (!word.isEmpty() && !word.startsWith('#')) words.push_back(word.toStdString());
+        const QByteArray uri = line.trimmed();
+        if (!uri.isEmpty() && !uri.startsWith('#')) uris.push_back(uri.toStdString());
     }
-    return words;
+    return uris;
 }
 
 QString Filter() {
@@ -63,39 +63,40 @@ class LinuxDock final : public QtDock, public QObject {
  private:
     void Drag(QDragMoveEvent& event) {
         if (event.type() == QEvent::DragEnter) {
-            const Words words = UrisIn(*event.mimeData());
-            EventLoop::Current().Enter([&] { isWelcome_ = dock_->Drag(key_, words); });
+            const Files files = UrisIn(*event.mimeData());
+            EventLoop::Current().Enter([&] { acceptsDrag_ = dock_->Drag(key_, files); });
         }
         // Never let the other program delete the files, as after a move.
         event.setDropAction(Qt::CopyAction);
-        event.setAccepted(isWelcome_);
+        event.setAccepted(acceptsDrag_);
     }
     void Drop(QDropEvent& event) {
         event.setDropAction(Qt::CopyAction);
         event.accept();
         Take(UrisIn(*event.mimeData()));
     }
-    void Take(const Words& words) {
-        EventLoop::Current().Enter([&] { dock_->Take(key_, words); });
+    void Take(const Files& files) {
+        EventLoop::Current().Enter([&] { dock_->Take(key_, files); });
     }
     void ChooseFiles() {
-        files_ = std::make_unique<QFileDialog>(WindowWidget::Of(dock_.Get()),
-                                               QString::fromStdString(Dock::kChooseDocuments("")),
-                                               QString(), Filter());
-        files_->setFileMode(QFileDialog::ExistingFiles);
-        connect(files_.get(), &QFileDialog::filesSelected, this, [this](const QStringList& chosen) {
-            Words words;
-            for (const QString& path : chosen)
-                words.push_back(QFile::encodeName(path).toStdString());
-            Take(words);
-        });
-        files_->open();
+        fileDialog_ = std::make_unique<QFileDialog>(
+            WindowWidget::Of(dock_.Get()), QString::fromStdString(Dock::kChooseDocuments("")),
+            QString(), Filter());
+        fileDialog_->setFileMode(QFileDialog::ExistingFiles);
+        connect(fileDialog_.get(), &QFileDialog::filesSelected, this,
+                [this](const QStringList& chosen) {
+                    Files files;
+                    for (const QString& path : chosen)
+                        files.push_back(QFile::encodeName(path).toStdString());
+                    Take(files);
+                });
+        fileDialog_->open();
     }
 
     UserAction key_;
     Ref<DockWindow> dock_ = New<DockWindow>();
-    std::unique_ptr<QFileDialog> files_;
-    bool isWelcome_ = false;
+    std::unique_ptr<QFileDialog> fileDialog_;
+    bool acceptsDrag_ = false;
 };
 
 }  // namespace

@@ -21,7 +21,7 @@ QString ImportedIcon(const QString& extension) {
     return {};
 }
 
-/// By the file's name alone: to look into a FIFO would block.
+/// By the file name only: opening a FIFO would block.
 QIcon DocumentIcon(const QString& fileName) {
     for (const QMimeType& type : QMimeDatabase().mimeTypesForFileName(fileName))
         for (const QString& name : {type.iconName(), type.genericIconName()})

@@ -5,7 +5,7 @@
 namespace dunvey {
 
 IconSource SystemIcon(const QString& path) {
-    // Qt asks the workspace.
+    // Qt gets the icon from the workspace.
     return {{}, [path] { return QFileIconProvider().icon(QFileInfo(path)); }};
 }
 
