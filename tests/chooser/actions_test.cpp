@@ -106,32 +106,6 @@ TEST_F(ChooserActions, AQuitRequestIsRepeatedUntilEscapeOrTheEndOfTheProgram) {
     }
 }
 
-TEST_F(ChooserActions, TheUserActsWhileTheChooserIsRebuilt) {
-    // The rebuild starts when the window is no longer busy.
-    std::function<void(Window1&, Step)> duringRebuild = [&](Window1& window, const Step& act) {
-        user_->DuringTurn([&, act] { window.Busy() ? duringRebuild(window, act) : act(window); });
-    };
-    const auto quitAnd = [&](const Step& act) {
-        Running({"CC"});
-        AfterQuit({});
-        return [&, act](Window1& window) {
-            duringRebuild(window, act);
-            QuitRow(window, 2);
-        };
-    };
-    Expect({quitAnd(escape_)});
-    Open({document_});
-    EXPECT_EQ(Opened(), Texts{});
-    Expect({quitAnd([](Window1& window) { window.ReView(); }),
-            [](Window1& window) {
-                EXPECT_EQ(Column(window, 1), (Texts{"7.0.4", "8.1.0", "9.0.0"}));
-                EXPECT_EQ(window.AppList()->ListIndex(), 1);
-            },
-            return_});
-    Open({document_});
-    EXPECT_EQ(Opened(), Texts{"CS6: a.indd"});
-}
-
 TEST_F(ChooserActions, ARemovedApplicationIsNeitherOpenedNorQuitAndShowsNoDialog) {
     Running({"CS6", "CC"});
     commandKey_ = true;

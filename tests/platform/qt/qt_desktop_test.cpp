@@ -134,8 +134,8 @@ TEST(ReachDisplayTest, TakesTheFirstPlatformThatCanShowWindows) {
     for (const auto& [names, reached] :
          {Row{"OffScreen", "OffScreen"}, Row{"XCB;Minimal", "Minimal"},
           Row{"xcb;;offscreen:options", "offscreen:options"},
-          Row{"linuxfb;eglfs;offscreen", "offscreen"}, Row{"xcb", ""}, Row{"Wayland;xcb", ""},
-          Row{"none such", ""}, Row{"off*", ""}}) {
+          Row{"linuxfb;eglfs;offscreen", "offscreen"}, Row{"Wayland;xcb", ""},
+          Row{"none such", ""}}) {
         setenv("QT_QPA_PLATFORM", names, 1);
         const std::optional<Display> display = ReachDisplay();
         EXPECT_EQ(display ? display->platform : "", reached) << names;

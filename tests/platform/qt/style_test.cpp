@@ -1,12 +1,11 @@
+#include <gtest/gtest.h>
+
 #include <QCheckBox>
-#include <QDialog>
 #include <QPushButton>
-#include <QTableView>
 
 #include "platform/pictures/contrast.h"
 #include "platform/qt/qt_style.h"
 #include "platform/qt/qt_text.h"
-#include "qt_test.h"
 
 namespace dunvey::test {
 namespace {
@@ -55,12 +54,6 @@ TEST(StyleTest, OutlinesAndDisabledTextsAreSeenOnDarkWindows) {
             << "it still looks disabled";
     }
 }
-
-class ThemeTest : public QtTest {
- protected:
-    ~ThemeTest() override { QApplication::setPalette(before_); }
-    const QPalette before_ = QApplication::palette();
-};
 
 }  // namespace
 }  // namespace dunvey::test
