@@ -1,9 +1,16 @@
 #include <gtest/gtest.h>
 
+#include "platform/pictures/contrast.h"
 #include "platform/pictures/picture.h"
 
 namespace dunvey {
 namespace {
+
+TEST(Contrast, AColourMovesOnlyAsFarAsNeeded) {
+    EXPECT_EQ(Readable({0xFB0C43}, {0xEFEFEF}, 2.5), (Color{0xFB0C43}));
+    for (const uint32_t ground : {0xFB0C43u, 0x808080u, 0xFFFFFFu, 0x000000u, 0xFFFF00u})
+        EXPECT_GE(Contrast(Readable({0xFB0C43}, {ground}, 4.5), {ground}), 4.5) << ground;
+}
 
 TEST(Picture, TheLeastResolutionThatSuffices) {
     EXPECT_EQ(Picture(16, 8).PixelsFor(3).Width, 16);

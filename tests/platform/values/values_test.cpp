@@ -12,25 +12,6 @@
 namespace dunvey {
 namespace {
 
-template <typename Call>
-std::string OriginOf(Call&& call) {
-    try {
-        call();
-    } catch (const RuntimeException& exception) {
-        return exception.Origin();
-    }
-    return "nothing was raised";
-}
-
-TEST(Exceptions, OriginOfNilIsAnAddressInTheCodeThatUsedIt) {
-    const auto use = [] { *Ref<int>(); };
-    EXPECT_THROW(use(), NilObjectException);
-    const std::string origin = OriginOf(use);
-    EXPECT_TRUE(origin.starts_with("platform_tests+0x")) << origin;
-    EXPECT_EQ(origin, OriginOf(use));
-    EXPECT_NE(origin, OriginOf([] { *Ref<int>(); }));
-}
-
 TEST(Dictionary, TakesKeysOfAllTypes) {
     Dictionary dictionary;
     std::vector<Variant> keys = {

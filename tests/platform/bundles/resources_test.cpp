@@ -1,8 +1,8 @@
-#include "platform/bundles/bundle_icon.h"
-
 #include <gtest/gtest.h>
 #include <unistd.h>
 
+#include "platform/bundles/bundle_icon.h"
+#include "platform/bundles/translation_table.h"
 #include "support/temporary_folder.h"
 
 namespace dunvey {
@@ -45,6 +45,20 @@ TEST_F(BundleIcon, IsTheOneThePropertyListNamesElseTheFirst) {
         PropertyList(name);
         EXPECT_EQ(Found(), found) << name;
     }
+}
+
+TEST(TranslationTable, ReadsRowsCommentsAndEscapes) {
+    const TranslationTable table = ReadTranslationTable(
+        "\xEF\xBB\xBF/* a comment\n over lines */ \"a\" = \"1\";\n"
+        "// \"no\" = \"row\";\n"
+        "\"b\"=\"say \\\"x\\\" \\\\ \\n\\t\";\"c\"\n=\n\"3\"\n;\n"
+        "\"a\" = \"later\"; \"// d\" = \"/* not a comment */\";\r\n\"\" = \"\";");
+    const TranslationTable expected = {{"a", "later"},
+                                       {"b", "say \"x\" \\ \n\t"},
+                                       {"c", "3"},
+                                       {"// d", "/* not a comment */"},
+                                       {"", ""}};
+    EXPECT_EQ(table, expected);
 }
 
 }  // namespace
