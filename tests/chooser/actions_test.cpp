@@ -54,12 +54,16 @@ TEST_F(ChooserActions, ADoubleClickOpensOnlyWhatTheOpenButtonOpens) {
 TEST_F(ChooserActions, WarnsOfAnotherRunningVersionUnlessTheChosenOneRuns) {
     Running({"CC"});
     Expect({return_, escape_});
-    user_->ExpectMessage("Multiple InDesign.apps will be launched.", Answer::Dismiss,
-                         [](const MessageDialog& dialog) {
-                             EXPECT_EQ(dialog.ActionButton->Caption, "Cancel");
-                             EXPECT_EQ(dialog.CancelButton->Caption, "Quit Dunvey");
-                             EXPECT_EQ(dialog.AlternateActionButton->Caption, "Ignore warning");
-                         });
+    user_->ExpectMessage(
+        "Multiple InDesign.apps will be launched.", Answer::Dismiss,
+        [](const MessageDialog& dialog) {
+            EXPECT_EQ(dialog.Icon, MessageDialog::kCaution);
+            EXPECT_EQ(dialog.ActionButton->Caption, "Cancel");
+            EXPECT_EQ(dialog.CancelButton->Caption, "Quit Dunvey");
+            EXPECT_EQ(dialog.AlternateActionButton->Caption, "Ignore warning");
+            EXPECT_EQ(dialog.Explanation,
+                      "InDesign.app to launched should keep only one as much as possible.");
+        });
     Open({document_});
     EXPECT_EQ(Opened(), Texts{});
     EXPECT_EQ(user_->timesInFront(), 1);
@@ -104,6 +108,51 @@ TEST_F(ChooserActions, AQuitRequestIsRepeatedUntilEscapeOrTheEndOfTheProgram) {
         EXPECT_EQ(Open({document_}), 0);
         EXPECT_EQ(Opened(), Texts{});
     }
+}
+
+TEST_F(ChooserActions, APressDuringAQuitRequestRunsANestedLoop) {
+    Running({"CS5", "CC"});
+    Look([&](Window1& window) {
+        AfterRequests(1, [&] {
+            AfterQuit({"CS5"});
+            QuitRow(window, 2);
+            EXPECT_EQ(Column(window, 2), (Texts{"Booting", "", ""}));
+            AfterQuit({});
+            QuitRow(window, 0);
+            EXPECT_EQ(Column(window, 2), (Texts{"", "", ""}));
+            EXPECT_TRUE(window.Busy()) << "the first request still runs";
+        });
+        QuitRow(window, 2);
+        EXPECT_FALSE(window.Busy());
+        EXPECT_EQ(window.AppList()->Note(), "");
+    });
+    EXPECT_EQ(QuitCalls().back().back(), AppPath("CS5"));
+}
+
+TEST_F(ChooserActions, TheUserActsWhileTheChooserIsRebuilt) {
+    // The rebuild starts when the window is no longer busy.
+    std::function<void(Window1&, Step)> duringRebuild = [&](Window1& window, const Step& act) {
+        user_->DuringTurn([&, act] { window.Busy() ? duringRebuild(window, act) : act(window); });
+    };
+    const auto quitAnd = [&](const Step& act) {
+        Running({"CC"});
+        AfterQuit({});
+        return [&, act](Window1& window) {
+            duringRebuild(window, act);
+            QuitRow(window, 2);
+        };
+    };
+    Expect({quitAnd(escape_)});
+    Open({document_});
+    EXPECT_EQ(Opened(), Texts{});
+    Expect({quitAnd([](Window1& window) { window.ReView(); }),
+            [](Window1& window) {
+                EXPECT_EQ(Column(window, 1), (Texts{"7.0.4", "8.1.0", "9.0.0"}));
+                EXPECT_EQ(window.AppList()->ListIndex(), 1);
+            },
+            return_});
+    Open({document_});
+    EXPECT_EQ(Opened(), Texts{"CS6: a.indd"});
 }
 
 TEST_F(ChooserActions, ARemovedApplicationIsNeitherOpenedNorQuitAndShowsNoDialog) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -10,6 +11,31 @@
 #include "support/world.h"
 
 namespace dunvey::test {
+
+/// Records what is drawn into an area of 90 by 26 points.
+class Paper final : public Graphics {
+ public:
+    int64_t Width() const override { return 90; }
+    int64_t Height() const override { return 26; }
+    void FillRect(int64_t x, int64_t y, int64_t width, int64_t height) override {
+        Draw("fill", {x, y, width, height});
+    }
+    void DrawLine(int64_t fromX, int64_t fromY, int64_t toX, int64_t toY) override {
+        Draw("line", {fromX, fromY, toX, toY});
+    }
+    void DrawPicture(const Picture& picture, int64_t x, int64_t y) override {
+        Draw("picture", {x, y, picture.Width(), picture.PixelsFor(1).Pixels.at(0)});
+    }
+    std::ostringstream drawn;
+
+ private:
+    void Draw(const char* what, std::initializer_list<int64_t> numbers) {
+        drawn << what << std::hex << " " << ForeColor.RedGreenBlue << std::dec;
+        for (const int64_t number : numbers)
+            drawn << " " << number;
+        drawn << "; ";
+    }
+};
 
 /// Runs of the program that show a chooser.
 class Chooser : public World {

@@ -51,6 +51,7 @@ class ScriptedDesktop final : public Desktop {
     /// False if nothing can be pressed that way.
     bool Return(Window& window) { return Touch(window).PressDefault(ByUser()); }
     bool Escape(Window& window) { return Touch(window).PressCancel(ByUser()); }
+    void Resize(Window& window, Size size) { Touch(window).Resize(ByUser(), size); }
     void CloseByTheDesktop(Window& window) { Touch(window).Dismiss(ByUser()); }
 
     /// Raises ScriptFault if an expectation or a step is left over.

@@ -17,7 +17,6 @@ namespace {
 
 constexpr const char* kDocument = test::OwnResources::kDocument;
 constexpr const char* kBook = test::OwnResources::kBook;
-constexpr const char* kNotice = "Import file icons from InDesign.app installed.";
 const std::string kBoth = "ID_Document_Icon.icns of 9.2ID_Book_Icon.icns of 9.2";
 
 class IconImport : public test::World {
@@ -41,6 +40,8 @@ class IconImport : public test::World {
         return resources;
     }
 
+    void ExpectNotice() { user_->ExpectMessage("Import file icons from InDesign.app installed."); }
+
     test::OwnResources resources_;
     test::StandInPkexec pkexec_{folder_};
 };
@@ -48,13 +49,28 @@ class IconImport : public test::World {
 TEST_F(IconImport, AfterANoticeTheIconsOfTheNewestVersionReplaceTheOldOnes) {
     Newest("CS6", "8.0", {kDocument, kBook});
     Newest("CC", "9.2", {kDocument, kBook});
-    resources_.Write(kDocument, std::string(9999, 'o'));
-    user_->ExpectMessage(kNotice, {}, [&](const MessageDialog&) {
-        EXPECT_EQ(resources_.Icons().size(), 9999U) << "nothing has changed yet";
-    });
-    InDesign::GetIconFile();
-    EXPECT_EQ(resources_.Icons(), kBoth);
-    EXPECT_EQ(Preferences::pIconVersion, "9.2");
+    const char* const kNotices[][3] = {
+        {"en_US.UTF-8", "Import file icons from InDesign.app installed.",
+         "This process is executed as necessary."},
+        {"ja_JP.UTF-8",
+         "インストールされている InDesign.app から\rファイルアイコンを取り込みます。",
+         "この処理は必要に応じて実行されます。"}};
+    for (const auto& [locale, message, explanation] : kNotices) {
+        setenv("LC_ALL", locale, 1);
+        resources_.Write(kDocument, std::string(9999, 'o'));
+        unlink((resources_ / kBook).c_str());
+        user_->ExpectMessage(message, {}, [&, text = explanation](const MessageDialog& dialog) {
+            EXPECT_EQ(dialog.Explanation, text);
+            EXPECT_EQ(dialog.Icon, MessageDialog::kNote);
+            EXPECT_EQ(dialog.ActionButton->Caption, "OK");
+            EXPECT_FALSE(dialog.CancelButton->Visible || dialog.AlternateActionButton->Visible);
+            EXPECT_EQ(resources_.Icons().size(), 9999U) << "nothing has changed yet";
+        });
+        InDesign::GetIconFile();
+        EXPECT_EQ(resources_.Icons(), kBoth);
+        EXPECT_EQ(Preferences::pIconVersion, "9.2");
+    }
+    EXPECT_EQ(user_->timesInFront(), 2);
     EXPECT_EQ(pkexec_.Calls(), 0);
 }
 
@@ -63,6 +79,10 @@ TEST_F(IconImport, NothingHappensWithoutBothIconsOrWithoutADisplay) {
     resources_.Write(kDocument, "old");
     Newest("CS6", "8.0", {kDocument, kBook});
     Newest("CC", "9.2", {kDocument});
+    InDesign::GetIconFile();
+    Newest("CC 2014", "10.0", {kBook});
+    InDesign::GetIconFile();
+    InDesign::InstalledApps.push_back(nullptr);
     InDesign::GetIconFile();
     EXPECT_EQ(user_->timesInFront(), 0);
 
@@ -88,7 +108,7 @@ TEST_F(IconImport, TheScriptCopiesIfTheDirectCopyFails) {
         mkdir((resources_ / blocked).c_str(), 0777);
         resources_.Write(blocked + "/" + blocked, "in the way");
         pkexec_.Meanwhile("rm -rf '" + (resources_ / blocked) + "'\n");
-        user_->ExpectMessage(kNotice);
+        ExpectNotice();
         InDesign::GetIconFile();
         EXPECT_EQ(resources_.Icons(), kBoth);
         EXPECT_EQ(Preferences::pIconVersion, "9.2");
@@ -99,15 +119,22 @@ TEST_F(IconImport, TheScriptCopiesIfTheDirectCopyFails) {
 TEST_F(IconImport, AFolderIsRefusedWithAnAlertAndALinkIsFollowed) {
     const std::string book = Newest("CC", "9.2", {kDocument}) + kBook;
     mkdir(book.c_str(), 0777);
-    user_->ExpectMessage(kNotice);
-    user_->ExpectMessage("Unable to import the icon.");
+    ExpectNotice();
+    user_->ExpectMessage("Unable to import the icon.", {}, [](const MessageDialog& dialog) {
+        EXPECT_EQ(dialog.Explanation,
+                  "Please put Dunvey.app in the place where write permission is given.");
+        EXPECT_EQ(dialog.Icon, MessageDialog::kCaution);
+        EXPECT_EQ(dialog.ActionButton->Caption, "OK");
+        EXPECT_FALSE(dialog.CancelButton->Visible || dialog.AlternateActionButton->Visible);
+    });
     InDesign::GetIconFile();
+    EXPECT_EQ(user_->timesInFront(), 2) << "for each of both";
     EXPECT_EQ(Preferences::pIconVersion, "before");
     EXPECT_EQ(resources_.Icons(), "ID_Document_Icon.icns of 9.2") << "the first copy succeeded";
     EXPECT_EQ(access((resources_ / kBook).c_str(), F_OK), -1) << "no partial copy";
     rmdir(book.c_str());
     ASSERT_EQ(symlink(kDocument, book.c_str()), 0);
-    user_->ExpectMessage(kNotice);
+    ExpectNotice();
     InDesign::GetIconFile();
     EXPECT_EQ(resources_.Icons(), "ID_Document_Icon.icns of 9.2ID_Document_Icon.icns of 9.2");
     EXPECT_EQ(Preferences::pIconVersion, "9.2");

@@ -16,8 +16,9 @@ class InspectTest : public test::RealWorld {
 
     /// Runs dunvey-inspect in the home folder and returns its exit code; what it prints is in
     /// `output_` and in the file "stderr".
-    int Run(const Words& arguments) {
-        const int code = Script("exec '" DUNVEY_INSPECT "' \"$@\" >stdout", arguments);
+    int Run(const Words& arguments, const std::string& language = "C") {
+        const int code =
+            Script("exec '" DUNVEY_INSPECT "' \"$@\" >stdout", arguments, {"LC_ALL=" + language});
         output_ = folder_.Read("stdout");
         return code;
     }
@@ -89,6 +90,28 @@ TEST_F(InspectTest, SampleHeadersAreOpenedAsAnnounced) {
     ExpectTheSameOf(documents, rows);
 }
 
+TEST_F(InspectTest, ATreeOfDocumentsIsOpenedAsAnnounced) {
+#ifdef DUNVEY_SANITIZED
+    // The program reads the process list for each document, slowly with sanitizers.
+    constexpr int kDocuments = 2'000;
+#else
+    constexpr int kDocuments = 10'000;
+#endif
+    Install("CS6", "8.0.1");
+    Install("CC", "9.2.0");
+    Words documents;
+    for (int i = 0; i < kDocuments; ++i) {
+        const std::string folder = "tree/" + std::to_string(i / 100);
+        if (i % 100 == 0) folder_.MakeFolder(folder);
+        documents.push_back(Document(folder + "/" + std::to_string(i) + ".indd", 8 + i % 2));
+    }
+    ASSERT_EQ(symlink("..", (folder_ / "tree/7/loop").c_str()), 0);
+    folder_.Write("tree/note.txt", "");
+    const Rows rows = Tabs({"--recursive", folder_ / "tree"});
+    EXPECT_EQ(rows.size(), documents.size());
+    ExpectTheSameOf(documents, rows);
+}
+
 TEST_F(InspectTest, RunningVersionsDecideAsInTheMainProgram) {
     Install("CS6", "8.0.1");
     Install("CC", "9.2.0");
@@ -127,8 +150,25 @@ TEST_F(InspectTest, FilesThatAreNoDocumentsGetTheirReason) {
     EXPECT_TRUE(output_.starts_with("[") && output_.ends_with("]\n")) << output_;
 }
 
-TEST_F(InspectTest, RefusesWrongArguments) {
+TEST_F(InspectTest, TheTableIsAlignedInBothLanguages) {
+    Install("CS6", "8.0.1");
+    Document("名前.indd", 8);
+    Document("long name.indd", 9);
+    ASSERT_EQ(Run({"名前.indd", "long name.indd"}), 0);
+    const Row lines = Split(output_, '\n');
+    ASSERT_EQ(lines.size(), 3U) << output_;
+    EXPECT_EQ(lines[0].find("Version"), lines[2].find("9.0"));
+    // Each of the two characters takes three bytes and two columns.
+    EXPECT_EQ(lines[0].find("Version") + 2, lines[1].find("8.0"));
+    EXPECT_NE(lines[2].find("asks: this version is not installed"), std::string::npos);
+    ASSERT_EQ(Run({"long name.indd"}, "ja_JP.UTF-8"), 0);
+    EXPECT_NE(output_.find("このバージョンは"), std::string::npos) << output_;
+}
+
+TEST_F(InspectTest, ArgumentsAndABrokenPipe) {
     Document("-x.indd", 8);
+    EXPECT_EQ(Run({"--help"}), 0);
+    EXPECT_TRUE(output_.starts_with("Usage: dunvey-inspect "));
     EXPECT_EQ(Run({"--version-only", "--", "-x.indd"}), 0);
     EXPECT_EQ(output_, "8.0\n");
     for (const Words& wrong :
@@ -137,6 +177,8 @@ TEST_F(InspectTest, RefusesWrongArguments) {
         EXPECT_EQ(output_, "");
         EXPECT_TRUE(folder_.Read("stderr").starts_with("dunvey-inspect: "));
     }
+    EXPECT_EQ(Script("'" DUNVEY_INSPECT "' --help | :"), 0);
+    EXPECT_EQ(folder_.Read("stderr"), "");
 }
 
 }  // namespace

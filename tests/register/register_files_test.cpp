@@ -179,5 +179,40 @@ TEST_F(RegisterFilesTest, QuestionableVersionsNeedForce) {
     }
 }
 
+TEST_F(RegisterFilesTest, ConcurrentAndKilledRenewalsNeverMixVersionAndCommand) {
+    const char* const script = R"(
+        register() {
+            ')" DUNVEY_REGISTER R"(' --force --name "$1" --version "$2" "$3" >/dev/null
+        }
+        bundle="Applications/$1/$1.app/Contents"
+        register "$1" 8 /bin/true
+        for i in 1 2 3 4 5 6 7 8 9 10; do
+            register "$1" 8 /bin/true & register "$1" 9 /bin/false &
+            [ $((i % 2)) = 0 ] || { sleep 0.005; kill -9 $!; } 2>/dev/null
+            wait
+            cat "$bundle/Info.plist" "$bundle/MacOS/$1" | grep -E '<string>[89]<|run /bin' | xargs
+        done | grep -e '8<.*false' -e '9<.*true'
+        register "$1" 8 /bin/true
+        ls -A Applications)";
+    // A process that is killed between two renames may leave the application without a script.
+    EXPECT_EQ(Script(std::string("{ ") + script + "\n} >left 2>errors", {kName}), 0);
+    EXPECT_EQ(folder_.Read("left"), std::string(kName) + "\n") << folder_.Read("errors");
+}
+
+TEST_F(RegisterFilesTest, ListIsSortedAndAlignedAndMarksWhatIsMissing) {
+    ASSERT_EQ(Script("rmdir Applications"), 0);
+    EXPECT_EQ(List(), "");
+    ASSERT_EQ(Script("cp /bin/true start"), 0);
+    ASSERT_EQ(Register(Call("Adobe InDesign 2021", "16")), 0);
+    ASSERT_EQ(Register({"--name=Adobe InDesign CS6", "--version=8.0.1", "./start", "-x"}), 0);
+    ASSERT_EQ(Script("rm start"), 0);
+    const std::string start = folder_ / "start";
+    EXPECT_EQ(List(), "Adobe InDesign CS6   8.0.1  " + start + " -x  (missing: " + start +
+                          ")\nAdobe InDesign 2021  16     /bin/true\n");
+    ASSERT_EQ(Script("rm -r Applications; echo >Applications"), 0);
+    EXPECT_EQ(Register({"--list"}), 1);
+    EXPECT_TRUE(Has("stderr", "Not a directory"));
+}
+
 }  // namespace
 }  // namespace dunvey::test

@@ -112,5 +112,26 @@ TEST_F(RegisterTest, DocumentsReachAWindowsProgramByWindowsPaths) {
     EXPECT_FALSE(Has("stderr", "it's"));
 }
 
+TEST_F(RegisterTest, ScriptTellsTheUserOfAMissingOrFailingCommand) {
+    const std::string tools = "PATH=\"$HOME/bin:$PATH\" DISPLAY=:0; export DISPLAY; ";
+    const std::string run = "exec \"$1\"";
+    folder_.MakeFolder("bin");
+    ASSERT_EQ(Script("cd bin; printf '#!/bin/sh\\necho \"${0##*/} $*\" >>~/told\\n' >notify-send; "
+                     "cp notify-send zenity; chmod +x *; cp zenity ../start"),
+              0);
+    // SIGINT ends the command, since it isn't ignored.
+    ASSERT_EQ(RegisterCommand(kName, "8", {"sh", "-c", "kill -INT $$; exit 3"}), 0);
+    EXPECT_EQ(Script(tools + run, {ScriptOf(kName)}), 130);
+    EXPECT_TRUE(Has("told", "notify-send -u critical"));
+    EXPECT_TRUE(Has("told", "exit code 130"));
+
+    // Without a session bus notify-send fails.
+    ASSERT_EQ(RegisterCommand(kName, "8", {"./start"}), 0);
+    ASSERT_EQ(Script("rm told start; echo 'exit 1' >>bin/notify-send"), 0);
+    EXPECT_EQ(Script(tools + run, {ScriptOf(kName)}), 127);
+    EXPECT_TRUE(Await([this] { return Has("told", "zenity --error"); }));
+    EXPECT_TRUE(Has("stderr", "start\" is missing"));
+}
+
 }  // namespace
 }  // namespace dunvey::test

@@ -92,11 +92,12 @@ class RealWorld : public ::testing::Test {
     }
     /// Runs a shell script in the home folder, with the words as its arguments; returns its exit
     /// code.
-    int Script(const std::string& script, const Words& words = {}) {
+    int Script(const std::string& script, const Words& words = {},
+               const Words& extraVariables = {}) {
         const std::string program = std::exchange(program_, "/bin/sh");
         Words all = {"-c", "cd \"$HOME\"; " + script, "script"};
         all.insert(all.end(), words.begin(), words.end());
-        const int code = Dunvey(all);
+        const int code = Dunvey(all, extraVariables);
         program_ = program;
         return code;
     }

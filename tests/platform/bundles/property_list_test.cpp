@@ -5,6 +5,7 @@
 #include <utility>
 #include <vector>
 
+#include "platform/text/encoding.h"
 #include "platform/text/text.h"
 #include "support/headers.h"
 
@@ -46,6 +47,19 @@ TEST(PropertyList, GivesTheTextUnderAKey) {
         {list + std::string(300 * 1024, ' '), "nil"}};
     for (const auto& [bytes, text] : cases)
         EXPECT_EQ(Look(bytes), text) << bytes.substr(0, 100);
+}
+
+TEST(PropertyList, ReadsXmlWithAByteOrderMarkAndInUtf16) {
+    const std::string xml = Xml("<dict><key>k</key><string>9 日</string></dict>");
+    EXPECT_EQ(Look("\xEF\xBB\xBF" + xml), "9 日");
+    const std::string little = ConvertEncoding({xml, Encodings::UTF8}, Encodings::UTF16).Bytes;
+    std::string big = little;
+    for (size_t i = 0; i < big.size(); i += 2)
+        std::swap(big[i], big[i + 1]);
+    for (const std::string& bytes : {little, big, "\xFF\xFE" + little, "\xFE\xFF" + big})
+        EXPECT_EQ(Look(bytes), "9 日");
+    for (const std::string& bytes : {"\xFE\xFF" + little, "\xFF\xFE" + big})
+        EXPECT_EQ(Look(bytes), "nil");
 }
 
 /// A binary list of these objects, each as hexadecimal text; the first one is on top.

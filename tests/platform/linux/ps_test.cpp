@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <map>
 
 #include "platform/linux/helper_test.h"
@@ -12,15 +13,15 @@ class PsTest : public HelperTest {
     PsTest() { setenv("HOME", In("home").c_str(), 1); }
 
     /// The lines of programs in the test's own tree.
-    Words OwnLines() const {
-        std::istringstream output(Run("ps", kAll).output);
+    Words OwnLines(const Preparation& prepare = {}) const {
+        std::istringstream output(Run("ps", kAll, prepare).output);
         Words lines;
         for (std::string line; std::getline(output, line);)
             if (line.starts_with(In(""))) lines.push_back(line);
         return lines;
     }
-    bool EventuallyShows(const Words& lines) const {
-        return Eventually([&] { return OwnLines() == lines; });
+    bool EventuallyShows(const Words& lines, const Preparation& prepare = {}) const {
+        return Eventually([&] { return OwnLines(prepare) == lines; });
     }
 };
 
@@ -97,12 +98,40 @@ TEST_F(PsTest, LooksNothingUpOutsideOfBundles) {
     EXPECT_EQ(folder_.Read("calls").find(document), std::string::npos);
 }
 
+TEST_F(PsTest, ShowsAnotherUsersProgramByItsFirstArgument) {
+    if (geteuid() != 0) GTEST_SKIP() << "only root can start another user's program";
+    const std::string program = MakeRecorder(MakeFolder("A.app/Contents/MacOS") + "/program");
+    ASSERT_EQ(chmod(In("").c_str(), 0755), 0);
+    Start({program});
+    Start({MakeRecorder(In("outside"))});
+    EXPECT_TRUE(EventuallyShows({program}, [] {
+        if (setgid(65'534) != 0 || setuid(65'534) != 0) _exit(97);
+    }));
+}
+
 TEST_F(PsTest, ShowsTheOldPathOfAReplacedProgramAndNoForgedLine) {
     const std::string replaced = MakeRecorder(In("replaced"));
     StartRecorder({replaced});
     ASSERT_EQ(rename(MakeRecorder(In("new")).c_str(), replaced.c_str()), 0);
     StartRecorder({MakeRecorder(MakeFolder("x\n") + "/usr\x1b\x7f")});
     EXPECT_EQ(OwnLines(), (Words{replaced, In("x?/usr??")}));
+}
+
+TEST_F(PsTest, FailsForOtherArgumentsAndAFailedWrite) {
+    for (const Words& words : {Words(), {"-ax", "-o", "pid"}, {"-ax", "-o", "comm", ""}})
+        Refused("ps", words, 2, "usage");
+    const Preparation toFullDevice = [] { dup2(open("/dev/full", O_WRONLY), STDOUT_FILENO); };
+    const Preparation toClosedPipe = [] {
+        int ends[2];
+        if (pipe(ends) != 0) _exit(97);
+        dup2(ends[1], STDOUT_FILENO);
+        close(ends[0]);
+    };
+    for (const Preparation& prepare : {toFullDevice, toClosedPipe}) {
+        const Finished ps = Run("ps", kAll, prepare);
+        EXPECT_EQ(ps.code, 1);
+        EXPECT_NE(ps.errors.find("can't be written"), std::string::npos);
+    }
 }
 
 }  // namespace

@@ -1,11 +1,12 @@
-#include <gtest/gtest.h>
-
 #include <QCheckBox>
+#include <QDialog>
 #include <QPushButton>
+#include <QTableView>
 
 #include "platform/pictures/contrast.h"
 #include "platform/qt/qt_style.h"
 #include "platform/qt/qt_text.h"
+#include "qt_test.h"
 
 namespace dunvey::test {
 namespace {
@@ -52,6 +53,89 @@ TEST(StyleTest, OutlinesAndDisabledTextsAreSeenOnDarkWindows) {
         EXPECT_GE(ContrastOf(faint, window), least);
         EXPECT_LT(ContrastOf(faint, window), ContrastOf(Qt::white, window) / 2)
             << "it still looks disabled";
+    }
+}
+
+TEST(StyleTest, TheDefaultButtonHasAThickOutlineInDarkAndHighContrastThemes) {
+    for (const auto& [window, text] : {std::pair<QColor, QColor>{kDark, Qt::white},
+                                       {Qt::black, Qt::white},
+                                       {Qt::white, Qt::black}}) {
+        QtStyle style;
+        QDialog dialog;
+        QPushButton button(&dialog);
+        button.setStyle(&style);
+        button.setPalette(ThemePalette(window, text));
+        button.resize(80, 24);
+        for (const bool isDefault : {true, false}) {
+            button.setDefault(isDefault);
+            EXPECT_EQ(button.grab().toImage().pixelColor(40, 1) == text, isDefault)
+                << window.name().toStdString();
+        }
+    }
+}
+
+TEST(StyleTest, LightWindowsStayAsTheyAre) {
+    QtStyle style;
+    for (const QColor& window : {QColor(0xEF, 0xEF, 0xEF), QColor(Qt::white)}) {
+        const QPalette palette = ThemePalette(window, Qt::black);
+        QPalette polished = palette;
+        style.polish(polished);
+        EXPECT_EQ(polished, palette);
+        EXPECT_FALSE(OutlineOn(palette).isValid());
+    }
+}
+
+class ThemeTest : public QtTest {
+ protected:
+    ~ThemeTest() override { QApplication::setPalette(before_); }
+    const QPalette before_ = QApplication::palette();
+};
+
+TEST_F(ThemeTest, EverythingCanBeReadUnderEveryTheme) {
+    constexpr QRgb kStripe = 0xFFF1F2F2, kLine = 0xFFD5D5D5, kHighlight = 0xFF3060C0;
+    struct Theme {
+        QColor window, text;
+        double least;
+        bool isGivenColourGood;
+    };
+    FilledChooser window(5);
+    window.AppList()->SetListIndex(2);
+    window.LabelMsg()->SetTextColor({0xFB0C43});
+    Open(window);
+    for (const Theme& theme :
+         {Theme{QColor(0xEF, 0xEF, 0xEF), Qt::black, 2.5, true},
+          Theme{QColor(0x20, 0x20, 0x22), Qt::white, 4.5, false},
+          Theme{QColor(0xE0, 0x20, 0x40), Qt::white, 4.5, false},
+          Theme{Qt::black, Qt::white, 4.5, true}, Theme{Qt::white, Qt::black, 4.5, false}}) {
+        SCOPED_TRACE(theme.window.name().toStdString());
+        QPalette palette = ThemePalette(theme.window, theme.text);
+        palette.setColor(QPalette::Highlight, QColor(kHighlight));
+        palette.setColor(QPalette::HighlightedText, Qt::white);
+        QApplication::setPalette(palette);
+        RunEvents();
+        const QColor warning = Find("LabelMsg").palette().color(QPalette::WindowText);
+        EXPECT_GE(ContrastOf(warning, theme.window), theme.least);
+        EXPECT_TRUE(!theme.isGivenColourGood || warning == QColor(0xFB0C43));
+        EXPECT_EQ(Find("LabelFileName").palette().color(QPalette::WindowText), theme.text);
+        auto& list = Find<QTableView>("AppList");
+        const QImage image = list.viewport()->grab().toImage();
+        const auto expect = [&image](int x, int y, QRgb color) {
+            EXPECT_EQ(image.pixelColor(x, y), QColor(color)) << x << "," << y;
+        };
+        const auto cell = [&list](int row, int column) {
+            return list.visualRect(list.model()->index(row, column));
+        };
+        const QRect stripe = cell(1, 0);
+        const int middle = stripe.center().y();
+        expect(stripe.right() - 5, middle, kStripe);
+        expect(stripe.right() - 5, stripe.top() - 10, 0xFFFFFFFF);
+        expect(stripe.right(), middle, kLine);
+        expect(stripe.right() - 5, stripe.bottom(), kLine);
+        expect(10, middle, 0xFFD05090);
+        // No line after the last column, and none in a selected row.
+        expect(cell(1, 2).right(), middle, kStripe);
+        expect(cell(2, 2).right() - 5, cell(2, 2).center().y(), kHighlight);
+        expect(cell(2, 2).left() - 1, cell(2, 2).center().y(), kHighlight);
     }
 }
 

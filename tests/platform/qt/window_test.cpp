@@ -8,6 +8,7 @@
 #include <QTableView>
 #include <QToolTip>
 
+#include "menus/localized.h"
 #include "platform/qt/qt_cells.h"
 #include "platform/qt/qt_list.h"
 #include "qt_test.h"
@@ -138,6 +139,7 @@ TEST_F(WindowTest, TextsAreShownAsTheyAreAndShortenedInTheMiddle) {
     EXPECT_EQ(label.text(), "<b>R&D</b>.indd");
     EXPECT_EQ(label.textFormat(), Qt::PlainText);
     EXPECT_EQ(TipOf("LabelFileName"), "") << "nothing is cut";
+    EXPECT_EQ(Find("LabelAppName").fontInfo().pixelSize(), 17);
     window_.LabelFileName()->SetText(std::string(250, 'x') + "<img src=y>.indd");
     RunEvents();
     EXPECT_TRUE(label.text().endsWith(".indd")) << "the middle is cut out";
@@ -159,6 +161,19 @@ TEST_F(WindowTest, AFreshWindowTakesInputThatIsNoAnswer) {
     EXPECT_EQ(list_.ListIndex(), 3);
     EXPECT_TRUE(window_.CheckBox2()->Value());
     EXPECT_EQ(log_, "");
+}
+
+TEST_F(WindowTest, NoJapaneseTextIsTooWide) {
+    window_.CheckBox1()->SetCaption(Localized::kAllowOpenHigherVersion("ja"));
+    window_.PushButton1()->SetCaption("CC 2019" + Localized::kCapOpenWith("ja"));
+    Open(window_);
+    for (const auto& text :
+         {Localized::kMassage_AnotherVerAppBooting, Localized::kMassage_SameVerAppNotInstalled,
+          Localized::kMassage_AppNotInstalled}) {
+        window_.LabelMsg()->SetText(text("ja"));
+        for (const char* name : {"LabelMsg", "CheckBox1", "PushButton1"})
+            EXPECT_EQ(TipOf(name), "") << Spoken(Find(name)).toStdString();
+    }
 }
 
 TEST_F(WindowTest, TheListScrollsOnlyWhereTheScreenIsTooSmall) {

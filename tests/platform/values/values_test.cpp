@@ -6,11 +6,64 @@
 #include <vector>
 
 #include "platform/values/array.h"
+#include "platform/values/collection.h"
 #include "platform/values/dictionary.h"
 #include "platform/values/memory_block.h"
 
 namespace dunvey {
 namespace {
+
+TEST(Array, IndexOfStartsAtTheGivenPosition) {
+    const std::vector<std::string> names = {"a", "b", "a"};
+    EXPECT_EQ(IndexOf(names, "a"), 0);
+    EXPECT_EQ(IndexOf(names, "a", 1), 2);
+    EXPECT_EQ(IndexOf(names, "A"), -1);
+    EXPECT_EQ(IndexOf(names, "a", 3), -1);
+    EXPECT_EQ(IndexOf(names, "b", -5), 1);
+    EXPECT_EQ(UpperBound(std::vector<int>()), -1);
+    EXPECT_EQ(At(names, 2), "a");
+    EXPECT_THROW(At(names, 3), OutOfBoundsException);
+    EXPECT_THROW(At(names, -1), OutOfBoundsException);
+}
+
+template <typename Call>
+std::string OriginOf(Call&& call) {
+    try {
+        call();
+    } catch (const RuntimeException& exception) {
+        return exception.Origin();
+    }
+    return "nothing was raised";
+}
+
+TEST(Exceptions, OriginIsTheCodeThatUsedTheIndexOrTheKey) {
+    const std::vector<int> array;
+    Dictionary dictionary;
+    Collection collection;
+    MemoryBlock block(uint64_t{1});
+    // Each call is on the line that its origin names.
+    const std::pair<std::string, int> origins[] = {
+        {OriginOf([&] { At(array, 0); }), __LINE__},
+        {OriginOf([&] { dictionary.Value("key"); }), __LINE__},
+        {OriginOf([&] { dictionary.Remove("key"); }), __LINE__},
+        {OriginOf([&] { dictionary.Key(0); }), __LINE__},
+        {OriginOf([&] { collection.Item(0); }), __LINE__},
+        {OriginOf([&] { collection.Item(1); }), __LINE__},
+        {OriginOf([&] { block.StringValue(1, 1); }), __LINE__},
+        {OriginOf([&] { block.SetStringValue(2, 0, ""); }), __LINE__},
+        {OriginOf([&] { block.SetSize(UINT64_MAX); }), __LINE__}};
+    for (const auto& [origin, line] : origins)
+        EXPECT_TRUE(origin.ends_with("values_test.cpp:" + std::to_string(line))) << origin;
+}
+
+TEST(Exceptions, OriginOfNilIsAnAddressInTheCodeThatUsedIt) {
+    const auto use = [] { *Ref<int>(); };
+    EXPECT_THROW(use(), NilObjectException);
+    const std::string origin = OriginOf(use);
+    EXPECT_TRUE(origin.starts_with("platform_tests+0x")) << origin;
+    EXPECT_EQ(origin, OriginOf(use));
+    EXPECT_NE(origin, OriginOf([] { *Ref<int>(); }));
+}
 
 TEST(Dictionary, TakesKeysOfAllTypes) {
     Dictionary dictionary;
@@ -66,6 +119,14 @@ TEST(Dictionary, ManyAdditionsAndRemovalsKeepKeysAndOrder) {
         EXPECT_EQ(dictionary.Count(), 0);
         EXPECT_FALSE(dictionary.HasKey("0"));
     }
+}
+
+TEST(Collection, CountsFromOne) {
+    Collection collection;
+    collection.Add("a");
+    EXPECT_EQ(collection.Count(), 1);
+    EXPECT_EQ(collection.Item(1).StringValue(), "a");
+    EXPECT_THROW(collection.Item(INT64_MIN), OutOfBoundsException);
 }
 
 TEST(MemoryBlock, ReadsAndWritesWithinItsBounds) {
