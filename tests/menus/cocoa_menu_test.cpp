@@ -96,5 +96,63 @@ TEST_F(NativeMenus, RedoAsksOnlyTheUndoManager) {
     EXPECT_FALSE(enabled(all, nullptr));
 }
 
+TEST_F(NativeMenus, ParentsAreFoundByIdentityAndNativeObjectsByTitle) {
+    bar_->Append(nullptr);
+    const Ref<MenuItem> undo = bar_->Find("EditUndo");
+    const Ref<MenuItem> edit = bar_->Find("EditMenu");
+    EXPECT_EQ(CocoaMenuItem::GetParentOf(edit), bar_);
+    EXPECT_EQ(CocoaMenuItem::GetParentOf(undo), edit);
+    for (const Ref<MenuItem>& none : {New<MenuItem>("EditUndo", "&Undo"), Ref<MenuItem>(bar_), {}})
+        EXPECT_FALSE(CocoaMenuItem::GetParentOf(none));
+    EXPECT_TRUE(CocoaMenuItem::GetNSMenu(bar_)->itemWithTitle("Edit"));
+    EXPECT_TRUE(CocoaMenuItem::MainMenu()->itemWithTitle("Help"));
+    const Ref<NSMenu> menu = CocoaMenuItem::GetNSMenu(edit);
+    EXPECT_TRUE(menu->itemWithTitle("Undo"));
+    EXPECT_FALSE(menu->itemWithTitle("&Undo"));
+    EXPECT_FALSE(menu->itemWithTitle("Close")) << "in another menu";
+    EXPECT_FALSE(CocoaMenuItem::GetNSMenu(undo)) << "not a menu";
+    EXPECT_FALSE(CocoaMenuItem::GetNSMenuItem(nullptr));
+    application_->SetMenuBar(nullptr);
+    EXPECT_FALSE(CocoaMenuItem::GetParentOf(undo));
+}
+
+/// An item that uses every event of a subclass.
+class FullItem final : public CocoaMenuItem {
+ public:
+    std::string Event_ActionSelectorName() override { return "full:"; }
+    int64_t Event_CocoaTag() override { return 7; }
+    bool Event_BeforeAction() override {
+        EXPECT_EQ(GetNSMenuItem(Self())->tag(), 7) << "the tag is set first";
+        return actsFirst;
+    }
+    using CocoaMenuItem::Event_EnableMenu;
+    void Event_EnableMenu(Responder* answering) override {
+        EXPECT_EQ(answering, fixed);
+        EXPECT_EQ(std::exchange(Enabled, true), fixed != nullptr);
+    }
+    Responder* Event_Target(const Ref<NSMenuItem>&) override { return fixed; }
+
+    bool actsFirst = false;
+    Responder* fixed = nullptr;
+};
+
+TEST_F(NativeMenus, ASubclassIsAskedAtEachStep) {
+    const Ref<FullItem> item = New<FullItem>();
+    item->Text = "F&ull";
+    bar_->Find("HelpMenu")->Append(item);
+    EXPECT_FALSE(Choose(item)) << "enabled by the subclass, but nobody takes it";
+    RecordingResponder target({"full:"});
+    window_.takes = {"full:"};
+    item->fixed = &target;
+    EXPECT_TRUE(Choose(item));
+    const Ref<NSMenuItem> native = CocoaMenuItem::GetNSMenuItem(item);
+    EXPECT_EQ(native->target(), &target);
+    EXPECT_EQ(native->action(), NSSelectorFromString("full:"));
+    item->actsFirst = true;
+    EXPECT_FALSE(Choose(item));
+    EXPECT_EQ(target.log, "full:(Full) ");
+    EXPECT_EQ(window_.log, "");
+}
+
 }  // namespace
 }  // namespace dunvey
