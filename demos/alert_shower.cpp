@@ -1,12 +1,14 @@
 // Shows one alert of the program on the screen, in the locale's language, until it is answered.
 // Argument: quit, icons or mixed.
 #include <string>
+#include <utility>
 
 #include "menus/general.h"
 #include "menus/localized.h"
 #include "platform/controls/message_dialog.h"
+#include "platform/loop/application.h"
+#include "platform/loop/event_loop.h"
 #include "platform/qt/qt_desktop.h"
-#include "support/log_application.h"
 
 using namespace dunvey;
 
@@ -36,16 +38,25 @@ void Show(const std::string& alert) {
     }
 }
 
+class AlertApplication final : public Application {
+ public:
+    explicit AlertApplication(std::string alert) : alert_(std::move(alert)) {}
+    void Event_Open() override {
+        Show(alert_);
+        Quit(0);
+    }
+    void Event_OpenDocument(const Ref<FolderItem>&) override {}
+
+ private:
+    const std::string alert_;
+};
+
 }  // namespace
 
 int main(int argc, char** argv) {
     EventLoop loop;
     Desktop::Install(std::make_unique<QtDesktop>());
-    const Ref<test::LogApplication> application = New<test::LogApplication>();
-    application->open = [&] {
-        Show(argc > 1 ? argv[1] : "");
-        Quit(0);
-    };
+    const Ref<AlertApplication> application = New<AlertApplication>(argc > 1 ? argv[1] : "");
     Application::Register(application);
     const int exitCode = loop.Run(*application);
     Desktop::Install(nullptr);
