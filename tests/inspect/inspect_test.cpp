@@ -73,10 +73,11 @@ TEST_F(InspectTest, SampleHeadersAreOpenedAsAnnounced) {
     for (const auto& [suffix, version] : kApplications)
         Install(suffix, version);
     Words documents;
-    for (const test::SampleHeader& sample : test::kSampleHeaders) {
-        const std::string name = "sample " + std::to_string(documents.size());
-        documents.push_back(
-            folder_.Write(name + "." + sample.extension, test::Bytes(sample.hexadecimal)));
+    // The first 48 bytes of real files, each behind its extension.
+    std::ifstream samples(DUNVEY_SAMPLE_HEADERS);
+    for (std::string extension, digits; samples >> extension >> digits;) {
+        const std::string name = "sample " + std::to_string(documents.size()) + "." + extension;
+        documents.push_back(folder_.Write(name, test::Bytes(digits)));
     }
     const Rows rows = Tabs(documents);
     Words found;
