@@ -157,6 +157,13 @@ TEST_F(ChooserRoad, AStartWithoutDocumentsWaitsForSome) {
     EXPECT_EQ(ExitCodeOf(program), 0);
     EXPECT_EQ(Starts(1), Words{"CS6: a.indd|"});
     EXPECT_EQ(access(preferences.c_str(), F_OK), 0) << "they are saved at the end";
+    for (const char* key : {"ctrl+w", "ctrl+q", "alt+F4"}) {
+        const pid_t closed = StartOn({});
+        AwaitWindow("Dunvey");
+        Key("Escape");
+        Key(key);
+        EXPECT_EQ(ExitCodeOf(closed), 0) << key;
+    }
 }
 
 TEST_F(ChooserRoad, BothKeysHeldAtTheStartRemoveThePreferences) {
@@ -218,19 +225,6 @@ TEST_F(ChooserRoad, WithoutItsXServerTheProgramFails) {
     AwaitChooser();
     screen_.BreakDown();
     EXPECT_EQ(ExitCodeOf(program), 1);
-}
-
-TEST_F(ChooserRoad, AQtPlatformThatCannotStartIsReplaced) {
-    for (const char* platform : {"wayland", "no-such-platform"}) {
-        const pid_t program =
-            StartOn({Document("plain.indd", 8), Document("missing.indd", 12)},
-                    {std::string("QT_QPA_PLATFORM=") + platform, "WAYLAND_DISPLAY=none"});
-        AwaitChooser();
-        Key("Escape");
-        EXPECT_EQ(ExitCodeOf(program), 0) << platform;
-        EXPECT_EQ(Starts(1).at(0), "CS6: plain.indd|") << platform;
-        EndAll();
-    }
 }
 
 }  // namespace

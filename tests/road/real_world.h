@@ -74,13 +74,6 @@ class RealWorld : public ::testing::Test {
         InstallList(suffix, version);
         std::filesystem::copy_file(DUNVEY_RECORDER, ExecutablePath(suffix));
     }
-    /// An application that is a script around the program, as a user may write one.
-    void InstallScript(const std::string& suffix, const std::string& version) {
-        InstallList(suffix, version);
-        folder_.Write(Bundle(suffix) + "/Contents/MacOS/Adobe InDesign " + suffix,
-                      "#!/bin/sh\n'" DUNVEY_RECORDER "' \"$@\"\n:\n");
-        chmod(ExecutablePath(suffix).c_str(), 0755);
-    }
 
     std::string Document(const std::string& name, int major, int minor = 0) {
         return folder_.Write(name, Header("DOCUMENT", major, minor));

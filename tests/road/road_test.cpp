@@ -18,31 +18,6 @@ class RoadTest : public test::RealWorld {
     }
 };
 
-TEST_F(RoadTest, FortyMixedDocumentsAreOneStartForEachVersion) {
-    Install("CS5.5", "7.5.3");
-    Install("CS6", "8.0.1");
-    Install("CC", "9.2.0");
-    Install("CC 2019", "14.0.1");
-    InstallScript("2021", "16.4.0");
-    const std::pair<int, int> kVersions[] = {{16, 0}, {8, 0}, {7, 5}, {14, 0}, {9, 0}};
-    Words words;
-    Words sent(5);
-    for (int i = 0; i < 40; ++i) {
-        const auto [major, minor] = kVersions[i * 7 % 5];
-        const std::string name = "document " + std::to_string(i) + ".indd";
-        words.push_back(Document(name, major, minor));
-        sent[i * 7 % 5] += name + "|";
-    }
-    EXPECT_EQ(Dunvey(words), 0);
-    // The script's program is what writes the last record, under its own name.
-    // Two applications may write their records in either order.
-    Words starts = Starts(5);
-    std::ranges::sort(starts);
-    EXPECT_EQ(starts, (Words{"CC 2019: " + sent[3], "CC: " + sent[4], "CS5.5: " + sent[2],
-                             "CS6: " + sent[1], "recorder: " + sent[0]}));
-    EXPECT_EQ(Errors(), "");
-}
-
 TEST_F(RoadTest, ReadableDocumentsAreOpenedAndAllElseIsRefusedWithALine) {
     Install("CS6", "8.0.1");
     Document("a b.indd", 8);
@@ -77,21 +52,6 @@ TEST_F(RoadTest, ReadableDocumentsAreOpenedAndAllElseIsRefusedWithALine) {
                      {"a b.indd", folder_ / "a b.indd"}),
               0);
     EXPECT_EQ(Starts(2), (Words{"CS6: a b.indd|-dash.indd|deep.indd|", "CS6: a b.indd|"}));
-}
-
-TEST_F(RoadTest, ARunningApplicationGetsItsDocumentsAndIsNotOpenedAgain) {
-    Install("CS6", "8.0.1");
-    InstallScript("CC", "9.2.0");
-    EXPECT_EQ(Dunvey({Document("a.indd", 8)}), 0);
-    EXPECT_EQ(Starts(1), Words{"CS6: a.indd|"}) << "the second command finds it running";
-    EXPECT_EQ(Dunvey({folder_ / "a.indd"}), 0);
-    EXPECT_EQ(Starts(2).size(), 2U);
-    // Dunvey would ask about a second version while one runs.
-    EndAll();
-    EXPECT_EQ(Dunvey({Document("b.indd", 9)}), 0);
-    EXPECT_EQ(Starts(3).size(), 3U) << "a script counts as running too";
-    EXPECT_EQ(Dunvey({folder_ / "b.indd"}), 0);
-    EXPECT_EQ(Starts(4).size(), 4U) << "one start each, though it runs";
 }
 
 TEST_F(RoadTest, HostileNamesArriveByteForByteAndNothingElseRuns) {
@@ -146,17 +106,6 @@ TEST_F(RoadTest, ItsOwnHelpersAreUsedWhereverTheBundleIs) {
     EXPECT_EQ(Dunvey({Document("a.indd", 8)}, {"PATH=" + folder_ / "bin:/usr/bin:/bin"}), 0);
     EXPECT_EQ(Starts(1), Words{"CS6: a.indd|"});
     EXPECT_NE(access((folder_ / "canary").c_str(), F_OK), 0);
-}
-
-TEST_F(RoadTest, ABrokenLibraryBelowQtKeepsNoOtherDocumentBack) {
-    Install("CS6", "8.0.1");
-    ASSERT_EQ(symlink(DUNVEY_EMPTY_LIBRARY, (folder_ / "libharfbuzz.so.0").c_str()), 0);
-    EXPECT_EQ(Dunvey({Document("asked.indd", 12), Document("a.indd", 8)},
-                     {"LD_LIBRARY_PATH=" + folder_.Path()}),
-              1);
-    EXPECT_EQ(Starts(1), Words{"CS6: a.indd|"});
-    EXPECT_NE(Errors().find("asked.indd\" isn't opened"), std::string::npos) << Errors();
-    EXPECT_NE(Errors().find("can't be loaded"), std::string::npos) << Errors();
 }
 
 TEST_F(RoadTest, WithoutDocumentsAndWithoutADisplayItSaysSo) {

@@ -1,1 +1,0 @@
-// A shared library without anything.
