@@ -37,8 +37,6 @@ class ScriptedDesktop final : public Desktop {
     /// The next window must have this title; the steps run one after the other, each as an event of
     /// its own, while the window is the one in front. It must have closed by the last one.
     void ExpectWindow(std::string title, std::vector<Step> steps);
-    /// Something that happens while the loop waits, in the order given, when nothing else is due.
-    void Later(std::function<void()> step) { steps_.push_back(std::move(step)); }
     /// Something that happens in a turn (RuntimeBackgroundTask): one for each turn, in the order
     /// given.
     void DuringTurn(std::function<void()> step) { turns_.push_back(std::move(step)); }
@@ -103,7 +101,6 @@ class ScriptedDesktop final : public Desktop {
     void CheckReach(const RectControl& control) const;
 
     std::deque<std::variant<ExpectedMessage, ExpectedWindow>> expected_;
-    std::deque<std::function<void()>> steps_;
     std::deque<std::function<void()>> turns_;
     std::list<Open> open_;
     std::vector<bool> left_;

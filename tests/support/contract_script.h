@@ -14,7 +14,7 @@
 #include "platform/controls/window.h"
 #include "platform/loop/event_loop.h"
 #include "platform/values/exceptions.h"
-#include "support/log_application.h"
+#include "support/application.h"
 
 /// One script of what a user does and what the program gets, run on each desktop. A test program
 /// includes this file once and defines MakeHands.

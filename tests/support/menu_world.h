@@ -4,8 +4,7 @@
 #include <string>
 
 #include "platform/menus/native_menu.h"
-#include "support/log_application.h"
-#include "support/user.h"
+#include "support/application.h"
 #include "support/world.h"
 
 namespace dunvey::test {

@@ -1,7 +1,7 @@
 #include "desktop/machine.h"
 #include "desktop/scripted_desktop.h"
+#include "support/application.h"
 #include "support/contract_script.h"
-#include "support/user.h"
 
 namespace dunvey::test {
 namespace {

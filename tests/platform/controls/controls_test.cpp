@@ -6,28 +6,18 @@
 #include "platform/controls/check_box.h"
 #include "platform/controls/label.h"
 #include "platform/controls/listbox.h"
-#include "support/user.h"
+#include "platform/controls/reg_ex_xojo.h"
+#include "platform/text/reg_ex.h"
+#include "platform/values/exceptions.h"
+#include "support/application.h"
+#include "support/world.h"
 
 namespace dunvey {
 namespace {
 
+using RegExXojo::Mach;
+using RegExXojo::Replace;
 using test::User;
-
-TEST(Controls, AnObservationEndsWithItsHandleOrItsControl) {
-    int calls = 0;
-    auto label = std::make_unique<Label>();
-    Observable::Observation handle = label->Observe([&] { ++calls; });
-    label->SetText("1");
-    label->SetText("1");
-    EXPECT_EQ(calls, 1) << "an equal value is no change";
-    handle = label->Observe([&] { handle = {}; });
-    label->SetText("2");
-    label->SetText("3");
-    handle = label->Observe([&] { ++calls; });
-    label.reset();
-    handle = {};
-    EXPECT_EQ(calls, 1);
-}
 
 TEST(Controls, IgnoreTheUserWhileTheyAreDisabled) {
     CheckBox box;
@@ -88,6 +78,65 @@ TEST(ListboxTest, TypedTextPrefersWholeNamesAndTheSelectedRow) {
         list.SetListIndex(selected);
         EXPECT_EQ(list.RowWithWord(text), row) << text << selected;
     }
+}
+
+class RegExXojoTest : public test::World {};
+
+TEST_F(RegExXojoTest, ReplacesTheFirstMatchOnly) {
+    EXPECT_EQ(Replace("a1b2", "([a-z])([0-9])", "\\2\\1", 0, true), "1ab2");
+    EXPECT_EQ(Replace("abc", "x", "y", 0, true), "abc");
+    EXPECT_EQ(Replace("ab", "(b)|(z)", "[\\2\\1\\9\\\\]", 0, true), "a[b\\]");
+    EXPECT_EQ(Replace("", "x", "y", 0, true), "");
+    EXPECT_EQ(Replace("abc", "", "y", 0, true), "abc");
+}
+
+TEST_F(RegExXojoTest, TakesLetterCaseAndStartFromTheCaller) {
+    EXPECT_TRUE(Mach("ABC", "abc", 0, false));
+    EXPECT_FALSE(Mach("ABC", "abc", 0, true));
+    EXPECT_TRUE(Mach("éaé", "^a|.", 1, true));
+    EXPECT_EQ(RegExXojo::reg->SearchStartPosition, 2) << "characters are converted to bytes";
+    EXPECT_EQ(Replace("aXaX", "X", "-", 2, true), "aXa-");
+    EXPECT_FALSE(Mach("abc", "a", 5, true));
+    EXPECT_TRUE(Mach("\xFF\xFE", "\xFE$", 0, true)) << "any bytes";
+    RegExXojo::reg = nullptr;
+    EXPECT_FALSE(Mach("", "x", 0, true) || Mach("x", "", 0, true));
+    EXPECT_FALSE(RegExXojo::reg) << "an empty text makes no object";
+}
+
+TEST_F(RegExXojoTest, ShowsAnAlertForAMetacharacterAloneAndForABrokenPattern) {
+    for (const char* pattern : {"^", "$", "\\b"}) {
+        user_->ExpectMessage("Metacharacters ^ $ \\b cannot be used alone.");
+        EXPECT_EQ(Replace("text", pattern, "x", 0, true), "text");
+    }
+    EXPECT_EQ(Replace("text", "^t", "T", 0, true), "Text");
+    EXPECT_TRUE(Mach("text", "^", 0, true)) << "matching has no such rule";
+    for (int i = 0; i < 2; ++i)
+        user_->ExpectMessage("RegEx error: \nmissing closing parenthesis");
+    EXPECT_EQ(Replace("text", "(", "x", 0, true), "");
+    EXPECT_FALSE(Mach("text", "(", 0, true));
+}
+
+TEST(RegEx, SearchesAndReplacesAllMatches) {
+    RegEx expression;
+    expression.SearchPattern = "b*";
+    expression.ReplacementPattern = "-";
+    expression.Options.ReplaceAllMatches = true;
+    EXPECT_EQ(expression.Replace("abba"), "-a--a-");
+    EXPECT_EQ(expression.Replace(""), "-");
+    expression.SearchPattern = "b+";
+    EXPECT_EQ(expression.Replace("abbabb"), "a-a-");
+    EXPECT_EQ(expression.Search("abba")->Start(), 1);
+}
+
+// Without limits the time would grow with the cube of the length.
+TEST(RegEx, AHostileTextEndsAsNoMatch) {
+    std::string line;
+    while (line.size() < 1'000'000)
+        line += "/Applications/Adobe InDesign ";
+    RegEx expression;
+    expression.Options.CaseSensitive = true;
+    expression.SearchPattern = "/Applications/Adobe InDesign .+?/Adobe InDesign .+?.app/[^/]+$";
+    EXPECT_FALSE(expression.Search(line));
 }
 
 }  // namespace

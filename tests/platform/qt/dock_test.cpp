@@ -76,21 +76,5 @@ TEST_F(DockOnScreenTest, ADropIsOneRunOfTheDocumentsInIt) {
     EXPECT_EQ(app_->log, "a.doc b.doc close ");
 }
 
-TEST_F(DockOnScreenTest, ClosingItEndsTheProgram) {
-    const auto escape = [] {
-        QTest::keyClick(ShownDock(), Qt::Key_Escape);
-        EXPECT_NE(ShownDock(), nullptr) << "Escape must not quit";
-    };
-    for (const Qt::Key key : {Qt::Key_W, Qt::Key_Q, Qt::Key_unknown}) {
-        const auto close = [key] {
-            if (key == Qt::Key_unknown) return void(ShownDock()->close());
-            QTest::keyClick(ShownDock(), key, Qt::ControlModifier);
-        };
-        EXPECT_EQ(Run(New<Taker>(0), {escape, close}), 0);
-        EXPECT_EQ(app_->log, "close ");
-        EXPECT_EQ(ShownDock(), nullptr);
-    }
-}
-
 }  // namespace
 }  // namespace dunvey::test

@@ -96,25 +96,6 @@ TEST_F(QtDesktopTest, TheBoxShowsWhatTheDialogSays) {
     dialog.ShowModal();
 }
 
-TEST_F(QtDesktopTest, DocumentsAndTimersAreServedInsideADialog) {
-    class Closer final : public Timer {
-        void Event_Action() override { QTest::keyClick(Box(), Qt::Key_Return); }
-    } closer;
-    closer.SetPeriod(20);
-    loop_.PostOpenDocument(New<FolderItem>("/ask"));
-    AtBox([&] {
-        loop_.PostOpenDocument(New<FolderItem>("/late"));
-        closer.SetMode(Timer::kOnce);
-    });
-    app_->ask = [&] {
-        MsgBox("wait");
-        app_->log += "answered ";
-        Quit(4);
-    };
-    EXPECT_EQ(loop_.Run(*app_), 4);
-    EXPECT_EQ(app_->log, "ask late answered close ");
-}
-
 TEST_F(QtDesktopTest, TheDesktopsQuitRequestEndsADialogAndTheProgram) {
     app_->open = [this] {
         AtBox([] { QCoreApplication::postEvent(qApp, new QEvent(QEvent::Quit)); });

@@ -12,7 +12,7 @@
 #include "chooser/window1.h"
 #include "platform/loop/event_loop.h"
 #include "platform/qt/qt_window.h"
-#include "support/log_application.h"
+#include "support/application.h"
 #include "version/installed_apps.h"
 
 namespace dunvey::test {

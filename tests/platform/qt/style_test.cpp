@@ -56,35 +56,6 @@ TEST(StyleTest, OutlinesAndDisabledTextsAreSeenOnDarkWindows) {
     }
 }
 
-TEST(StyleTest, TheDefaultButtonHasAThickOutlineInDarkAndHighContrastThemes) {
-    for (const auto& [window, text] : {std::pair<QColor, QColor>{kDark, Qt::white},
-                                       {Qt::black, Qt::white},
-                                       {Qt::white, Qt::black}}) {
-        QtStyle style;
-        QDialog dialog;
-        QPushButton button(&dialog);
-        button.setStyle(&style);
-        button.setPalette(ThemePalette(window, text));
-        button.resize(80, 24);
-        for (const bool isDefault : {true, false}) {
-            button.setDefault(isDefault);
-            EXPECT_EQ(button.grab().toImage().pixelColor(40, 1) == text, isDefault)
-                << window.name().toStdString();
-        }
-    }
-}
-
-TEST(StyleTest, LightWindowsStayAsTheyAre) {
-    QtStyle style;
-    for (const QColor& window : {QColor(0xEF, 0xEF, 0xEF), QColor(Qt::white)}) {
-        const QPalette palette = ThemePalette(window, Qt::black);
-        QPalette polished = palette;
-        style.polish(polished);
-        EXPECT_EQ(polished, palette);
-        EXPECT_FALSE(OutlineOn(palette).isValid());
-    }
-}
-
 class ThemeTest : public QtTest {
  protected:
     ~ThemeTest() override { QApplication::setPalette(before_); }

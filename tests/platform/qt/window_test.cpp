@@ -235,23 +235,5 @@ TEST_F(WindowTest, TheListPaintsNoBackgroundWhereTheCellsOwnerDid) {
     }
 }
 
-TEST_F(WindowTest, AWindowThatIsNotModalMayCloseInItsOwnHandler) {
-    const auto window = New<FilledChooser>(1);
-    window->PushButton1()->SetEnabled(true);
-    window->PushButton1()->Action = [&](PushButton&) {
-        window->Close();
-        // Must not delete the widget, which is still in its own event.
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    };
-    Open(*window);
-    const WindowWidget* widget = &Shown();
-    EXPECT_EQ(widget->windowModality(), Qt::NonModal);
-    window->Show();
-    EXPECT_EQ(&Shown(), widget) << "it is raised, not shown twice";
-    QTest::mouseClick(&Find("PushButton1"), Qt::LeftButton);
-    EXPECT_TRUE(window->IsClosed());
-    EXPECT_EQ(WindowWidget::Of(window.Get()), nullptr);
-}
-
 }  // namespace
 }  // namespace dunvey::test

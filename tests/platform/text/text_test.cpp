@@ -2,7 +2,13 @@
 
 #include <gtest/gtest.h>
 
+#include <clocale>
+#include <cstdlib>
+#include <random>
+#include <utility>
+
 #include "platform/text/encoding.h"
+#include "platform/text/number_text.h"
 #include "platform/text/shown_text.h"
 
 namespace dunvey {
@@ -48,23 +54,6 @@ TEST(Text, SplitsAndReplaces) {
     EXPECT_EQ(ReplaceAll("a", "", "b"), "a");
 }
 
-TEST(Text, CodePointsBecomeUtf8) {
-    const std::pair<uint32_t, std::string> cases[] = {
-        {0, {'\0'}},    {0x41, "A"},        {0xE9, "é"},         {0x65E5, "日"},
-        {0x1F600, "😀"}, {0xD83D, "\uFFFD"}, {0x110000, "\uFFFD"}};
-    for (const auto& [code, text] : cases)
-        EXPECT_EQ(Chr(code), text);
-}
-
-TEST(Text, HexadecimalDigitsBecomeBytes) {
-    EXPECT_EQ(EncodeHex("\x06\xED", true), "06 ED");
-    EXPECT_EQ(DecodeHex("4x-A4b5"), "JK") << "other characters are skipped";
-    for (int byte = 0; byte < 256; ++byte) {
-        const std::string text(1, static_cast<char>(byte));
-        EXPECT_EQ(DecodeHex(EncodeHex(text)), text);
-    }
-}
-
 TEST(Encoding, ConvertsCharacterByCharacter) {
     using enum TextEncoding;
     const std::pair<EncodedText, EncodedText> cases[] = {
@@ -95,6 +84,47 @@ TEST(ShownText, OneLineReplacesControlCharactersAndInvisibleMarks) {
         EXPECT_EQ(OneLine(text), line);
     for (const char* kept : {"\u2027\u202F\u2065", "\xE2\x80", "\xC2", "日本語 שלום"})
         EXPECT_EQ(OneLine(kept), kept);
+}
+
+TEST(NumberText, ReadsTheNumberAtTheBeginning) {
+    const std::pair<double, const char*> numbers[] = {
+        {8.1, "8.1.0"}, {12, "  12abc"}, {-3, "-3"},   {4.5, "+4.5x"}, {.5, ".5"},  {1000, "1e3"},
+        {1, "1e"},      {2, "2e+"},      {0, ""},      {0, "x"},       {0, "-"},    {0, "nan"},
+        {0, "inf"},     {0, "0x10"},     {13, "&h0d"}, {255, "&hFF."}, {0, "&hzz"}, {2, "2.0.?"},
+        {1, "1,5"},     {1, "&h1G"},     {0, "."},     {100, "1.e2"},  {9, "\t9"}};
+    for (const auto& [number, text] : numbers)
+        EXPECT_EQ(Val(text), number) << text;
+    EXPECT_EQ(Val("9999999999999999999999"), 1e22);
+}
+
+TEST(NumberText, APatternRoundsToItsPlaces) {
+    const char* const usual = "-0.0##############";
+    const std::tuple<const char*, double, const char*> cases[] = {
+        {usual, 2.5, "2.5"},
+        {usual, -0.25, "-0.25"},
+        {usual, -0.0, "0.0"},
+        {usual, 0.1 + 0.2, "0.3"},
+        {usual, -1e-20, "0.0"},
+        {usual, 1e22, "10000000000000000000000.0"},
+        {"#.##", 0.25, ".25"},
+        {"#.##", 3, "3"},
+        {"-$0.00 mm", -3.5, "-$3.50 mm"}};
+    for (const auto& [pattern, number, text] : cases)
+        EXPECT_EQ(Str(number, pattern), text) << pattern;
+    // A half goes to the even digit. The doubles of 0.15, 0.35 and 0.45 are no halves.
+    const std::pair<double, const char*> tenths[] = {
+        {9.99, "10.0"}, {0.96, "1.0"}, {0.06, "0.1"}, {0.04, "0.0"}, {0.15, "0.1"},
+        {0.25, "0.2"},  {0.35, "0.3"}, {0.45, "0.5"}, {0.75, "0.8"}, {-1.5, "1.5"}};
+    for (const auto& [number, text] : tenths)
+        EXPECT_EQ(Str(number, "0.0"), text);
+}
+
+TEST(NumberText, PlainTextIsTheShortestThatReadsBack) {
+    for (const char* text : {"100", "-2.5", "0.1", "1.2e-06", "1e+16", "1.5e+300",
+                             "4.94065645841247e-324", "0.30000000000000004", "100000000000000",
+                             "1.2345678901234568e-05", "-1.7976931348623157e+308"})
+        EXPECT_EQ(Str(std::strtod(text, nullptr)), text);
+    EXPECT_EQ(Str(NAN), "NaN");
 }
 
 }  // namespace

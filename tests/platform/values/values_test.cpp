@@ -1,14 +1,19 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cmath>
 #include <map>
 #include <random>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "platform/values/array.h"
 #include "platform/values/collection.h"
 #include "platform/values/dictionary.h"
+#include "platform/values/exceptions.h"
 #include "platform/values/memory_block.h"
+#include "platform/values/variant.h"
 
 namespace dunvey {
 namespace {
@@ -92,43 +97,6 @@ TEST(Dictionary, TakesKeysOfAllTypes) {
     }
 }
 
-TEST(Dictionary, ManyAdditionsAndRemovalsKeepKeysAndOrder) {
-    std::mt19937 random(5);
-    for (const unsigned range : {3U, 30U, 300U}) {
-        Dictionary dictionary;
-        std::vector<std::string> keys;
-        std::map<std::string, int> values;
-        for (int step = 0; step < 5000; ++step) {
-            const std::string key = std::to_string(random() % range);
-            ASSERT_EQ(dictionary.HasKey(key), values.contains(key));
-            if (values.contains(key) && random() % 2 == 0) {
-                dictionary.Remove(key);
-                values.erase(key);
-                std::erase(keys, key);
-                continue;
-            }
-            dictionary.SetValue(key, step);
-            if (values.insert_or_assign(key, step).second) keys.push_back(key);
-        }
-        ASSERT_EQ(dictionary.Count(), UpperBound(keys) + 1);
-        for (int64_t i = 0; i < dictionary.Count(); ++i) {
-            EXPECT_EQ(dictionary.Key(i).StringValue(), At(keys, i));
-            EXPECT_EQ(dictionary.Value(At(keys, i)).Int32Value(), values[At(keys, i)]);
-        }
-        dictionary.Clear();
-        EXPECT_EQ(dictionary.Count(), 0);
-        EXPECT_FALSE(dictionary.HasKey("0"));
-    }
-}
-
-TEST(Collection, CountsFromOne) {
-    Collection collection;
-    collection.Add("a");
-    EXPECT_EQ(collection.Count(), 1);
-    EXPECT_EQ(collection.Item(1).StringValue(), "a");
-    EXPECT_THROW(collection.Item(INT64_MIN), OutOfBoundsException);
-}
-
 TEST(MemoryBlock, ReadsAndWritesWithinItsBounds) {
     MemoryBlock block(uint64_t{4});
     EXPECT_EQ(block.StringValue(0, 4), std::string(4, '\0'));
@@ -145,6 +113,71 @@ TEST(MemoryBlock, ReadsAndWritesWithinItsBounds) {
     EXPECT_THROW(block.SetStringValue(3, 4, ""), OutOfBoundsException);
     EXPECT_THROW(block.SetSize((1 << 28) + 1), OutOfMemoryException);
     EXPECT_EQ(block.Size(), 6u);
+}
+
+TEST(Variant, ConvertsBetweenTheTypes) {
+    const std::tuple<Variant, int, bool, int64_t, double, std::string> cases[] = {
+        {Variant(), 0, false, 0, 0, ""},
+        {true, 11, true, 1, 1, "True"},
+        {false, 11, false, 0, 0, "False"},
+        {-7, 2, true, -7, -7, "-7"},
+        {0.5f, 4, true, 0, 0.5, "0.5"},
+        {-2.75, 5, true, -2, -2.75, "-2.75"},
+        {100.0, 5, true, 100, 100, "100"},
+        {-0.0, 5, false, 0, 0, "0"},
+        {"", 8, false, 0, 0, ""},
+        {"TrUe", 8, true, 0, 0, "TrUe"},
+        {"truely", 8, false, 0, 0, "truely"},
+        {"&h1F", 8, true, 31, 31, "&h1F"},
+        {"0.0", 8, false, 0, 0, "0.0"},
+        {" 12.5 mm", 8, true, 12, 12.5, " 12.5 mm"},
+        {int64_t{5000000000}, 3, true, 5000000000, 5e9, "5000000000"},
+        {int64_t{-5000000000}, 3, true, -5000000000, -5e9, "-5000000000"},
+        {1e30, 5, true, INT64_MAX, 1e30, "1e+30"},
+        {-HUGE_VAL, 5, true, INT64_MIN, -HUGE_VAL, "-Infinity"},
+        {"99999999999999999999", 8, true, INT64_MAX, 1e20, "99999999999999999999"},
+        {Variant(std::string("1\0\x35\0", 4), Encodings::UTF16), 8, true, 15, 15, "15"},
+    };
+    for (const auto& [value, type, boolean, whole, number, text] : cases) {
+        EXPECT_EQ(value.VarType(), type) << text;
+        EXPECT_EQ(value.BooleanValue(), boolean) << text;
+        EXPECT_EQ(value.Int32Value(), std::clamp<int64_t>(whole, INT32_MIN, INT32_MAX)) << text;
+        EXPECT_EQ(value.Int64Value(), whole) << text;
+        EXPECT_EQ(value.DoubleValue(), number) << text;
+        EXPECT_EQ(value.SingleValue(), static_cast<float>(number)) << text;
+        EXPECT_EQ(value.StringValue(), text);
+    }
+    EXPECT_EQ(Variant(NAN).Int64Value(), 0);
+}
+
+TEST(Variant, RefusesWhatItCanNotConvert) {
+    const Variant object(New<Object>());
+    const Variant array(std::vector<int32_t>{1});
+    for (const Variant& value : {object, array, Variant(Date{}), Variant(Color{})}) {
+        EXPECT_THROW(value.BooleanValue(), TypeMismatchException);
+        EXPECT_THROW(value.Int64Value(), TypeMismatchException);
+    }
+    for (const Variant& value : {object, array})
+        EXPECT_THROW(value.StringValue(), TypeMismatchException);
+    for (const Variant& value : {array, Variant(1)})
+        EXPECT_THROW(value.ObjectValue(), TypeMismatchException);
+    EXPECT_THROW(Variant(1).ArrayElements(), TypeMismatchException);
+    EXPECT_FALSE(Variant().ObjectValue());
+    EXPECT_EQ(Variant(Date{951782400}).StringValue(), "2000-02-29 00:00:00");
+    EXPECT_EQ(Variant(Date{INT64_MAX}).StringValue(), "9223372036854775807");
+    EXPECT_EQ(Variant(Color{0x00FF}).StringValue(), "&h0000FF");
+}
+
+TEST(Variant, NumbersAreEqualByValue) {
+    constexpr int64_t kOdd = 9007199254740993;
+    const std::pair<Variant, Variant> same[] = {
+        {1, 1.0}, {int64_t{1}, 1.0f}, {Variant(), Ref<Object>()}};
+    const std::pair<Variant, Variant> others[] = {
+        {kOdd, kOdd - 1}, {NAN, NAN}, {1, true}, {1, "1"}, {0, Variant()}};
+    for (const auto& [left, right] : same)
+        EXPECT_TRUE(left == right) << left.StringValue();
+    for (const auto& [left, right] : others)
+        EXPECT_FALSE(left == right) << left.StringValue();
 }
 
 }  // namespace

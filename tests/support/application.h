@@ -4,8 +4,15 @@
 #include <string>
 
 #include "platform/loop/application.h"
+#include "platform/loop/desktop.h"
 
 namespace dunvey::test {
+
+/// Gives the key that only a desktop can make: `User::ByUser()`.
+class User : public Desktop {
+ public:
+    using Desktop::ByUser;
+};
 
 /// An application that logs its events.
 class LogApplication : public Application {

@@ -1,8 +1,17 @@
-#include "menus/cocoa_menu.h"
+#include <gtest/gtest.h>
+#include <sys/stat.h>
 
+#include "menus/cocoa_menu.h"
+#include "menus/general.h"
+#include "menus/localized.h"
 #include "menus/main_menu_bar.h"
+#include "platform/controls/message_dialog.h"
 #include "platform/controls/responder_chain.h"
+#include "platform/controls/window.h"
+#include "platform/files/folder_item.h"
 #include "support/menu_world.h"
+#include "support/temporary_folder.h"
+#include "support/world.h"
 
 namespace dunvey {
 namespace {
@@ -152,6 +161,141 @@ TEST_F(NativeMenus, ASubclassIsAskedAtEachStep) {
     EXPECT_FALSE(Choose(item));
     EXPECT_EQ(target.log, "full:(Full) ");
     EXPECT_EQ(window_.log, "");
+}
+
+class WindowCommands : public test::MenuWorld {
+ protected:
+    WindowCommands() { application_->SetMenuBar(bar_); }
+
+    /// The window's commands that are enabled, by their first letters: Close, Minimize, Zoom.
+    std::string Enabled() const {
+        std::string letters;
+        for (const Ref<MenuItem>& menu : bar_->Items())
+            menu->Validate();
+        for (const char* name : {"FileClose", "WindowMinimize", "WindowZoom"})
+            if (bar_->Find(name)->Enabled) letters += bar_->Find(name)->Text[0];
+        return letters;
+    }
+    bool Choose(const char* name) const { return MenuWorld::Choose(bar_->Find(name)); }
+    Ref<Window> Shown() {
+        const Ref<Window> window = New<Window>(Size{200, 100});
+        user_->ExpectWindow("", {});
+        window->Show();
+        return window;
+    }
+
+    const Ref<MenuBar> bar_ = New<MainMenuBar>();
+};
+
+TEST_F(WindowCommands, FollowTheTitleBarButtonsExceptClose) {
+    Window window({200, 100});
+    window.CloseButton = window.MinimizeButton = false;
+    EXPECT_EQ(Enabled(), "");
+    user_->ExpectWindow("", {[&](Window&) {
+                            EXPECT_EQ(Enabled(), "C") << "also without a close button";
+                            window.MinimizeButton = window.MaximizeButton = true;
+                            EXPECT_EQ(Enabled(), "CMZ");
+                            EXPECT_TRUE(Choose("FileClose"));
+                            EXPECT_EQ(Enabled(), "") << "closed, but not yet destroyed";
+                            EXPECT_FALSE(Choose("FileClose"));
+                        }});
+    window.ShowModal();
+}
+
+TEST_F(WindowCommands, GoToTheFrontWindowUnlessADialogIsOpen) {
+    const Ref<Window> below = Shown();
+    const Ref<Window> above = Shown();
+    user_->ExpectMessage("asked", {}, [&](const MessageDialog&) {
+        below->Show();
+        EXPECT_EQ(Enabled(), "") << "the dialog stays in front";
+        EXPECT_FALSE(Choose("FileClose"));
+        EXPECT_TRUE(Choose("WindowBringAlltoFront"));
+    });
+    MsgBox("asked");
+    below->Show();
+    EXPECT_TRUE(Choose("FileClose"));
+    EXPECT_TRUE(below->IsClosed());
+    EXPECT_FALSE(above->IsClosed());
+    EXPECT_TRUE(Choose("FileClose"));
+    EXPECT_TRUE(above->IsClosed());
+    EXPECT_FALSE(Choose("FileClose"));
+}
+
+TEST_F(WindowCommands, AShownWindowLivesUntilItIsClosedOrTheDesktopIsRemoved) {
+    const std::weak_ptr<Window> closed = Shown().Shared();
+    EXPECT_FALSE(closed.expired());
+    EXPECT_TRUE(Choose("FileClose"));
+    EXPECT_TRUE(closed.expired());
+    const std::weak_ptr<Window> left = Shown().Shared();
+    Desktop::Install(nullptr);
+    EXPECT_TRUE(left.expired());
+    EXPECT_EQ(Enabled(), "");
+    InstallDesktop();
+}
+
+class LocalizedTexts : public test::World {};
+
+TEST_F(LocalizedTexts, AnExplicitLanguageSelectsTheTableAndTheWordOrder) {
+    EXPECT_EQ(Localized::kLang("ja") + LocalizedMenu::kLocal("ja"), "jaja");
+    EXPECT_EQ(Localized::kLang("fr") + LocalizedMenu::kLocal(""), "enen");
+    EXPECT_EQ(Localized::kCapOpenWith(""), "Open with ");
+}
+
+TEST_F(LocalizedTexts, TheLocaleSelectsTheLanguage) {
+    // LC_ALL, LC_MESSAGES, LANG and LANGUAGE.
+    const std::pair<std::array<const char*, 4>, bool> kRows[] = {
+        {{"ja_JP.UTF-8", "", "", ""}, true},
+        {{"ja", "", "", ""}, true},
+        {{"ja_JP.eucJP@x", "", "", ""}, true},
+        {{"en_US.UTF-8", "", "", ""}, false},
+        {{"C", "", "", ""}, false},
+        {{"jam", "", "", ""}, false},
+        {{"../ja", "", "", ""}, false},
+        {{"", "ja_JP.UTF-8", "en_US.UTF-8", ""}, true},
+        {{"", "", "en_US.UTF-8", ""}, false},
+        {{"", "", "en_US.UTF-8", "ja:en"}, true},
+        {{"", "", "en_US.UTF-8", "de:ja_JP.UTF-8"}, true},
+        {{"", "", "en_US.UTF-8", "en_GB:ja"}, false},
+        {{"", "", "en_US.UTF-8", "de"}, false},
+        {{"", "", "C.UTF-8", "ja"}, false}};  // the C locale ignores LANGUAGE
+    const char* const kNames[] = {"LC_ALL", "LC_MESSAGES", "LANG", "LANGUAGE"};
+    for (const auto& [values, isJapanese] : kRows) {
+        for (size_t i = 0; i < values.size(); ++i)
+            setenv(kNames[i], values[i], 1);
+        EXPECT_EQ(Localized::kQuit(""), isJapanese ? "終了" : "Quit")
+            << ::testing::PrintToString(values);
+    }
+    for (const char* name : kNames)
+        unsetenv(name);
+}
+
+class CopyFileOrFolder : public ::testing::Test {
+ protected:
+    bool Copy(const std::string& source, const std::string& destination) {
+        return General::CopyFileOrFolder(New<FolderItem>(folder_ / source),
+                                         New<FolderItem>(folder_ / destination));
+    }
+    test::TemporaryFolder folder_;
+};
+
+TEST_F(CopyFileOrFolder, CopiesAFolderIntoTheDestinationUntilTheFirstFailure) {
+    for (const char* name : {"from/sub/empty", "to", "stopped"})
+        folder_.MakeFolder(name);
+    for (const char* name : {"from/a", "from/sub/b", "from/z"})
+        folder_.Write(name, name);
+    EXPECT_TRUE(Copy("from", "to"));
+    for (const char* name : {"from/a", "from/sub/b", "from/z"})
+        EXPECT_EQ(folder_.Read(std::string("to/") + name), name);
+    EXPECT_TRUE(FolderItem(folder_ / "to/from/sub/empty").Directory());
+    EXPECT_FALSE(Copy("from", "to")) << "the first file exists";
+    EXPECT_FALSE(Copy("from", "missing"));
+    EXPECT_FALSE(Copy("from", "from/a")) << "the destination is a file";
+    folder_.Write("to/sub", "a file instead of the folder");
+    EXPECT_FALSE(Copy("from/sub", "to"));
+    ASSERT_EQ(mkfifo((folder_ / "from/m").c_str(), 0600), 0);
+    EXPECT_FALSE(Copy("from", "stopped"));
+    EXPECT_EQ(folder_.Read("stopped/from/a"), "from/a");
+    EXPECT_FALSE(FolderItem(folder_ / "stopped/from/z").Exists());
 }
 
 }  // namespace
