@@ -6,9 +6,13 @@
 
 #include <fstream>
 
+#include "desktop/scripted_desktop.h"
+#include "icons/icon.h"
 #include "persistence/preferences.h"
+#include "platform/pictures/native_image.h"
 #include "support/own_resources.h"
 #include "support/stand_in_pkexec.h"
+#include "support/temporary_folder.h"
 #include "support/world.h"
 #include "version/installed_apps.h"
 
@@ -138,6 +142,35 @@ TEST_F(IconImport, AFolderIsRefusedWithAnAlertAndALinkIsFollowed) {
     InDesign::GetIconFile();
     EXPECT_EQ(resources_.Icons(), "ID_Document_Icon.icns of 9.2ID_Document_Icon.icns of 9.2");
     EXPECT_EQ(Preferences::pIconVersion, "9.2");
+}
+
+/// Expects the image's bitmaps in two resolutions.
+void ExpectTwoResolutions(const Ref<Picture>& picture, const Ref<NSImage>& image, int64_t size) {
+    EXPECT_EQ(picture->Width(), size);
+    EXPECT_EQ(picture->Height(), size);
+    for (const auto& [scale, side] :
+         {std::pair{1.0, size}, {1.25, size * 2}, {2.0, size * 2}, {3.0, size * 2}}) {
+        const Bitmap& bitmap = picture->PixelsFor(scale);
+        EXPECT_EQ(bitmap.Width, side);
+        EXPECT_EQ(bitmap.Height, side);
+        EXPECT_EQ(bitmap.Pixels, image->CGImageForProposedRect({0, 0, side, side}).Pixels);
+    }
+}
+
+TEST(Icon, HasTwoResolutionsAndIsNilForAMissingFile) {
+    Desktop::Install(std::make_unique<headless::ScriptedDesktop>());
+    Desktop& desktop = Desktop::Current();
+    const test::TemporaryFolder folder;
+    const std::string path = folder.Write("a.indd", "x");
+    const auto item = New<FolderItem>(path);
+    for (const int64_t size : {1, 16, 128})
+        ExpectTwoResolutions(Icon::Get(item, size), desktop.IconForFile(path), size);
+    ExpectTwoResolutions(Icon::GetForFileType("indd", 32), desktop.IconForFileType("indd"), 32);
+    ExpectTwoResolutions(Icon::GetAlertCaution(16), desktop.IconForFileType("'caut'"), 16);
+    EXPECT_FALSE(Icon::Get(nullptr, 16));
+    unlink(path.c_str());
+    EXPECT_FALSE(Icon::Get(item, 16));
+    Desktop::Install(nullptr);
 }
 
 }  // namespace

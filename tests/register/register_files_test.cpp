@@ -154,13 +154,6 @@ TEST_F(RegisterFilesTest, FilesThatTheUserChangedStay) {
     EXPECT_EQ(folder_.Read(icon), "mine");
     EXPECT_TRUE(folder_.Read(script).ends_with("# mine\n"));
     EXPECT_EQ(folder_.Read(BundleOf(kName) + "/Contents/Info.plist"), "");
-
-    ASSERT_EQ(Script("rm -r Applications/*"), 0);
-    ASSERT_EQ(RegisterOne(), 0);
-    folder_.Write(script, "#mine");
-    EXPECT_EQ(RegisterOne({"--force"}), 0);
-    EXPECT_EQ(Register({"--remove", kName}), 0);
-    EXPECT_EQ(Tree(), "Applications\n");
 }
 
 TEST_F(RegisterFilesTest, QuestionableVersionsNeedForce) {
