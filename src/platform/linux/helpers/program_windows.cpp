@@ -159,8 +159,8 @@ class Server {
         std::vector<xcb_res_query_client_ids_cookie_t> clients;
         std::vector<xcb_get_property_cookie_t> names;
         for (const xcb_window_t window : windows) {
-            const xcb_res_client_id_spec_t spec{window, XCB_RES_CLIENT_ID_MASK_LOCAL_CLIENT_PID};
-            if (knowsClients) clients.push_back(xcb_res_query_client_ids(connection_, 1, &spec));
+            const xcb_res_client_id_spec_t wanted{window, XCB_RES_CLIENT_ID_MASK_LOCAL_CLIENT_PID};
+            if (knowsClients) clients.push_back(xcb_res_query_client_ids(connection_, 1, &wanted));
             names.push_back(Request(window, "_NET_WM_PID"));
         }
         std::vector<Owner> owners;
