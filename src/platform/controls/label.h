@@ -10,7 +10,7 @@ namespace dunvey {
 /// A line of text that can't be edited or selected.
 class Label : public RectControl {
  public:
-    enum : int { kAlignLeft = 0, kAlignCentre = 1, kAlignRight = 2 };
+    enum : int { kAlignLeft = 0, kAlignCentre = 1 };
 
     const std::string& Text() const { return text_; }
     void SetText(const std::string& text) { Put(text_, text); }

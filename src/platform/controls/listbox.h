@@ -19,7 +19,7 @@ namespace dunvey {
 class Listbox : public RectControl {
  public:
     enum : int { kSortNone = 0, kSortAscending = 1 };
-    enum : int { kAlignDefault = 0, kAlignLeft = 1, kAlignCentre = 2, kAlignRight = 3 };
+    enum : int { kAlignDefault = 0, kAlignCentre = 2 };
 
     /// The name for screen readers.
     const std::string& SpokenName() const { return spokenName_; }

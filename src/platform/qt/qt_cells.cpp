@@ -14,11 +14,6 @@ namespace {
 
 constexpr int kMargin = 5;
 
-Qt::Alignment AlignmentOf(int alignment) {
-    if (alignment == Listbox::kAlignCentre) return Qt::AlignCenter;
-    return (alignment == Listbox::kAlignRight ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter;
-}
-
 QPalette::ColorGroup GroupOf(const QStyleOptionViewItem& option) {
     if ((option.state & QStyle::State_Enabled) == 0) return QPalette::Disabled;
     return (option.state & QStyle::State_Active) != 0 ? QPalette::Active : QPalette::Inactive;
@@ -81,8 +76,10 @@ void CellPainter::PaintText(QPainter& painter, const QStyleOptionViewItem& optio
     painter.setPen(isSelected ? ToQColor(graphics.ForeColor)
                               : ReadableOn(graphics.ForeColor, ground));
     painter.setFont(option.font);
+    const bool isCentred = list_->ColumnAlignment(column) == Listbox::kAlignCentre;
+    const int side = isCentred ? Qt::AlignHCenter : Qt::AlignLeft;
     painter.drawText(
-        room, static_cast<int>(AlignmentOf(list_->ColumnAlignment(column))) | Qt::TextSingleLine,
+        room, side | Qt::AlignVCenter | Qt::TextSingleLine,
         metrics.elidedText(LineOf(list_->Cell(row, column)), Qt::ElideMiddle, room.width()));
 }
 

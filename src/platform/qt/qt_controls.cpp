@@ -75,13 +75,6 @@ ControlView ViewOf(const Ref<CheckBox>& model, QWidget* parent, const RunInput& 
             }};
 }
 
-Qt::Alignment AlignmentOf(const Label& model) {
-    if (model.TextAlign() == Label::kAlignCentre) return Qt::AlignHCenter | Qt::AlignVCenter;
-    const Qt::Alignment side =
-        model.TextAlign() == Label::kAlignRight ? Qt::AlignRight : Qt::AlignLeft;
-    return side | Qt::AlignAbsolute | Qt::AlignVCenter;
-}
-
 /// Keeps the extension to the right of a file name that is written from right to left.
 QString FromLeftToRight(QString line) {
     constexpr char16_t kLeftToRightMark = 0x200E;
@@ -96,7 +89,9 @@ ControlView ViewOf(const Ref<Label>& model, QWidget* parent) {
                 if (model->TextSize() > 0) font.setPixelSize(static_cast<int>(model->TextSize()));
                 font.setBold(model->Bold() || font.bold());
                 label->setFont(font);
-                label->setAlignment(AlignmentOf(*model));
+                const bool isCentred = model->TextAlign() == Label::kAlignCentre;
+                label->setAlignment((isCentred ? Qt::AlignHCenter : Qt::AlignLeft) |
+                                    Qt::AlignAbsolute | Qt::AlignVCenter);
                 QPalette palette = QApplication::palette(label);
                 if (model->TextColor() != Color{}) {
                     palette.setColor(QPalette::WindowText,
