@@ -1,6 +1,7 @@
 #include "platform/files/path.h"
 
 #include <pwd.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <cstdlib>
@@ -28,6 +29,13 @@ std::string AbsolutePath(const std::string& path) {
 std::string RealPath(const std::string& path) {
     const OwnedText resolved(realpath(path.c_str(), nullptr), &std::free);
     return resolved ? resolved.get() : std::string();
+}
+
+bool IsSameFile(const std::string& left, const std::string& right) {
+    struct stat first;
+    struct stat second;
+    return stat(left.c_str(), &first) == 0 && stat(right.c_str(), &second) == 0 &&
+           first.st_dev == second.st_dev && first.st_ino == second.st_ino;
 }
 
 std::string HomePath() {

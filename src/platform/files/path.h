@@ -11,6 +11,9 @@ std::string AbsolutePath(const std::string& path);
 /// reached.
 std::string RealPath(const std::string& path);
 
+/// Whether both paths name the same file or folder, links followed. False if one can't be reached.
+bool IsSameFile(const std::string& left, const std::string& right);
+
 /// The user's home folder: HOME if that is an absolute path, else the one of the user database, "/"
 /// if there is none.
 std::string HomePath();

@@ -1,26 +1,19 @@
 #include "platform/linux/helpers/application_environment.h"
 
 #include <sys/resource.h>
-#include <sys/stat.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <cstdlib>
 #include <cstring>
 
+#include "platform/files/path.h"
 #include "platform/linux/program_link.h"
 
 namespace dunvey {
 namespace {
 
 constexpr const char* kStackLimit = "DUNVEY_STACK_LIMIT";
-
-bool IsSameFolder(const std::string& left, const std::string& right) {
-    struct stat leftStatus;
-    struct stat rightStatus;
-    return stat(left.c_str(), &leftStatus) == 0 && stat(right.c_str(), &rightStatus) == 0 &&
-           leftStatus.st_dev == rightStatus.st_dev && leftStatus.st_ino == rightStatus.st_ino;
-}
 
 /// The search path without the given folder, whichever path names it.
 std::string WithoutFolder(std::string_view searchPath, const std::string& folder) {
@@ -29,7 +22,7 @@ std::string WithoutFolder(std::string_view searchPath, const std::string& folder
         const size_t end = searchPath.find(':');
         const std::string entry(searchPath.substr(0, end));
         // An empty entry is the current directory and stays.
-        if (!IsSameFolder(entry, folder)) kept.append(entry).append(1, ':');
+        if (!IsSameFile(entry, folder)) kept.append(entry).append(1, ':');
         isLast = end == std::string_view::npos;
         if (!isLast) searchPath.remove_prefix(end + 1);
     }

@@ -1,7 +1,6 @@
 #include "platform/linux/helpers/process_list.h"
 
 #include <fcntl.h>
-#include <sys/stat.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -10,6 +9,7 @@
 #include <ctime>
 
 #include "platform/files/file_descriptor.h"
+#include "platform/files/path.h"
 #include "platform/linux/helpers/folder_names.h"
 #include "platform/linux/helpers/script_line.h"
 #include "platform/linux/program_link.h"
@@ -62,13 +62,6 @@ std::string BundleScript(pid_t id, const std::vector<std::string>& arguments) {
             return WithRealFolder(path);
     }
     return {};
-}
-
-bool IsSameFile(const std::string& left, const std::string& right) {
-    struct stat leftStatus;
-    struct stat rightStatus;
-    return stat(left.c_str(), &leftStatus) == 0 && stat(right.c_str(), &rightStatus) == 0 &&
-           leftStatus.st_dev == rightStatus.st_dev && leftStatus.st_ino == rightStatus.st_ino;
 }
 
 }  // namespace
