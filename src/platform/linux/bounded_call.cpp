@@ -1,6 +1,5 @@
 #include "platform/linux/bounded_call.h"
 
-#include <fcntl.h>
 #include <poll.h>
 #include <signal.h>
 #include <sys/wait.h>
@@ -9,6 +8,7 @@
 #include <chrono>
 
 #include "platform/files/file_descriptor.h"
+#include "platform/processes/spawn.h"
 
 namespace dunvey {
 namespace {
@@ -32,19 +32,17 @@ std::optional<uint8_t> ReadUntil(int descriptor, Clock::time_point end) {
 
 std::optional<uint8_t> CallWithin(int milliseconds, const std::function<uint8_t()>& function) {
     const Clock::time_point end = Clock::now() + std::chrono::milliseconds(milliseconds);
-    int ends[2];
-    if (pipe2(ends, O_CLOEXEC) != 0) return std::nullopt;
-    const FileDescriptor result(ends[0]);
-    FileDescriptor writing(ends[1]);
+    Pipe result;
+    if (MakePipe(result) != 0) return std::nullopt;
     const pid_t child = fork();
     if (child < 0) return std::nullopt;
     if (child == 0) {
         const char byte = static_cast<char>(function());
-        WriteFully(writing.Get(), {&byte, 1});
+        WriteFully(result.writing.Get(), {&byte, 1});
         _exit(0);
     }
-    writing.Close();
-    const std::optional<uint8_t> value = ReadUntil(result.Get(), end);
+    result.writing.Close();
+    const std::optional<uint8_t> value = ReadUntil(result.reading.Get(), end);
     kill(child, SIGKILL);
     Uninterrupted([child] { return waitpid(child, nullptr, 0); });
     return value;

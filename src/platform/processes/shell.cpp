@@ -4,7 +4,6 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <array>
 #include <cerrno>
 #include <cstring>
 
@@ -21,22 +20,6 @@ namespace {
 
 // The kernel's limit for one argument is 131,072 bytes with its terminating zero.
 constexpr size_t kArgumentLimit = 131'071;
-
-struct Pipe {
-    FileDescriptor reading;
-    FileDescriptor writing;
-};
-
-/// Returns 0 or the errno.
-int MakePipe(Pipe& made) {
-    std::array<int, 2> ends;
-    if (pipe(ends.data()) != 0) return errno;
-    const FileDescriptor low[] = {FileDescriptor(ends[0]), FileDescriptor(ends[1])};
-    made.reading = DuplicateAboveScript(ends[0]);
-    if (!made.reading) return errno;
-    made.writing = DuplicateAboveScript(ends[1]);
-    return made.writing ? 0 : errno;
-}
 
 std::string ReadAll(int descriptor) {
     constexpr size_t kBlock = 1 << 16;

@@ -47,4 +47,14 @@ FileDescriptor DuplicateAboveScript(int descriptor) {
     return FileDescriptor(fcntl(descriptor, F_DUPFD_CLOEXEC, kScriptDescriptor + 1));
 }
 
+int MakePipe(Pipe& pipe) {
+    int ends[2];
+    if (::pipe(ends) != 0) return errno;
+    const FileDescriptor low[] = {FileDescriptor(ends[0]), FileDescriptor(ends[1])};
+    pipe.reading = DuplicateAboveScript(ends[0]);
+    if (!pipe.reading) return errno;
+    pipe.writing = DuplicateAboveScript(ends[1]);
+    return pipe.writing ? 0 : errno;
+}
+
 }  // namespace dunvey

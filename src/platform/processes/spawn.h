@@ -29,4 +29,12 @@ int Spawn(const SpawnRequest& request, pid_t& process);
 /// A duplicate above kScriptDescriptor with close-on-exec, or none, with errno set.
 FileDescriptor DuplicateAboveScript(int descriptor);
 
+struct Pipe {
+    FileDescriptor reading;
+    FileDescriptor writing;
+};
+
+/// Makes a pipe above kScriptDescriptor with close-on-exec. Returns 0 or the errno.
+int MakePipe(Pipe& pipe);
+
 }  // namespace dunvey

@@ -15,25 +15,12 @@
 #include "platform/files/path.h"
 #include "platform/linux/helpers/process_list.h"
 #include "platform/processes/shortage.h"
+#include "platform/processes/spawn.h"
 
 namespace dunvey {
 namespace {
 
 constexpr int kFirstUnshared = STDERR_FILENO + 1;
-
-struct Pipe {
-    FileDescriptor reading;
-    FileDescriptor writing;
-};
-
-/// Returns 0 or the errno.
-int MakePipe(Pipe& made) {
-    int ends[2];
-    if (pipe2(ends, O_CLOEXEC) != 0) return errno;
-    made.reading = FileDescriptor(ends[0]);
-    made.writing = FileDescriptor(ends[1]);
-    return 0;
-}
 
 void Report(const Pipe& pipe, int value) {
     WriteFully(pipe.writing.Get(), {reinterpret_cast<const char*>(&value), sizeof value});
