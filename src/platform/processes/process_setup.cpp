@@ -25,11 +25,15 @@ std::vector<std::string> CurrentEnvironment() {
 
 }  // namespace
 
+FileDescriptor OpenNullDevice() {
+    for (;;) {
+        const int descriptor = Uninterrupted([] { return open("/dev/null", O_RDWR); });
+        if (descriptor < 0 || descriptor > STDERR_FILENO) return FileDescriptor(descriptor);
+    }
+}
+
 void SetUpProcess() {
-    int opened = open("/dev/null", O_RDWR);
-    while (opened >= 0 && opened <= STDERR_FILENO)
-        opened = open("/dev/null", O_RDWR);
-    if (opened > STDERR_FILENO) close(opened);
+    OpenNullDevice();
     signal(SIGPIPE, SIG_IGN);
     signal(SIGXFSZ, SIG_IGN);
     startEnvironment = CurrentEnvironment();

@@ -3,14 +3,19 @@
 #include <string>
 #include <vector>
 
+#include "platform/files/file_descriptor.h"
+
 namespace dunvey {
 
 /// Prepares the process; called first in main. Refuses to run set-user-ID, set-group-ID or with
 /// file capabilities: says so on standard error and exits with 1. Keeps the environment for
 /// StartEnvironment. Ignores SIGPIPE and SIGXFSZ, so that such writes fail instead of killing the
-/// process. Opens /dev/null for closed standard descriptors, so that no other file gets their
-/// numbers.
+/// process. Calls OpenNullDevice.
 void SetUpProcess();
+
+/// Opens /dev/null for closed standard streams, so that no other file gets their numbers. Returns
+/// another descriptor of it, above them; none on failure, with errno set.
+FileDescriptor OpenNullDevice();
 
 /// Whether the program file gave the process more rights than its user has.
 bool HasRaisedPrivileges();

@@ -14,6 +14,7 @@
 #include "platform/files/file_descriptor.h"
 #include "platform/files/path.h"
 #include "platform/linux/helpers/process_list.h"
+#include "platform/processes/process_setup.h"
 #include "platform/processes/shortage.h"
 #include "platform/processes/spawn.h"
 
@@ -114,15 +115,6 @@ void WaitForArguments(pid_t program) {
         if (ProcessList::Program(program).empty()) return;
         nanosleep(&kPause, nullptr);
     }
-}
-
-/// Opens /dev/null for missing standard streams, so that no other descriptor gets their numbers.
-/// Returns another descriptor above them.
-FileDescriptor OpenNullDevice() {
-    int descriptor = Uninterrupted([] { return open("/dev/null", O_RDWR | O_CLOEXEC); });
-    while (descriptor >= 0 && descriptor < kFirstUnshared)
-        descriptor = Uninterrupted([descriptor] { return dup(descriptor); });
-    return FileDescriptor(descriptor);
 }
 
 }  // namespace
