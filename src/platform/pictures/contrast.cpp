@@ -48,8 +48,6 @@ Color Readable(Color color, Color background, double leastContrast) {
 }
 
 double LeastContrast(Color themeBackground, Color themeText) {
-    // Ordinary themes with black text on light grey stay below this.
-    constexpr double kHighContrast = 20;
     const bool isOrdinaryLight = Luminance(themeBackground) > Luminance(themeText) &&
                                  Contrast(themeBackground, themeText) < kHighContrast;
     return isOrdinaryLight ? 2.5 : 4.5;

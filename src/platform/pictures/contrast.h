@@ -8,6 +8,10 @@ namespace dunvey {
 /// white.
 double Contrast(Color color1, Color color2);
 
+/// The least contrast of text and background in a high-contrast theme. Ordinary themes with black
+/// text on light grey stay below it.
+inline constexpr double kHighContrast = 20;
+
 /// The colour, moved towards black or white until its contrast with the background is at least
 /// `leastContrast`; black or white if none reaches it.
 Color Readable(Color color, Color background, double leastContrast);

@@ -17,8 +17,6 @@ bool IsDefault(const QStyleOption* option) {
 
 /// The outline of the default button, without a colour in usual light themes.
 QPen DefaultOutlineOn(const QPalette& palette) {
-    // Black on white is 21.
-    constexpr double kHighContrast = 20;
     const QColor window = palette.color(QPalette::Active, QPalette::Window);
     const QColor text = palette.color(QPalette::Active, QPalette::WindowText);
     const bool isHighContrast = Contrast(ToColor(window), ToColor(text)) >= kHighContrast;
