@@ -1,6 +1,6 @@
 #pragma once
 
-#include "menus/localized.h"
+#include "platform/bundles/system.h"
 
 namespace dunvey {
 

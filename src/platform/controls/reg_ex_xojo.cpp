@@ -1,6 +1,5 @@
 #include "platform/controls/reg_ex_xojo.h"
 
-#include "platform/bundles/system.h"
 #include "platform/controls/message_dialog.h"
 #include "platform/text/text.h"
 #include "platform/values/exceptions.h"
@@ -23,11 +22,6 @@ void ShowError(const RegExException& error) {
 }  // namespace
 
 Ref<RegEx> reg;
-
-std::string kAlert_Metacharacters(const std::string& language) {
-    return System::_GetLocalizedString("RegExXojo.kAlert_Metacharacters",
-                                       "Metacharacters ^ $ \\b cannot be used alone.", language);
-}
 
 void MakeRegEx() {
     reg = New<RegEx>();

@@ -4,6 +4,7 @@
 #include <string>
 #include <string_view>
 
+#include "platform/bundles/system.h"
 #include "platform/text/reg_ex.h"
 #include "platform/values/reference.h"
 
@@ -16,8 +17,9 @@ namespace dunvey::RegExXojo {
 /// don't carry over.
 extern Ref<RegEx> reg;
 
-/// The message for a pattern that is only one metacharacter, in the given language.
-std::string kAlert_Metacharacters(const std::string& language);
+/// The message for a pattern that is only one metacharacter.
+inline constexpr LocalizedText kAlert_Metacharacters{
+    "RegExXojo.kAlert_Metacharacters", "Metacharacters ^ $ \\b cannot be used alone."};
 
 /// Whether the pattern matches at or after `start`. False for an empty source or pattern, and after
 /// a pattern error has been shown.
