@@ -54,13 +54,10 @@ std::optional<ApplicationRecord> ReadRecord(const std::string& name, std::string
     using namespace CoreFoundationGlobalsMBS;
     const auto list = NewCFObjectMBSFromXML(NewCFBinaryDataMBSStr(std::move(propertyList)));
     if (!list) return {};
-    const auto text = [&list](const char* key) {
-        const Ref<CFStringMBS> value = list->Lookup(*NewCFStringMBS(key));
-        return value ? value->Text() : std::string();
-    };
-    const Command command = DecodeCommand(text(kCommandKey));
+    const Command command = DecodeCommand(list->Text(kCommandKey));
     if (command.arguments.empty()) return {};
-    return ApplicationRecord{name, text(kVersionKey), command, text(kScriptKey), text(kIconKey)};
+    return ApplicationRecord{name, list->Text(kVersionKey), command, list->Text(kScriptKey),
+                             list->Text(kIconKey)};
 }
 
 std::string ScriptText(const std::string& name, const Command& command) {

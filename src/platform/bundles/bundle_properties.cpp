@@ -11,11 +11,8 @@ BundleProperties Parse(const std::string& bytes) {
     using namespace CoreFoundationGlobalsMBS;
     const Ref<CFDictionaryMBS> list = NewCFObjectMBSFromXML(NewCFBinaryDataMBSStr(bytes));
     if (!list) return {};
-    const auto text = [&list](const char* key) {
-        const Ref<CFStringMBS> value = list->Lookup(*NewCFStringMBS(key));
-        return value ? value->Text() : std::string();
-    };
-    return {text("CFBundleShortVersionString"), text("CFBundleIconFile")};
+    return {list->Text("CFBundleShortVersionString"), list->Text("CFBundleIconFile"),
+            list->Text("CFBundleExecutable")};
 }
 
 }  // namespace

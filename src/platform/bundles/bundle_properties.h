@@ -10,6 +10,7 @@ namespace dunvey {
 struct BundleProperties {
     std::string shortVersion;
     std::string iconFile;
+    std::string executable;
 };
 
 /// The properties in "Info.plist" of the bundle's folder `contents`; all empty if the list can't be

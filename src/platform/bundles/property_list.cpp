@@ -58,6 +58,11 @@ Ref<CFStringMBS> CFDictionaryMBS::Lookup(const CFStringMBS& key) const {
     return text ? New<CFStringMBS>(*std::move(text)) : nullptr;
 }
 
+std::string CFDictionaryMBS::Text(const std::string& key) const {
+    const Ref<CFStringMBS> text = Lookup(*CoreFoundationGlobalsMBS::NewCFStringMBS(key));
+    return text ? text->Text() : std::string();
+}
+
 namespace CoreFoundationGlobalsMBS {
 
 Ref<CFBinaryDataMBS> NewCFBinaryDataMBSStr(std::string bytes) {

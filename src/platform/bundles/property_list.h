@@ -40,6 +40,8 @@ class CFDictionaryMBS {
     explicit CFDictionaryMBS(TextLookup lookup) : lookup_(std::move(lookup)) {}
     /// The value under the key as text; nil if there is none, or it is no text.
     Ref<CFStringMBS> Lookup(const CFStringMBS& key) const;
+    /// The text under the key; empty if there is none.
+    std::string Text(const std::string& key) const;
 
  private:
     TextLookup lookup_;

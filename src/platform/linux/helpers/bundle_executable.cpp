@@ -7,7 +7,7 @@
 #include <cstring>
 #include <string_view>
 
-#include "platform/bundles/property_list.h"
+#include "platform/bundles/bundle_properties.h"
 #include "platform/files/file_descriptor.h"
 #include "platform/processes/error_line.h"
 
@@ -15,16 +15,6 @@ namespace dunvey {
 namespace {
 
 constexpr std::string_view kExtension = ".app";
-
-/// The name that the property list gives; empty if it gives none.
-std::string DeclaredName(const std::string& propertyList) {
-    using namespace CoreFoundationGlobalsMBS;
-    const auto list =
-        NewCFObjectMBSFromXML(NewCFBinaryDataMBSStr(ReadPropertyListFile(propertyList)));
-    if (!list) return {};
-    const Ref<CFStringMBS> name = list->Lookup(*NewCFStringMBS("CFBundleExecutable"));
-    return name ? name->Text() : std::string();
-}
 
 std::string NameOf(const Bundle& bundle, const std::string& declared) {
     if (!declared.empty()) return declared;
@@ -60,8 +50,9 @@ std::string ProblemWith(const std::string& path, const std::string& propertyList
 }  // namespace
 
 BundleExecutable ExecutableOf(const Bundle& bundle) {
-    const std::string propertyList = bundle.Path() + "/Contents/Info.plist";
-    const std::string name = NameOf(bundle, DeclaredName(propertyList));
+    const std::string contents = bundle.Path() + "/Contents";
+    const std::string propertyList = contents + "/Info.plist";
+    const std::string name = NameOf(bundle, ReadBundleProperties(FolderItem(contents)).executable);
     if (!IsFileName(name)) {
         return {{},
                 "CFBundleExecutable in " + Quoted(propertyList) + " is " + Quoted(name) +
