@@ -19,17 +19,6 @@ std::vector<std::string> DocumentsAmong(const std::vector<std::string>& files) {
     return TakeIn(files, Application::Current()->DocumentExtensions()).documents;
 }
 
-Ref<Picture> BundleIcon(int64_t size) {
-    const Ref<FolderItem> bundle = Application::ExecutableFile()->Parent()->Parent()->Parent();
-    const Ref<NSImage> image = NSWorkspace::sharedWorkspace().iconForFile(bundle->NativePath());
-    std::vector<Ref<Picture>> resolutions;
-    for (const int64_t side : {size, size * 2}) {
-        resolutions.push_back(New<Picture>(side, side));
-        resolutions.back()->Pixels() = image->CGImageForProposedRect({0, 0, side, side});
-    }
-    return New<Picture>(size, size, resolutions);
-}
-
 }  // namespace
 
 DockWindow::DockWindow() : Window(kDesign) {
@@ -74,7 +63,10 @@ void DockWindow::PaintFrame(Graphics& graphics) const {
 }
 
 void DockWindow::PaintIcon(Graphics& graphics) const {
-    graphics.DrawPicture(*BundleIcon(std::min(graphics.Width(), graphics.Height())), 0, 0);
+    const Ref<FolderItem> bundle = Application::ExecutableFile()->Parent()->Parent()->Parent();
+    const Ref<NSImage> image = NSWorkspace::sharedWorkspace().iconForFile(bundle->NativePath());
+    const int64_t size = std::min(graphics.Width(), graphics.Height());
+    graphics.DrawPicture(*InTwoResolutions(*image, size), 0, 0);
 }
 
 bool DockWindow::Drag(UserAction, const std::vector<std::string>& files) {

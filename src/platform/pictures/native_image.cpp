@@ -16,4 +16,14 @@ void CGContextDrawImage(Bitmap& context, const PixelRectangle& rectangle, const 
     }
 }
 
+Ref<Picture> InTwoResolutions(const NSImage& image, int64_t size) {
+    const auto render = [&image](int64_t side) {
+        const PixelRectangle rectangle{0, 0, side, side};
+        Ref<Picture> picture = New<Picture>(side, side);
+        CGContextDrawImage(picture->Pixels(), rectangle, image.CGImageForProposedRect(rectangle));
+        return picture;
+    };
+    return New<Picture>(size, size, std::vector{render(size), render(size * 2)});
+}
+
 }  // namespace dunvey

@@ -26,4 +26,7 @@ class NSImage {
 /// rectangle's size; pixels outside the context are cut off.
 void CGContextDrawImage(Bitmap& context, const PixelRectangle& rectangle, const Bitmap& image);
 
+/// A picture of `size` by `size` points with 1 and 2 pixels for each point.
+Ref<Picture> InTwoResolutions(const NSImage& image, int64_t size);
+
 }  // namespace dunvey
