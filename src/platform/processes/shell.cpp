@@ -38,9 +38,11 @@ std::string ReadAll(int descriptor) {
 int StartShell(const std::string& command, int output, pid_t& process) {
     SpawnRequest request{"/bin/sh", {"sh", "-c", command}, ShellEnvironment(), output};
     if (command.size() <= kArgumentLimit) return Spawn(request, process);
-    const FileDescriptor file = MakeAnonymousFile(command);
-    const FileDescriptor script = file ? DuplicateAboveScript(file.Get()) : FileDescriptor();
-    if (!script) return errno;
+    const FileDescriptor file = MakeAnonymousFile();
+    if (!file) return errno;
+    if (const int error = WriteFully(file.Get(), command)) return error;
+    const FileDescriptor script = DuplicateAboveScript(file.Get());
+    if (!script || lseek(script.Get(), 0, SEEK_SET) != 0) return errno;
     const RaisedStackLimit limit;
     request.arguments = {"sh", "/dev/fd/" + std::to_string(kScriptDescriptor)};
     request.script = script.Get();
