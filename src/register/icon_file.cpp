@@ -7,6 +7,7 @@
 
 #include "platform/files/streams.h"
 #include "platform/processes/error_line.h"
+#include "platform/text/text.h"
 #include "platform/values/exceptions.h"
 #include "register/request.h"
 
@@ -26,10 +27,7 @@ constexpr std::pair<uint32_t, const char*> kPartTypes[] = {
 
 /// The big-endian number in four bytes.
 uint32_t Number(const std::string& bytes, size_t begin) {
-    uint32_t number = 0;
-    for (size_t i = begin; i < begin + 4; ++i)
-        number = number << 8 | static_cast<unsigned char>(bytes[i]);
-    return number;
+    return static_cast<uint32_t>(Val("&h" + EncodeHex(bytes.substr(begin, 4))));
 }
 
 std::string WithHeader(const std::string& type, const std::string& contents) {
