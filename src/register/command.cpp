@@ -5,11 +5,11 @@
 
 #include <algorithm>
 #include <cstdlib>
-#include <memory>
 #include <set>
 #include <string_view>
 
 #include "platform/files/folder_item.h"
+#include "platform/files/path.h"
 #include "platform/processes/error_line.h"
 #include "platform/text/encoding.h"
 #include "platform/text/shown_text.h"
@@ -54,12 +54,11 @@ std::string RequireProgram(const std::string& program) {
                   "Install it, give its path, or use chmod +x."};
 }
 
-/// Refuses arguments that would start Dunvey or the application of this name again.
+/// Refuses arguments that would start Dunvey or the application of this name again. Any argument
+/// may be the program: commands such as `env` and `nice` start one that follows them.
 void RefuseDunvey(const Arguments& arguments, const std::string& name) {
     for (const std::string& argument : arguments) {
-        const std::unique_ptr<char, decltype(&std::free)> resolved(
-            realpath(FindProgram(argument).c_str(), nullptr), &std::free);
-        const std::string program = resolved ? resolved.get() : "";
+        const std::string program = RealPath(FindProgram(argument));
         if (program.ends_with("/Dunvey.app/Contents/MacOS/Dunvey") ||
             program.ends_with("/" + name + ".app/Contents/MacOS/" + name)) {
             throw Refusal{Quoted(program) +
