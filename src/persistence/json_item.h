@@ -113,7 +113,7 @@ class JSONItem : public Object {
     Dictionary _data;  ///< names as they are; Key gives the hexadecimal form
     bool _mIsArray = false;
     Ref<MemoryBlock> _ParseBuffer;     ///< the text parsed last
-    bool _RenderAsJavascript = false;  ///< names without quotes
+    bool _RenderAsJavascript = false;  ///< names without quotes; only derived classes set it
 
     // The parser, in json_parser.cpp. It reads from _ParseBuffer; a position is a byte offset,
     // advanced past what was read. `depth` counts the open objects and arrays.

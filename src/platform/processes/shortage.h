@@ -12,7 +12,8 @@ inline bool IsShortage(int error) {
 
 /// Makes the call, which returns 0 or an errno, up to four times with pauses of 50 ms while the
 /// machine is short of processes, memory or descriptors. After 40 pauses without a success it no
-/// longer waits. Returns the last result.
+/// longer waits: a run of many commands then waits 2 seconds in all, not for each. The limits are
+/// estimates of how long a shortage lasts, not measured. Returns the last result.
 template <typename Call>
 int RetryOnShortage(Call&& call) {
     constexpr timespec kPause{0, 50'000'000};

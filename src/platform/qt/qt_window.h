@@ -74,6 +74,8 @@ class WindowWidget final : public QDialog {
     Observable::Observation observation_;
     /// The space on the screen without the frame and the menu bar.
     QSize room_;
+    /// The running calls of Enter. In one of them a nested event loop may close the window; the
+    /// widget is then deleted after the last of them, since Qt would delete it in that loop.
     int entered_ = 0;
     bool isResizing_ = false;
     bool isFrameKnown_ = false;
