@@ -152,31 +152,6 @@ void Listbox::DoubleClick(UserAction) {
     Event_DoubleClick();
 }
 
-void Listbox::Event_Open() {
-    if (Open) Open(*this);
-}
-
-void Listbox::Event_Change() {
-    if (Change) Change(*this);
-}
-
-void Listbox::Event_DoubleClick() {
-    if (DoubleClickHandler) DoubleClickHandler(*this);
-}
-
-bool Listbox::Event_CellTextPaint(Graphics& graphics, int64_t row, int64_t column, int64_t x,
-                                  int64_t y) {
-    return CellTextPaint && CellTextPaint(*this, graphics, row, column, x, y);
-}
-
-bool Listbox::Event_CellBackgroundPaint(Graphics&, int64_t, int64_t) {
-    return false;
-}
-
-bool Listbox::Event_CompareRows(int64_t, int64_t, int64_t, int64_t&) {
-    return false;
-}
-
 const Listbox::RowContent& Listbox::Row(int64_t row) const {
     return dunvey::At(rows_, row);
 }

@@ -95,18 +95,31 @@ class Listbox : public RectControl {
         CellTextPaint;
 
     // The defaults call the handlers.
-    void Event_Open() override;
-    virtual void Event_Change();
-    virtual void Event_DoubleClick();
+    void Event_Open() override {
+        if (Open) Open(*this);
+    }
+    virtual void Event_Change() {
+        if (Change) Change(*this);
+    }
+    virtual void Event_DoubleClick() {
+        if (DoubleClickHandler) DoubleClickHandler(*this);
+    }
     /// Fired before a cell's text is drawn in the ForeColor; x is its left edge and y its baseline.
     /// True if the handler has drawn the text.
     virtual bool Event_CellTextPaint(Graphics& graphics, int64_t row, int64_t column, int64_t x,
-                                     int64_t y);
+                                     int64_t y) {
+        return CellTextPaint && CellTextPaint(*this, graphics, row, column, x, y);
+    }
     /// Fired before a cell is drawn. True if the list must not paint its own background; the
     /// highlight of the selected row is painted in any case.
-    virtual bool Event_CellBackgroundPaint(Graphics& graphics, int64_t row, int64_t column);
+    virtual bool Event_CellBackgroundPaint(Graphics&, int64_t /*row*/, int64_t /*column*/) {
+        return false;
+    }
     /// Fired by Sort. True if `result` is set: negative, zero or positive.
-    virtual bool Event_CompareRows(int64_t row1, int64_t row2, int64_t column, int64_t& result);
+    virtual bool Event_CompareRows(int64_t /*row1*/, int64_t /*row2*/, int64_t /*column*/,
+                                   int64_t& /*result*/) {
+        return false;
+    }
 
  private:
     struct CellContent {

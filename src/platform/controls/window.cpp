@@ -49,26 +49,6 @@ void Window::ChangeSide(int64_t& side, int64_t length) {
     Apply(before);
 }
 
-void Window::SetHeight(int64_t height) {
-    ChangeSide(wanted_.Height, height);
-}
-
-void Window::SetMinHeight(int64_t height) {
-    ChangeSide(minimum_.Height, height);
-}
-
-void Window::SetMinWidth(int64_t width) {
-    ChangeSide(minimum_.Width, width);
-}
-
-void Window::SetMaxWidth(int64_t width) {
-    ChangeSide(maximum_.Width, width);
-}
-
-void Window::SetMaxHeight(int64_t height) {
-    ChangeSide(maximum_.Height, height);
-}
-
 void Window::Resize(UserAction, Size size) {
     const Size before = Actual();
     wanted_ = size;

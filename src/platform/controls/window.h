@@ -52,12 +52,12 @@ class Window : public Observable, public Responder, public std::enable_shared_fr
     // larger than the space on the screen.
     int64_t Width() const { return Actual().Width; }
     int64_t Height() const { return Actual().Height; }
-    void SetHeight(int64_t height);
+    void SetHeight(int64_t height) { ChangeSide(wanted_.Height, height); }
     int64_t MinHeight() const { return minimum_.Height; }
-    void SetMinHeight(int64_t height);
-    void SetMinWidth(int64_t width);
-    void SetMaxWidth(int64_t width);
-    void SetMaxHeight(int64_t height);
+    void SetMinHeight(int64_t height) { ChangeSide(minimum_.Height, height); }
+    void SetMinWidth(int64_t width) { ChangeSide(minimum_.Width, width); }
+    void SetMaxWidth(int64_t width) { ChangeSide(maximum_.Width, width); }
+    void SetMaxHeight(int64_t height) { ChangeSide(maximum_.Height, height); }
     // The limits for the user's resizing, within the space on the screen.
     Size SmallestSize() const;
     Size LargestSize() const;
