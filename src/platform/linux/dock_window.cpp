@@ -12,6 +12,7 @@ namespace dunvey {
 namespace {
 
 constexpr Size kDesign{340, 292};
+constexpr Locks kTopLeft{.Left = true, .Top = true};
 /// Visible on light and dark windows.
 constexpr Color kFrameColor{0x808080};
 
@@ -25,26 +26,20 @@ DockWindow::DockWindow() : Window(kDesign) {
     SetTitle(Application::ExecutableFile()->Name());
     SetMenuBar(Application::Current()->MenuBar());
     Placement = kMainScreen;
-    frame_->SetDesign({20, 20, 300, 200}, {.Left = true, .Top = true});
+    frame_ = Make<Canvas>("frame", {20, 20, 300, 200}, kTopLeft, 0);
     frame_->Paint = [this](Canvas&, Graphics& graphics) { PaintFrame(graphics); };
-    icon_->SetDesign({122, 44, 96, 96}, {.Left = true, .Top = true});
+    icon_ = Make<Canvas>("icon", {122, 44, 96, 96}, kTopLeft, 1);
     icon_->Paint = [this](Canvas&, Graphics& graphics) { PaintIcon(graphics); };
-    line_->SetName("line");
-    line_->SetDesign({30, 162, 280, 28}, {.Left = true, .Top = true});
+    line_ = Make<Label>("line", {30, 162, 280, 28}, kTopLeft, 2);
     line_->SetTextAlign(Label::kAlignCentre);
     // With arguments the dock is shown only if none of them is a document.
     line_->SetText(IsNothingToOpen() ? Dock::kNothingToOpen("") : Dock::kDropDocuments(""));
-    choose_->SetName("choose");
-    choose_->SetDesign({80, 240, 180, 28}, {.Left = true, .Top = true});
+    choose_ = Make<PushButton>("choose", {80, 240, 180, 28}, kTopLeft, 3);
     choose_->SetCaption(Dock::kChooseDocuments(""));
     choose_->SetDefault(true);
     choose_->Action = [this](PushButton&) {
         if (Choose) Choose();
     };
-    Add(frame_);
-    Add(icon_);
-    Add(line_);
-    Add(choose_);
 }
 
 void DockWindow::PaintFrame(Graphics& graphics) const {

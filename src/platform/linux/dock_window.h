@@ -36,10 +36,10 @@ class DockWindow final : public Window {
     void PaintFrame(Graphics& graphics) const;
     void PaintIcon(Graphics& graphics) const;
 
-    Ref<Canvas> frame_ = New<Canvas>();
-    Ref<Canvas> icon_ = New<Canvas>();
-    Ref<Label> line_ = New<Label>();
-    Ref<PushButton> choose_ = New<PushButton>();
+    Ref<Canvas> frame_;
+    Ref<Canvas> icon_;
+    Ref<Label> line_;
+    Ref<PushButton> choose_;
     bool endsProgram_ = true;
 };
 
