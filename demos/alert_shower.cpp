@@ -1,11 +1,10 @@
 // Shows one alert of the program on the screen, in the locale's language, until it is answered.
-// Argument: quit, icons or mixed.
+// Argument: quit or icons.
 #include <string>
 #include <utility>
 
 #include "menus/general.h"
 #include "menus/localized.h"
-#include "platform/controls/message_dialog.h"
 #include "platform/loop/application.h"
 #include "platform/loop/event_loop.h"
 #include "platform/qt/qt_desktop.h"
@@ -14,22 +13,8 @@ using namespace dunvey;
 
 namespace {
 
-void ShowThreeButtons() {
-    MessageDialog dialog;
-    dialog.Icon = MessageDialog::kCaution;
-    dialog.Message = Localized::kMultipleAppWillLaunched("");
-    dialog.Explanation = Localized::kCapRecommendNotOpenNow("");
-    dialog.ActionButton->Caption = Localized::kQuitDunvey("");
-    dialog.AlternateActionButton->Caption = Localized::kCapIgnoreWarning("");
-    dialog.AlternateActionButton->Visible = true;
-    dialog.CancelButton->Caption = Localized::kCancel("");
-    dialog.CancelButton->Visible = true;
-    dialog.ShowModal();
-}
-
 void Show(const std::string& alert) {
     using namespace Localized;
-    if (alert == "mixed") return ShowThreeButtons();
     if (alert == "quit") {
         General::ShowAlertQuit(kMassage_SystemRequirement(""), kMassage_Quit(""), nullptr);
     } else {
