@@ -119,8 +119,11 @@ class Server {
     Values Read(xcb_get_property_cookie_t cookie) {
         const auto reply = Owned(xcb_get_property_reply(connection_, cookie, nullptr));
         if (!reply || reply->format != 32) return {};
-        const auto* const values = static_cast<uint32_t*>(xcb_get_property_value(reply.get()));
-        return {values, values + reply->value_len};
+        // GCC 12 warns without reason where a vector is made from two pointers here.
+        Values values(reply->value_len);
+        const auto* const first = static_cast<uint32_t*>(xcb_get_property_value(reply.get()));
+        std::copy_n(first, values.size(), values.begin());
+        return values;
     }
 
     std::vector<xcb_window_t> Children(const std::vector<xcb_window_t>& windows) {
