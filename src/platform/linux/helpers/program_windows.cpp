@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <cstdlib>
 #include <cstring>
+#include <iterator>
 #include <map>
 #include <memory>
 #include <string>
@@ -215,9 +216,11 @@ bool AcceptsClose(Server& server, xcb_window_t window) {
 CloseRequest RequestCloseNow(const IsProgram& isProgram) {
     Server server;
     if (!server.IsConnected()) return CloseRequest::NoAnswer;
-    std::vector<xcb_window_t> shown = server.ProgramWindows(isProgram);
-    if (shown.empty()) return CloseRequest::NoWindow;
-    std::erase_if(shown, [&](xcb_window_t window) { return !server.IsShown(window); });
+    const std::vector<xcb_window_t> windows = server.ProgramWindows(isProgram);
+    if (windows.empty()) return CloseRequest::NoWindow;
+    std::vector<xcb_window_t> shown;
+    std::copy_if(windows.begin(), windows.end(), std::back_inserter(shown),
+                 [&](xcb_window_t window) { return server.IsShown(window); });
     if (shown.empty()) return CloseRequest::Hidden;
     const auto isDialog = [&](xcb_window_t window) { return IsDialog(server, window); };
     if (std::any_of(shown.begin(), shown.end(), isDialog)) return CloseRequest::Asking;
