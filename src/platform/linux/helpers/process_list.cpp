@@ -45,18 +45,16 @@ std::vector<std::string> SettledArguments(pid_t id) {
     return arguments;
 }
 
-/// The argument as an absolute path, a relative one joined to the process's current folder.
-std::string Absolute(pid_t id, const std::string& argument) {
-    if (argument.starts_with('/') || argument.empty()) return argument;
-    const size_t steps = argument.starts_with("./") ? 2 : 0;
-    return ProgramLink(FileOf(id, "cwd")) + "/" + argument.substr(steps);
-}
-
 /// The script in a bundle that the process runs, by its arguments; empty if there is none.
 std::string BundleScript(pid_t id, const std::vector<std::string>& arguments) {
+    std::string folder;  // the current one, read for the first relative argument
     for (size_t i = 1; i < arguments.size(); ++i) {
-        if (arguments[i].starts_with('-')) continue;
-        const std::string path = Absolute(id, arguments[i]);
+        std::string path = arguments[i];
+        if (path.empty() || path[0] == '-') continue;
+        if (path[0] != '/') {
+            if (folder.empty()) folder = ProgramLink(FileOf(id, "cwd"));
+            path = folder + "/" + path.substr(path.starts_with("./") ? 2 : 0);
+        }
         if (!IsInBundle(path)) continue;
         if (ScriptLine(path).IsRunBy({arguments.begin(), arguments.begin() + i}))
             return WithRealFolder(path);
