@@ -25,7 +25,7 @@ class JSONItem : public Object {
  public:
     // How the item is written; items inside it are written the same way.
     bool Compact = true;                               ///< without line ends and indentation
-    std::string DecimalFormat = "-0.0##############";  ///< see Str; empty for the plain conversion
+    const char* DecimalFormat = "-0.0##############";  ///< see Str; empty for the plain conversion
     bool EscapeSlashes = true;                         ///< "/" as "\/"
     int64_t IndentSpacing = 2;                         ///< blanks per nesting level
 
@@ -147,12 +147,15 @@ class JSONItem : public Object {
     /// Raises KeyNotFoundException unless there is a value under each index from `first` to `last`.
     void CheckAllPresent(int64_t first, int64_t last) const;
 
+    char peekByte(int64_t position) const;
+    char takeByte(int64_t& position) const;
     std::string parseEscape(int64_t& position) const;
     void parseDigits(int64_t& position) const;
     std::string_view parsePlain(int64_t& position) const;
 
     class Entries;
     void serialise(const Object& object, int64_t level, JSONStringBuffer& buffer, int depth) const;
+    size_t escapeFirst(std::string_view text, JSONStringBuffer& buffer) const;
     void serialiseElements(Entries& entries) const;
 };
 

@@ -9,8 +9,8 @@ namespace {
 
 constexpr int kMaxDepth = 1000;
 
-bool IsDigit(std::string_view byte) {
-    return !byte.empty() && byte[0] >= '0' && byte[0] <= '9';
+bool IsDigit(char byte) {
+    return byte >= '0' && byte <= '9';
 }
 
 void CheckDepth(int depth, int64_t position) {
@@ -23,9 +23,9 @@ Ref<JSONItem> JSONItem::Parse(std::string text) {
     _ParseBuffer = New<MemoryBlock>(std::move(text));
     int64_t position = 0;
     skipWhiteSpace(position);
-    const std::string_view first = ParsePeek(position, 1);
-    if (first == "{") return parseObject(position, 0);
-    if (first != "[") throw JSONException("Parse Error: Expecting '{' or '['", 1, position);
+    const char first = peekByte(position);
+    if (first == '{') return parseObject(position, 0);
+    if (first != '[') throw JSONException("Parse Error: Expecting '{' or '['", 1, position);
     _mIsArray = true;
     return parseArray(position, 0);
 }
@@ -40,10 +40,24 @@ std::string_view JSONItem::ParseGet(int64_t& position, int64_t count) const {
     return got;
 }
 
+/// The next byte; '\0' at the end.
+char JSONItem::peekByte(int64_t position) const {
+    const std::string_view bytes = _ParseBuffer->Bytes();
+    const auto place = static_cast<size_t>(position);
+    return place < bytes.size() ? bytes[place] : '\0';
+}
+
+/// The next byte, and moves past it; '\0' without moving at the end.
+char JSONItem::takeByte(int64_t& position) const {
+    const char byte = peekByte(position);
+    position = std::min(position + 1, static_cast<int64_t>(_ParseBuffer->Size()));
+    return byte;
+}
+
 void JSONItem::skipWhiteSpace(int64_t& position) const {
     for (;;) {
-        const std::string_view byte = ParsePeek(position, 1);
-        if (byte != " " && byte != "\n" && byte != "\t" && byte != "\r") return;
+        const char byte = peekByte(position);
+        if (byte != ' ' && byte != '\n' && byte != '\t' && byte != '\r') return;
         ++position;
     }
 }
@@ -56,7 +70,7 @@ Variant JSONItem::parseValue(int64_t& position, int depth) const {
     if (token == "null") return nullptr;
     if (token != "fals") {
         position = start;
-    } else if (ParseGet(position, 1) == "e") {
+    } else if (takeByte(position) == 'e') {
         return false;
     }
     switch (token[0]) {
@@ -67,41 +81,41 @@ Variant JSONItem::parseValue(int64_t& position, int depth) const {
         case '[':
             return parseArray(position, depth);
         default:
-            if (token[0] == '-' || IsDigit(token)) return parseNumber(position);
+            if (token[0] == '-' || IsDigit(token[0])) return parseNumber(position);
             throw JSONException("Illegal Value", 10, position);
     }
 }
 
 Ref<JSONItem> JSONItem::parseObject(int64_t& position, int depth) const {
     Ref<JSONItem> item = New<JSONItem>();
-    if (ParseGet(position, 1) != "{") throw JSONException("Missing {", 4, position);
+    if (takeByte(position) != '{') throw JSONException("Missing {", 4, position);
     CheckDepth(depth, position);
     skipWhiteSpace(position);
-    if (ParsePeek(position, 1) == "}") {
+    if (peekByte(position) == '}') {
         ++position;
         return item;
     }
     for (;;) {
         skipWhiteSpace(position);
-        const std::string key = parseString(position).Bytes;
+        std::string key = parseString(position).Bytes;
         skipWhiteSpace(position);
-        if (ParseGet(position, 1) != ":") throw JSONException("Missing :", 5, position);
+        if (takeByte(position) != ':') throw JSONException("Missing :", 5, position);
         skipWhiteSpace(position);
-        item->SetValue(key, parseValue(position, depth + 1));
+        item->_data.SetValue(std::move(key), parseValue(position, depth + 1));
         skipWhiteSpace(position);
-        const std::string_view next = ParseGet(position, 1);
-        if (next == "}") return item;
-        if (next != ",") throw JSONException("Missing , or }", 6, position);
+        const char next = takeByte(position);
+        if (next == '}') return item;
+        if (next != ',') throw JSONException("Missing , or }", 6, position);
     }
 }
 
 Ref<JSONItem> JSONItem::parseArray(int64_t& position, int depth) const {
     Ref<JSONItem> item = New<JSONItem>();
-    if (ParseGet(position, 1) != "[") throw JSONException("Unsupported Format", 1, position);
+    if (takeByte(position) != '[') throw JSONException("Unsupported Format", 1, position);
     CheckDepth(depth, position);
     item->_mIsArray = true;
     skipWhiteSpace(position);
-    if (ParsePeek(position, 1) == "]") {
+    if (peekByte(position) == ']') {
         ++position;
         return item;
     }
@@ -109,9 +123,9 @@ Ref<JSONItem> JSONItem::parseArray(int64_t& position, int depth) const {
         skipWhiteSpace(position);
         item->Append(parseValue(position, depth + 1));
         skipWhiteSpace(position);
-        const std::string_view next = ParseGet(position, 1);
-        if (next == "]") return item;
-        if (next != ",") throw JSONException("A parsing error occurred", 2, position);
+        const char next = takeByte(position);
+        if (next == ']') return item;
+        if (next != ',') throw JSONException("A parsing error occurred", 2, position);
     }
 }
 
@@ -126,27 +140,27 @@ std::string_view JSONItem::parsePlain(int64_t& position) const {
 }
 
 EncodedText JSONItem::parseString(int64_t& position) const {
-    if (ParseGet(position, 1) != "\"") throw JSONException("Missing \"", 7, position);
+    if (takeByte(position) != '"') throw JSONException("Missing \"", 7, position);
     const std::string_view plain = parsePlain(position);
     // A missing quote at the end of the text is noticed by the caller.
-    if (ParseGet(position, 1) != "\\") return {std::string(plain), TextEncoding::None};
+    if (takeByte(position) != '\\') return {std::string(plain), TextEncoding::None};
     JSONStringBuffer buffer(uint64_t{1024});
     buffer.Append(plain);
     do {
         buffer.Append(parseEscape(position));
         buffer.Append(parsePlain(position));
-    } while (ParseGet(position, 1) == "\\");
+    } while (takeByte(position) == '\\');
     return buffer.StringValue();
 }
 
 /// What an escape stands for; the position is after the backslash.
 std::string JSONItem::parseEscape(int64_t& position) const {
-    const std::string_view byte = ParseGet(position, 1);
-    switch (byte.empty() ? '\0' : byte[0]) {
+    const char byte = takeByte(position);
+    switch (byte) {
         case '"':
         case '\\':
         case '/':
-            return std::string(byte);
+            return {byte};
         case 'b':
             return "\b";
         case 'f':
@@ -169,31 +183,31 @@ std::string JSONItem::parseEscape(int64_t& position) const {
 
 /// Skips one or more digits.
 void JSONItem::parseDigits(int64_t& position) const {
-    if (!IsDigit(ParseGet(position, 1))) throw JSONException("Illegal Number Format", 3, position);
-    while (IsDigit(ParsePeek(position, 1)))
+    if (!IsDigit(takeByte(position))) throw JSONException("Illegal Number Format", 3, position);
+    while (IsDigit(peekByte(position)))
         ++position;
 }
 
 Variant JSONItem::parseNumber(int64_t& position) const {
     const int64_t start = position;
     bool isInteger = true;
-    if (ParsePeek(position, 1) == "-") ++position;
-    bool isZero = ParsePeek(position, 1) == "0";
+    if (peekByte(position) == '-') ++position;
+    bool isZero = peekByte(position) == '0';
     if (isZero) {
         ++position;
     } else {
         parseDigits(position);
     }
-    if (ParsePeek(position, 1) == ".") {
+    if (peekByte(position) == '.') {
         isInteger = isZero = false;
         parseDigits(++position);
     }
-    const std::string_view letter = ParsePeek(position, 1);
-    if (letter == "e" || (letter == "E" && !isZero)) {
+    const char letter = peekByte(position);
+    if (letter == 'e' || (letter == 'E' && !isZero)) {
         isInteger = false;
-        const std::string_view sign = ParsePeek(++position, 1);
-        if (sign == "+" || sign == "-") ++position;
-        while (IsDigit(ParsePeek(position, 1)))
+        const char sign = peekByte(++position);
+        if (sign == '+' || sign == '-') ++position;
+        while (IsDigit(peekByte(position)))
             ++position;
     }
     const double value = Val(ParsePeek(start, position - start));

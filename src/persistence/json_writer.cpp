@@ -54,9 +54,8 @@ constexpr std::string_view ShortEscape(char c) {
     }
 }
 
-// Bits for the escapes that a text may need: bit i for kEscaped[i], and these two.
-constexpr uint32_t kSlash = 1u << kEscaped.size();
-constexpr uint32_t kShort = kSlash << 1;
+/// Bit i of the escapes that a text may need is for kEscaped[i], the next one for short escapes.
+constexpr uint32_t kShort = 1u << kEscaped.size();
 
 /// The first byte of a character in UTF-8.
 constexpr uint32_t LeadByte(uint32_t code) {
@@ -74,17 +73,12 @@ constexpr std::array<uint32_t, 256> MakeNeeds() {
     for (uint32_t byte = 0; byte < 0x80; ++byte) {
         if (!ShortEscape(static_cast<char>(byte)).empty()) needs[byte] = kShort;
     }
-    needs['/'] = kSlash;
     return needs;
 }
 
-/// The escapes that the text may need; 0 for most texts.
-uint32_t NeedsOf(std::string_view text) {
+uint32_t NeedsOf(char c) {
     static constexpr std::array<uint32_t, 256> kNeeds = MakeNeeds();
-    uint32_t needs = 0;
-    for (const char c : text)
-        needs |= kNeeds[static_cast<unsigned char>(c)];
-    return needs;
+    return kNeeds[static_cast<unsigned char>(c)];
 }
 
 bool IsUTF8(const Variant& text) {
@@ -208,7 +202,7 @@ void JSONItem::serialiseElements(Entries& entries) const {
     };
     std::vector<Dictionary::Entry> sorted;
     const std::vector<Dictionary::Entry>* elements = &_data.Entries();
-    if (!std::is_sorted(elements->begin(), elements->end(), isBefore)) {
+    if (!_data.IsList()) {
         sorted = *elements;
         std::stable_sort(sorted.begin(), sorted.end(), isBefore);
         elements = &sorted;
@@ -218,22 +212,35 @@ void JSONItem::serialiseElements(Entries& entries) const {
 }
 
 void JSONItem::_escape(std::string_view text, JSONStringBuffer& buffer) const {
-    const uint32_t needs = NeedsOf(text) & ~(EscapeSlashes ? 0 : kSlash);
-    if (needs == 0) return buffer.Append(text);
-    std::string escaped;
-    size_t begin = 0;
-    for (size_t i = 0; i < text.size(); ++i) {
-        const std::string_view escape = ShortEscape(text[i]);
-        if (escape.empty() || (text[i] == '/' && !EscapeSlashes)) continue;
-        escaped.append(text, begin, i - begin).append(escape);
-        begin = i + 1;
+    for (;;) {
+        size_t plain = 0;
+        while (plain < text.size() && NeedsOf(text[plain]) == 0)
+            ++plain;
+        buffer.Append(text.substr(0, plain));
+        if (plain == text.size()) return;
+        text.remove_prefix(plain);
+        text.remove_prefix(escapeFirst(text, buffer));
     }
-    escaped.append(text, begin);
+}
+
+/// Writes the first character, which may need an escape, and returns its length in bytes.
+size_t JSONItem::escapeFirst(std::string_view text, JSONStringBuffer& buffer) const {
+    const uint32_t needs = NeedsOf(text[0]);
+    if (needs == kShort) {
+        const bool isPlain = text[0] == '/' && !EscapeSlashes;
+        buffer.Append(isPlain ? "/" : ShortEscape(text[0]));
+        return 1;
+    }
+    const std::string_view character =
+        text.substr(0, static_cast<size_t>(BytesOfCharacters(text, 1)));
+    std::string escaped(character);
     for (size_t i = 0; i < kEscaped.size(); ++i) {
-        if ((needs >> i & 1) != 0)
-            escaped = _escapeRange(std::move(escaped), kEscaped[i].first, kEscaped[i].last);
+        const auto [first, last] = kEscaped[i];
+        if ((needs >> i & 1) != 0 && Chr(first) <= character && character <= Chr(last))
+            escaped = _escapeRange(escaped, first, last);
     }
     buffer.Append(escaped);
+    return character.size();
 }
 
 std::string JSONItem::_escapeRange(std::string text, int64_t first, int64_t last) {

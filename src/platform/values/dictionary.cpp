@@ -71,6 +71,7 @@ void Dictionary::SetValue(Variant key, Variant value) {
         return;
     }
     isList_ = isList_ && key == Variant(static_cast<int64_t>(entries_.size()));
+    if (entries_.empty()) entries_.reserve(4);  // most objects have a few entries
     entries_.push_back({std::move(key), std::move(value)});
     if (index_) {
         index_->emplace(HashOf(entries_.back().Key), entries_.size() - 1);

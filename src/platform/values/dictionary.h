@@ -38,6 +38,8 @@ class Dictionary final : public Object {
 
     /// The value under the key, nullptr if there is none. Valid until the dictionary changes.
     const Variant* Find(const Variant& key) const;
+    /// Whether the keys are the whole numbers from 0 in ascending order.
+    bool IsList() const { return isList_; }
     /// All pairs in their order.
     const std::vector<Entry>& Entries() const { return entries_; }
 

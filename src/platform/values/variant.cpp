@@ -27,15 +27,6 @@ std::string ColorText(Color color) {
 
 }  // namespace
 
-int Variant::VarType() const {
-    // In the order of the alternatives of `value_`.
-    constexpr int kTypes[] = {VariantType::Nil,       VariantType::Boolean, VariantType::Integer32,
-                              VariantType::Integer64, VariantType::Single,  VariantType::Double,
-                              VariantType::Date,      VariantType::Color,   VariantType::String,
-                              VariantType::Object};
-    return IsArray() ? VariantType::Array | ArrayElementType() : kTypes[value_.index()];
-}
-
 const Variant::Array& Variant::Elements() const {
     if (!IsArray()) RaiseMismatch("an array");
     return std::get<Array>(value_);
@@ -103,30 +94,14 @@ Ref<Object> Variant::ObjectValue() const {
     return std::get<Ref<Object>>(value_);
 }
 
-std::string_view Variant::TextBytes() const {
-    const auto* text = std::get_if<EncodedText>(&value_);
-    return text == nullptr ? std::string_view() : std::string_view(text->Bytes);
-}
-
-TextEncoding Variant::Encoding() const {
-    const auto* text = std::get_if<EncodedText>(&value_);
-    return text == nullptr ? TextEncoding::None : text->Encoding;
-}
-
-Object* Variant::ObjectAddress() const {
-    const auto* object = std::get_if<Ref<Object>>(&value_);
-    return object == nullptr ? nullptr : object->Get();
-}
-
 bool Variant::Array::operator==(const Array& other) const {
     return type == other.type && elements == other.elements;
 }
 
-bool operator==(const Variant& left, const Variant& right) {
-    if (left.IsText() && right.IsText()) return left.TextBytes() == right.TextBytes();
-    if (left.IsInteger() && right.IsInteger()) return left.Int64Value() == right.Int64Value();
-    if (left.IsNumber() && right.IsNumber()) return left.DoubleValue() == right.DoubleValue();
-    return left.value_ == right.value_;
+bool Variant::HasSameValue(const Variant& other) const {
+    if (IsInteger() && other.IsInteger()) return Int64Value() == other.Int64Value();
+    if (IsNumber() && other.IsNumber()) return DoubleValue() == other.DoubleValue();
+    return value_ == other.value_;
 }
 
 }  // namespace dunvey

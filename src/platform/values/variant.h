@@ -48,7 +48,9 @@ class Variant {
     }
 
     /// The code of VariantType, with the bit of Array for an array.
-    int VarType() const;
+    int VarType() const {
+        return IsArray() ? VariantType::Array | ArrayElementType() : kTypes[value_.index()];
+    }
     bool IsNull() const { return Holds<std::monostate>(); }
     bool IsText() const { return Holds<EncodedText>(); }
     bool IsInteger() const { return Holds<int32_t>() || Holds<int64_t>(); }
@@ -85,14 +87,26 @@ class Variant {
 
     /// The bytes and the encoding of a text, unconverted; valid until the value changes. No bytes
     /// for other values.
-    std::string_view TextBytes() const;
-    TextEncoding Encoding() const;
+    std::string_view TextBytes() const {
+        const auto* text = std::get_if<EncodedText>(&value_);
+        return text == nullptr ? std::string_view() : std::string_view(text->Bytes);
+    }
+    TextEncoding Encoding() const {
+        const auto* text = std::get_if<EncodedText>(&value_);
+        return text == nullptr ? TextEncoding::None : text->Encoding;
+    }
     /// The object's address, nullptr for other values.
-    Object* ObjectAddress() const;
+    Object* ObjectAddress() const {
+        const auto* object = std::get_if<Ref<Object>>(&value_);
+        return object == nullptr ? nullptr : object->Get();
+    }
 
     /// Numbers are equal by value whatever their types, texts by their bytes, objects if they are
     /// the same one, arrays by type and elements. Values of different kinds are never equal.
-    friend bool operator==(const Variant& left, const Variant& right);
+    friend bool operator==(const Variant& left, const Variant& right) {
+        if (left.IsText() && right.IsText()) return left.TextBytes() == right.TextBytes();
+        return left.HasSameValue(right);
+    }
 
  private:
     template <bool isSmall>
@@ -114,8 +128,14 @@ class Variant {
         return std::holds_alternative<T>(value_);
     }
     const Array& Elements() const;
+    bool HasSameValue(const Variant& other) const;
     [[noreturn]] void RaiseMismatch(const char* wanted) const;
 
+    /// The type codes of the alternatives of `value_`, in their order.
+    static constexpr int kTypes[] = {
+        VariantType::Nil,    VariantType::Boolean, VariantType::Integer32, VariantType::Integer64,
+        VariantType::Single, VariantType::Double,  VariantType::Date,      VariantType::Color,
+        VariantType::String, VariantType::Object};
     std::variant<std::monostate, bool, int32_t, int64_t, float, double, Date, Color, EncodedText,
                  Ref<Object>, Array>
         value_;
