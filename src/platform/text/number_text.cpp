@@ -95,7 +95,7 @@ std::string Fixed(double number, int maxPlaces) {
     // Most numbers have few digits. Both sides of the division are exact, so its result is what
     // reading the text gives. printf takes ten times as long.
     constexpr int kExactPowers = 22;                    // of ten, as doubles
-    constexpr double kExactLimit = 9007199254740992.0;  // 2^53, for whole numbers
+    constexpr double kExactLimit = 4503599627370496.0;  // 2^52: above it 0.5 can't be added
     double power = 1;
     for (int places = 0; places <= std::min(maxPlaces, kExactPowers); ++places, power *= 10) {
         const double shifted = number * power + 0.5;
