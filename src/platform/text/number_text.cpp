@@ -105,6 +105,17 @@ std::string Fixed(double number, int maxPlaces) {
     }
     // The digits before the point; below 0 for zeros after it. It may be one too many.
     const int before = number == 0 ? 0 : static_cast<int>(std::floor(std::log10(number))) + 1;
+    if (before >= kMaxDigits) {
+        // The digits that it takes to read back the same, then zeros.
+        std::string text = Str(number);
+        const size_t exponent = text.find('e');
+        if (exponent == text.npos) return text;
+        const size_t length = std::stoul(text.substr(exponent + 1)) + 1;
+        text.resize(exponent);
+        text.erase(1, 1);  // the point
+        text.resize(length, '0');
+        return text;
+    }
     for (int digits = kMinDigits;; ++digits) {
         const int places = std::clamp(digits - before, 0, maxPlaces);
         std::string text = Printed("%.*f", places, number);
