@@ -11,7 +11,6 @@ namespace dunvey {
 /// A JSON document that can't be read, written or used as requested.
 class JSONException : public RuntimeException {
  public:
-    JSONException() = default;
     /// Appends " at position " and the position if that is greater than 0. The position is a byte
     /// offset from the start of the text, counted from 0, after the token that failed.
     JSONException(const std::string& message, int errorNumber, int64_t position,
@@ -23,6 +22,7 @@ class JSONException : public RuntimeException {
                   SourcePlace place = SourcePlace::Here())
         : RuntimeException(Trim(detail).empty() ? message : message + ": " + detail, errorNumber,
                            place) {}
+    JSONException() = default;
 
     const char* Name() const noexcept override { return "JSONException"; }
 };
