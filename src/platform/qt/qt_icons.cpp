@@ -2,14 +2,12 @@
 
 #include <QApplication>
 #include <QFileInfo>
-#include <QImageReader>
 #include <QPainter>
 #include <QPixmap>
 #include <algorithm>
 #include <climits>
 #include <map>
 #include <string_view>
-#include <vector>
 
 namespace dunvey {
 namespace {
@@ -40,15 +38,15 @@ Bitmap Fitted(const QImage& image, const QSize& size) {
 
 class QtImage final : public NSImage {
  public:
-    explicit QtImage(IconSource source) : source_(std::move(source)) {}
+    explicit QtImage(const IconSource& source) : file_(source.file), source_(source.icon) {}
 
     Bitmap CGImageForProposedRect(const PixelRectangle& rectangle) const override {
         const QSize size(static_cast<int>(rectangle.Width), static_cast<int>(rectangle.Height));
         if (size.isEmpty()) return {};
-        QImage image = ReadIconFile(source_.file, std::max(size.width(), size.height()));
+        QImage image = file_.Read(std::max(size.width(), size.height()));
         if (image.isNull()) {
             // The search in the icon theme makes thousands of system calls.
-            if (icon_.isNull()) icon_ = source_.icon();
+            if (icon_.isNull()) icon_ = source_();
             image = icon_.pixmap(size).toImage();
             image.setDevicePixelRatio(1);
         }
@@ -56,7 +54,8 @@ class QtImage final : public NSImage {
     }
 
  private:
-    IconSource source_;
+    mutable IconFile file_;
+    std::function<QIcon()> source_;
     mutable QIcon icon_;
 };
 
@@ -66,19 +65,24 @@ std::function<QIcon()> StandardIcon(QStyle::StandardPixmap icon) {
     return [icon] { return QApplication::style()->standardIcon(icon); };
 }
 
-QImage ReadIconFile(const QString& path, int side) {
+IconFile::IconFile(const QString& path) {
     // Opening a FIFO could block.
-    if (!QFileInfo(path).isFile()) return {};
-    QImageReader reader(path, "icns");
+    if (!QFileInfo(path).isFile()) return;
+    reader_.setFileName(path);
+    reader_.setFormat("icns");
+    for (int part = 0; part < reader_.imageCount() && reader_.jumpToImage(part); ++part)
+        sides_.push_back(SideOf(reader_.subType()));
+}
+
+QImage IconFile::Read(int side) {
     // In the order in which they are tried: too small ones last, the largest of them first.
     std::multimap<int, int> parts;
-    for (int part = 0; part < reader.imageCount() && reader.jumpToImage(part); ++part) {
-        const int partSide = SideOf(reader.subType());
-        parts.emplace(partSide >= side ? partSide : INT_MAX - partSide, part);
-    }
-    for (const auto& [order, part] : parts) {
-        reader.jumpToImage(part);
-        const QImage image = reader.read();
+    int part = 0;
+    for (const int partSide : sides_)
+        parts.emplace(partSide >= side ? partSide : INT_MAX - partSide, part++);
+    for (const auto& [order, number] : parts) {
+        reader_.jumpToImage(number);
+        const QImage image = reader_.read();
         if (!image.isNull()) return image;
     }
     return {};

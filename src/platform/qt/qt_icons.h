@@ -1,10 +1,12 @@
 #pragma once
 
 #include <QIcon>
+#include <QImageReader>
 #include <QString>
 #include <QStyle>
 #include <functional>
 #include <string>
+#include <vector>
 
 #include "platform/pictures/native_image.h"
 #include "platform/values/reference.h"
@@ -29,8 +31,17 @@ IconSource SystemIcon(const QString& path);
 /// Sets the icon of the program's windows. Does nothing on macOS.
 void SetWindowIcon();
 
-/// The part of an icon file (.icns) that suits `side` pixels: the smallest that has at least as
-/// many, else the largest; unreadable ones are skipped. A null image if there is none.
-QImage ReadIconFile(const QString& path, int side);
+/// An icon file (.icns). Qt's reader takes longer to list its parts than to read one of them.
+class IconFile {
+ public:
+    explicit IconFile(const QString& path);
+    /// The part that suits `side` pixels: the smallest that has at least as many, else the largest;
+    /// unreadable ones are skipped. A null image if there is none.
+    QImage Read(int side);
+
+ private:
+    QImageReader reader_;
+    std::vector<int> sides_;  ///< of the parts, in pixels
+};
 
 }  // namespace dunvey

@@ -47,8 +47,9 @@ IconSource SystemIcon(const QString& path) {
 
 void SetWindowIcon() {
     QIcon icon;
+    IconFile file(OwnResource("Dunvey.icns"));
     for (const int side : {16, 32, 64, 128}) {
-        const QImage image = ReadIconFile(OwnResource("Dunvey.icns"), side);
+        const QImage image = file.Read(side);
         if (!image.isNull()) icon.addPixmap(QPixmap::fromImage(image));
     }
     QApplication::setWindowIcon(icon);
