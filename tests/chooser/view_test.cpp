@@ -69,15 +69,21 @@ TEST_F(Chooser, ShowsWhyItAsks) {
 }
 
 TEST_F(Chooser, ListsEveryVersionInOrderWithItsState) {
-    InstallOnly({{"CC 2019", "14.0.1"}, {"CS5.5", "7.5.3"}, {"CC", "9.0.3"}, {"CS3", ""}});
+    InstallOnly({{"CC 2019", "14.0.1"},
+                 {"CS5.5", "7.5.3"},
+                 {"CC", "9.1.0"},
+                 {"CC 9", "9.0.3"},
+                 {"CS3", ""}});
     Running({"CC"});
     Look([&](Window1& window) {
         const Listbox& list = *window.AppList();
-        EXPECT_EQ(Column(window, 0), (Texts{"Adobe InDesign CS3", "Adobe InDesign CS5.5",
-                                            "Adobe InDesign CC", "Adobe InDesign CC 2019"}));
-        EXPECT_EQ(Column(window, 1), (Texts{"0.0.0", "7.5.3", "9.0.3", "14.0.1"}));
-        EXPECT_EQ(Column(window, 2), (Texts{"", "", "Booting", ""}));
-        EXPECT_TRUE(list.CellTag(2, 2).BooleanValue());
+        EXPECT_EQ(Column(window, 0),
+                  (Texts{"Adobe InDesign CS3", "Adobe InDesign CS5.5", "Adobe InDesign CC 9",
+                         "Adobe InDesign CC", "Adobe InDesign CC 2019"}));
+        EXPECT_EQ(Column(window, 1), (Texts{"0.0.0", "7.5.3", "9.0.3", "9.1.0", "14.0.1"}));
+        EXPECT_EQ(Column(window, 2), (Texts{"", "", "", "Booting", ""}));
+        EXPECT_EQ(list.ColumnWidthsIn(410), (std::vector<int64_t>{256, 90, 64}));
+        EXPECT_TRUE(list.CellTag(3, 2).BooleanValue());
         EXPECT_TRUE(list.CellTag(1, 2).IsNull());
         EXPECT_EQ(Colour(list.RowPicture(1)),
                   Colour(Icon::Get(New<FolderItem>(AppPath("CS5.5")), 16)));
@@ -85,7 +91,7 @@ TEST_F(Chooser, ListsEveryVersionInOrderWithItsState) {
         EXPECT_EQ(list.ColumnAlignment(2), Listbox::kAlignCentre);
         EXPECT_EQ(list.SpokenName(),
                   "a.indd, InDesign CS6 (v8). The same version of InDesign.app is not installed.");
-        EXPECT_EQ(list.RowHelpTag(2), "") << "it can open the document";
+        EXPECT_EQ(list.RowHelpTag(3), "") << "it can open the document";
         EXPECT_EQ(list.RowHelpTag(1),
                   "Older than the document. Double-click with Control held down to open it all the "
                   "same.");

@@ -221,18 +221,6 @@ TEST_F(WindowCommands, GoToTheFrontWindowUnlessADialogIsOpen) {
     EXPECT_FALSE(Choose("FileClose"));
 }
 
-TEST_F(WindowCommands, AShownWindowLivesUntilItIsClosedOrTheDesktopIsRemoved) {
-    const std::weak_ptr<Window> closed = Shown().Shared();
-    EXPECT_FALSE(closed.expired());
-    EXPECT_TRUE(Choose("FileClose"));
-    EXPECT_TRUE(closed.expired());
-    const std::weak_ptr<Window> left = Shown().Shared();
-    Desktop::Install(nullptr);
-    EXPECT_TRUE(left.expired());
-    EXPECT_EQ(Enabled(), "");
-    InstallDesktop();
-}
-
 class LocalizedTexts : public test::World {};
 
 TEST_F(LocalizedTexts, AnExplicitLanguageSelectsTheTableAndTheWordOrder) {

@@ -51,6 +51,8 @@ TEST(ListboxTest, SortIsStableAndMovesWholeRows) {
     list.SetCellTag(2, 1, true);
     list.Sort();
     EXPECT_EQ(list.Cell(0, 0), "9b") << "no column has a direction";
+    EXPECT_THROW(list.SetColumnSortDirection(2, Listbox::kSortAscending), OutOfBoundsException);
+    EXPECT_THROW(list.SetColumnAlignment(2, Listbox::kAlignCentre), OutOfBoundsException);
     list.SetColumnSortDirection(0, Listbox::kSortAscending);
     list.Sort();
     const char* const sorted[] = {"7c", "9b", "9a", "14a"};

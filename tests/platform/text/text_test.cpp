@@ -37,6 +37,7 @@ TEST(Text, CutsByCharactersAndByBytes) {
     EXPECT_EQ(Len("a\xFF日😀"), 4);
     EXPECT_EQ(LenB("日"), 3);
     EXPECT_EQ(BytesOfCharacters("été", 1), 2);
+    EXPECT_EQ(BytesOfCharacters("été", 9), 5);
     EXPECT_EQ(Trim(" \t\r\n\v\fa b\n"), "a b");
     EXPECT_EQ(Trim(" \n"), "");
 }
