@@ -16,7 +16,6 @@
 #include "platform/loop/event_loop.h"
 #include "platform/qt/display.h"
 #include "platform/qt/dock.h"
-#include "platform/qt/qt_icons.h"
 #include "platform/qt/qt_message_dialog.h"
 #include "platform/qt/qt_style.h"
 #include "platform/qt/qt_window.h"
@@ -183,14 +182,6 @@ std::unique_ptr<Shown> QtDesktop::Show(Window& window, bool modal) {
 bool QtDesktop::IsCommandKeyDown() const {
     return QGuiApplication::focusWindow() != nullptr &&
            QGuiApplication::queryKeyboardModifiers().testFlag(Qt::ControlModifier);
-}
-
-Ref<NSImage> QtDesktop::IconForFile(const std::string& path) {
-    return QtIconForFile(path);
-}
-
-Ref<NSImage> QtDesktop::IconForFileType(const std::string& type) {
-    return QtIconForFileType(type);
 }
 
 int64_t QtDesktop::CompareTexts(const std::string& text1, const std::string& text2) {

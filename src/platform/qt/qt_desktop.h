@@ -10,6 +10,7 @@
 
 #include "platform/loop/desktop.h"
 #include "platform/qt/qt_fresh_window.h"
+#include "platform/qt/qt_icons.h"
 
 namespace dunvey {
 
@@ -43,8 +44,10 @@ class QtDesktop final : public Desktop {
     std::unique_ptr<Shown> Show(MessageDialog& dialog, Window* parent) override;
     std::unique_ptr<Shown> Show(Window& window, bool modal) override;
     bool IsCommandKeyDown() const override;
-    Ref<NSImage> IconForFile(const std::string& path) override;
-    Ref<NSImage> IconForFileType(const std::string& type) override;
+    Ref<NSImage> IconForFile(const std::string& path) override { return QtIconForFile(path); }
+    Ref<NSImage> IconForFileType(const std::string& type) override {
+        return QtIconForFileType(type);
+    }
     int64_t CompareTexts(const std::string& text1, const std::string& text2) override;
 
  private:
