@@ -54,7 +54,8 @@ void MeasureBesideDesktopOpeners() {
     data.Write("applications/handler.desktop",
                "[Desktop Entry]\nType=Application\nName=Handler\nExec=/bin/true "
                "%f\nMimeType=text/plain;\n");
-    data.Write("mimeapps.list", "[Default Applications]\ntext/plain=handler.desktop\n");
+    data.Write("applications/mimeapps.list",
+               "[Default Applications]\ntext/plain=handler.desktop\n");
     const std::string text = data.Write("text.txt", "text\n");
     const std::vector<std::string> document = home.AddDocuments(1);
     const std::vector<std::string> variables =
