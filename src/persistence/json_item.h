@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -24,10 +25,14 @@ namespace dunvey {
 class JSONItem : public Object {
  public:
     // How the item is written; items inside it are written the same way.
-    bool Compact = true;                               ///< without line ends and indentation
-    const char* DecimalFormat = "-0.0##############";  ///< see Str; empty for the plain conversion
-    bool EscapeSlashes = true;                         ///< "/" as "\/"
-    int64_t IndentSpacing = 2;                         ///< blanks per nesting level
+    bool Compact = true;  ///< without line ends and indentation
+    /// See Str; empty for the plain conversion.
+    std::string_view DecimalFormat() const {
+        return decimalFormat_ ? std::string_view(*decimalFormat_) : "-0.0##############";
+    }
+    void SetDecimalFormat(std::string format) { decimalFormat_ = std::move(format); }
+    bool EscapeSlashes = true;  ///< "/" as "\/"
+    int64_t IndentSpacing = 2;  ///< blanks per nesting level
 
     /// The document as JSON text. Raises JSONException 11 for a value that JSON has no form for and
     /// 14 for a document that contains itself or is nested deeper than 1,000 levels.
@@ -157,6 +162,8 @@ class JSONItem : public Object {
     void serialise(const Object& object, int64_t level, JSONStringBuffer& buffer, int depth) const;
     size_t escapeFirst(std::string_view text, JSONStringBuffer& buffer) const;
     void serialiseElements(Entries& entries) const;
+
+    std::optional<std::string> decimalFormat_;  // few items have one of their own
 };
 
 }  // namespace dunvey

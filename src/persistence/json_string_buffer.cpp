@@ -18,14 +18,6 @@ void JSONStringBuffer::Grow(uint64_t needed) {
     data->SetSize(size);
 }
 
-uint64_t JSONStringBuffer::length() const {
-    if (!data) return 0;
-    const std::string_view bytes = data->Bytes().substr(0, binaryLength);
-    return static_cast<uint64_t>(std::count_if(bytes.begin(), bytes.end(), [](char c) {
-        return (static_cast<unsigned char>(c) & 0xC0) != 0x80;
-    }));
-}
-
 JSONStringBuffer& JSONStringBuffer::operator=(std::string_view text) {
     if (!data) data = New<MemoryBlock>(uint64_t{1024});
     Append(text);

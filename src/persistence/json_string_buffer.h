@@ -19,6 +19,7 @@ class JSONStringBuffer final {
 
     uint64_t binaryLength = 0;  ///< bytes in use
     Ref<MemoryBlock> data;
+    uint64_t length = 0;  ///< characters appended: bytes that begin one
 
     // Inline, since most pieces are a few bytes.
     virtual void Append(std::string_view text) {
@@ -26,14 +27,17 @@ class JSONStringBuffer final {
         if (data->Size() < needed) Grow(needed);
         data->SetStringValue(binaryLength, text.size(), text);
         binaryLength = needed;
+        uint64_t characters = 0;
+        for (const char c : text)
+            characters += static_cast<signed char>(c) >= -0x40;
+        length += characters;
     }
     /// Starts with a text.
     explicit JSONStringBuffer(std::string_view text);
     /// Starts with a block of `capacity` bytes.
     explicit JSONStringBuffer(uint64_t capacity);
-    /// The characters appended: bytes that begin one.
-    uint64_t length() const;
-    virtual uint64_t Len() const { return length(); }
+    /// The length in characters.
+    virtual uint64_t Len() const { return length; }
     virtual operator std::string() const { return StringValue().Bytes; }
     /// Appends the text, also to a buffer without a block.
     virtual JSONStringBuffer& operator=(std::string_view text);

@@ -113,7 +113,7 @@ void JSONItem::serialise(const Variant& value, int64_t level, JSONStringBuffer& 
         case VariantType::Double: {
             // JSON has no form for NaN and infinities.
             const double number = value.DoubleValue();
-            return buffer.Append(std::isfinite(number) ? Str(number, DecimalFormat) : "null");
+            return buffer.Append(std::isfinite(number) ? Str(number, DecimalFormat()) : "null");
         }
         case VariantType::String:
             buffer.Append("\"");

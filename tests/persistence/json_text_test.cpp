@@ -200,7 +200,7 @@ TEST(JSONWrite, IndentsByTheOptionsOfTheItemThatIsAsked) {
               "{\n  \"a\":[],\n  \"b\":[\n    \"x\\/y\",\n    2.5\n  ],\n  \"c\":{}\n}");
     item.IndentSpacing = 12;
     item.EscapeSlashes = false;
-    item.DecimalFormat = "0.00";
+    item.SetDecimalFormat("0.00");
     const std::string line = "\n" + std::string(12, ' ');
     EXPECT_EQ(item.Serialize(inner.Get()), "[" + line + "\"x/y\"," + line + "2.50\n]");
     EXPECT_EQ(item.Serialize(nullptr), "");
