@@ -109,6 +109,8 @@ TEST_F(NativeMenus, ParentsAreFoundByIdentityAndNativeObjectsByTitle) {
     bar_->Append(nullptr);
     const Ref<MenuItem> undo = bar_->Find("EditUndo");
     const Ref<MenuItem> edit = bar_->Find("EditMenu");
+    bar_->Append(New<MenuItem>("LastMenu"));
+    EXPECT_EQ(CocoaMenuItem::GetParentOf(bar_->Items().back()), bar_) << "behind the nil";
     EXPECT_EQ(CocoaMenuItem::GetParentOf(edit), bar_);
     EXPECT_EQ(CocoaMenuItem::GetParentOf(undo), edit);
     for (const Ref<MenuItem>& none : {New<MenuItem>("EditUndo", "&Undo"), Ref<MenuItem>(bar_), {}})

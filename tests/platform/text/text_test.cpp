@@ -68,6 +68,7 @@ TEST(Encoding, ConvertsCharacterByCharacter) {
         {{"aé日", UTF8}, {"a??", ASCII}},
         // An overlong form, a surrogate, a code point beyond the last one.
         {{"\xE0\x80\xAF|\xED\xA0\x80|\xF4\x90\x80\x80", UTF8}, {"?|?|?", ASCII}},
+        {{"\x80", UTF8}, {"\xFD\xFF", UTF16}},
         {{"\xFF", UTF8}, {"\xFF", UTF8}},
         {{"\xFF", None}, {"\xFF", UTF8}}};
     for (const auto& [from, to] : cases)
@@ -96,6 +97,7 @@ TEST(NumberText, ReadsTheNumberAtTheBeginning) {
     for (const auto& [number, text] : numbers)
         EXPECT_EQ(Val(text), number) << text;
     EXPECT_EQ(Val("9999999999999999999999"), 1e22);
+    EXPECT_EQ(Truncate(9223372036854775808.0), INT64_MAX);
 }
 
 TEST(NumberText, APatternRoundsToItsPlaces) {
