@@ -51,9 +51,9 @@ def types_by_magic(data):
 
 def samples():
     """The headers found in the wild: (extension, bytes)."""
-    source = (SOURCES / "tests/support/headers.h").read_text()
-    for row in re.findall(r'\{"(ind\w)",\s*"[^"]*",((?:\s*"[0-9a-f]*")+)\}', source):
-        yield row[0], bytes.fromhex("".join(re.findall(r"[0-9a-f]+", row[1])))
+    for line in (SOURCES / "tests/inspect/sample_headers.tsv").read_text().splitlines():
+        extension, digits = line.split("\t")
+        yield extension, bytes.fromhex(digits)
 
 
 def icns_sizes(path):
