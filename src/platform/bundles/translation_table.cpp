@@ -92,8 +92,8 @@ class Reader {
     bool ReadEscape(std::string& quoted) {
         if (position_ >= text_.size()) return false;
         const char c = text_[position_++];
-        quoted += c == 'n' ? '\n' : c == 't' ? '\t' : c;
-        return std::string_view("nt\"\\'").find(c) != std::string_view::npos;
+        quoted += c == 'n' ? '\n' : c == 'r' ? '\r' : c == 't' ? '\t' : c;
+        return std::string_view("nrt\"\\'").find(c) != std::string_view::npos;
     }
 
     std::string_view text_;

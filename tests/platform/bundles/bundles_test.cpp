@@ -166,10 +166,10 @@ TEST(TranslationTable, ReadsRowsCommentsAndEscapes) {
     const TranslationTable table = ReadTranslationTable(
         "\xEF\xBB\xBF/* a comment\n over lines */ \"a\" = \"1\";\n"
         "// \"no\" = \"row\";\n"
-        "\"b\"=\"say \\\"x\\\" \\\\ \\n\\t\";\"c\"\n=\n\"3\"\n;\n"
+        "\"b\"=\"say \\\"x\\\" \\\\ \\n\\t\\r\";\"c\"\n=\n\"3\"\n;\n"
         "\"a\" = \"later\"; \"// d\" = \"/* not a comment */\";\r\n\"\" = \"\";");
     const TranslationTable expected = {{"a", "later"},
-                                       {"b", "say \"x\" \\ \n\t"},
+                                       {"b", "say \"x\" \\ \n\t\r"},
                                        {"c", "3"},
                                        {"// d", "/* not a comment */"},
                                        {"", ""}};
