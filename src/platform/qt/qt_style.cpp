@@ -4,8 +4,8 @@
 #include <QPainter>
 #include <QStyleOption>
 
-#include "platform/qt/qt_text.h"
 #include "platform/pictures/contrast.h"
+#include "platform/qt/qt_text.h"
 
 namespace dunvey {
 namespace {
@@ -63,7 +63,12 @@ void QtStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option
 QIcon QtStyle::standardIcon(StandardPixmap icon, const QStyleOption* option,
                             const QWidget* widget) const {
     if (icon != SP_ToolBarHorizontalExtensionButton) {
-        return QProxyStyle::standardIcon(icon, option, widget);
+        // Where no icon theme is set, Qt would look for its own icons in thousands of files.
+        const bool hasTheme = QIcon::themeName() != QLatin1String("hicolor");
+        QApplication::setDesktopSettingsAware(hasTheme);
+        QIcon result = QProxyStyle::standardIcon(icon, option, widget);
+        QApplication::setDesktopSettingsAware(true);
+        return result;
     }
     // Every new menu bar asks for this icon. The style would load an image plug-in for it.
     constexpr int kSide = 16;
