@@ -1,6 +1,7 @@
 #include "platform/bundles/property_list.h"
 
 #include <plist/plist.h>
+#include <sys/stat.h>
 
 #include <cstdint>
 #include <memory>
@@ -85,10 +86,14 @@ std::string ReadPropertyListFile(const std::string& path) {
     int error = 0;
     const FileDescriptor file = OpenRegularFile(path, error);
     if (!file) return {};
-    std::string bytes(kPropertyListLimit + 1, '\0');
+    struct stat status{};
+    if (fstat(file.Get(), &status) != 0) return {};
+    const auto size = static_cast<size_t>(status.st_size);
+    if (size > kPropertyListLimit) return {};
+    std::string bytes(size, '\0');
     const ssize_t count = ReadFully(file.Get(), bytes.data(), bytes.size());
     bytes.resize(count > 0 ? static_cast<size_t>(count) : 0);
-    return bytes.size() > kPropertyListLimit ? std::string() : bytes;
+    return bytes;
 }
 
 }  // namespace dunvey
