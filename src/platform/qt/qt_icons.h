@@ -1,12 +1,11 @@
 #pragma once
 
 #include <QIcon>
-#include <QImageReader>
+#include <QImage>
 #include <QString>
 #include <QStyle>
 #include <functional>
 #include <string>
-#include <vector>
 
 #include "platform/pictures/native_image.h"
 #include "platform/values/reference.h"
@@ -18,10 +17,12 @@ Ref<NSImage> QtIconForFile(const std::string& path);
 /// The icon of a file type: an extension, or a four-letter code in single quotes.
 Ref<NSImage> QtIconForFileType(const std::string& type);
 
-/// An icon file (.icns), empty for none, and the icon that is used without it.
+/// Where an icon comes from.
 struct IconSource {
-    QString file;
-    std::function<QIcon()> icon;
+    /// The image of an icon file for so many pixels on a side; null if it has none. Empty without
+    /// an icon file.
+    std::function<QImage(int side)> file;
+    std::function<QIcon()> icon;  ///< what is used where there is no image
 };
 
 /// An icon of the style.
@@ -30,18 +31,5 @@ std::function<QIcon()> StandardIcon(QStyle::StandardPixmap icon);
 IconSource SystemIcon(const QString& path);
 /// Sets the icon of the program's windows. Does nothing on macOS.
 void SetWindowIcon();
-
-/// An icon file (.icns). Qt's reader takes longer to list its parts than to read one of them.
-class IconFile {
- public:
-    explicit IconFile(const QString& path);
-    /// The part that suits `side` pixels: the smallest that has at least as many, else the largest;
-    /// unreadable ones are skipped. A null image if there is none.
-    QImage Read(int side);
-
- private:
-    QImageReader reader_;
-    std::vector<int> sides_;  ///< of the parts, in pixels
-};
 
 }  // namespace dunvey

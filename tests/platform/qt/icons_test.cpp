@@ -86,6 +86,8 @@ TEST_F(Icons, ABundlesIconIsTheReadablePartThatFitsBest) {
         EXPECT_EQ(bitmap.Width, size);
         EXPECT_EQ(bitmap.Pixels, std::vector<uint32_t>(static_cast<size_t>(size * size), color));
     }
+    const std::string translucent = IconFile({IconPart("ic07", Png(128, 128, 0x80FF0000))});
+    EXPECT_EQ(Middle(QtIconForFile(App(translucent)), 128), 0x80800000) << "premultiplied";
 }
 
 TEST_F(Icons, ADamagedIconFileGivesWayToTheTheme) {

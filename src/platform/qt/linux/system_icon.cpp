@@ -1,20 +1,50 @@
 #include <QApplication>
 #include <QFileInfo>
+#include <QImageReader>
 #include <QMimeDatabase>
 
 #include "platform/bundles/bundle_icon.h"
 #include "platform/bundles/executable_path.h"
+#include "platform/linux/icons/icon_file.h"
 #include "platform/qt/qt_icons.h"
 
 namespace dunvey {
 namespace {
 
-QString OwnResource(const char* name) {
-    return QString::fromStdString(OwnResources()->Child(name)->NativePath());
+std::string OwnResource(const char* name) {
+    return OwnResources()->Child(name)->NativePath();
+}
+
+/// The part of that type as Qt reads it; null if it can't.
+QImage ReadByQt(const IconFile& file, const IconFilePart& part) {
+    QImageReader reader(QString::fromStdString(file.Path()), "icns");
+    for (int i = 0; i < reader.imageCount() && reader.jumpToImage(i); ++i)
+        if (reader.subType().left(4).toStdString() == part.Type) return reader.read();
+    return {};
+}
+
+QImage ReadIcon(const IconFile& file, int side) {
+    for (const IconFilePart& part : file.PartsFor(side)) {
+        const Bitmap bitmap = file.ReadPng(part);
+        const auto* pixels = reinterpret_cast<const uchar*>(bitmap.Pixels.data());
+        const QImage image = bitmap.Pixels.empty() ? ReadByQt(file, part)
+                                                   : QImage(pixels, static_cast<int>(bitmap.Width),
+                                                            static_cast<int>(bitmap.Height),
+                                                            QImage::Format_ARGB32_Premultiplied)
+                                                         .copy();
+        if (!image.isNull()) return image;
+    }
+    return {};
+}
+
+/// What reads the icon file. An empty path gives an empty function.
+std::function<QImage(int side)> ReaderOf(const std::string& path) {
+    if (path.empty()) return {};
+    return [file = IconFile(path)](int side) { return ReadIcon(file, side); };
 }
 
 /// The icon that was imported for documents with this extension; empty for other files.
-QString ImportedIcon(const QString& extension) {
+std::string ImportedIcon(const QString& extension) {
     if (extension == QLatin1String("indb")) return OwnResource("ID_Book_Icon.icns");
     for (const char* document : {"indd", "indl", "indt"})
         if (extension == QLatin1String(document)) return OwnResource("ID_Document_Icon.icns");
@@ -38,18 +68,18 @@ QIcon ApplicationIcon() {
 
 IconSource SystemIcon(const QString& path) {
     const FolderItem item(path.toStdString());
-    if (IsBundle(item)) return {QString::fromStdString(BundleIconPath(item)), &ApplicationIcon};
+    if (IsBundle(item)) return {ReaderOf(BundleIconPath(item)), &ApplicationIcon};
     if (item.Directory()) return {{}, StandardIcon(QStyle::SP_DirIcon)};
     const QFileInfo file(path);
-    return {ImportedIcon(file.suffix().toLower()),
+    return {ReaderOf(ImportedIcon(file.suffix().toLower())),
             [name = file.fileName()] { return DocumentIcon(name); }};
 }
 
 void SetWindowIcon() {
     QIcon icon;
-    IconFile file(OwnResource("Dunvey.icns"));
+    const IconFile file(OwnResource("Dunvey.icns"));
     for (const int side : {16, 32, 64, 128}) {
-        const QImage image = file.Read(side);
+        const QImage image = ReadIcon(file, side);
         if (!image.isNull()) icon.addPixmap(QPixmap::fromImage(image));
     }
     QApplication::setWindowIcon(icon);
