@@ -86,7 +86,7 @@ std::string ReadPropertyListFile(const std::string& path) {
     int error = 0;
     const FileDescriptor file = OpenRegularFile(path, error);
     if (!file) return {};
-    struct stat status{};
+    struct stat status {};
     if (fstat(file.Get(), &status) != 0) return {};
     const auto size = static_cast<size_t>(status.st_size);
     if (size > kPropertyListLimit) return {};
