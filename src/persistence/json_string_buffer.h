@@ -23,14 +23,16 @@ class JSONStringBuffer final {
 
     // Inline, since most pieces are a few bytes.
     virtual void Append(std::string_view text) {
-        const uint64_t needed = binaryLength + text.size();
-        if (data->Size() < needed) Grow(needed);
-        data->SetStringValue(binaryLength, text.size(), text);
-        binaryLength = needed;
+        AppendBytes(text);
         uint64_t characters = 0;
         for (const char c : text)
             characters += static_cast<signed char>(c) >= -0x40;
         length += characters;
+    }
+    /// Appends a text whose bytes are one character each, without counting them.
+    void AppendAscii(std::string_view text) {
+        AppendBytes(text);
+        length += text.size();
     }
     /// Starts with a text.
     explicit JSONStringBuffer(std::string_view text);
@@ -46,6 +48,12 @@ class JSONStringBuffer final {
     ~JSONStringBuffer() = default;
 
  private:
+    void AppendBytes(std::string_view text) {
+        const uint64_t needed = binaryLength + text.size();
+        if (data->Size() < needed) Grow(needed);
+        data->SetStringValue(binaryLength, text.size(), text);
+        binaryLength = needed;
+    }
     void Grow(uint64_t needed);
 };
 

@@ -103,12 +103,12 @@ void JSONItem::serialise(const Variant& value, int64_t level, JSONStringBuffer& 
                          int depth) const {
     switch (value.VarType()) {
         case VariantType::Nil:
-            return buffer.Append("null");
+            return buffer.AppendAscii("null");
         case VariantType::Boolean:
-            return buffer.Append(value.BooleanValue() ? "true" : "false");
+            return buffer.AppendAscii(value.BooleanValue() ? "true" : "false");
         case VariantType::Integer32:
         case VariantType::Integer64:
-            return buffer.Append(Str(value.Int64Value()));
+            return buffer.AppendAscii(Str(value.Int64Value()));
         case VariantType::Single:
         case VariantType::Double: {
             // JSON has no form for NaN and infinities.
@@ -116,9 +116,9 @@ void JSONItem::serialise(const Variant& value, int64_t level, JSONStringBuffer& 
             return buffer.Append(std::isfinite(number) ? Str(number, DecimalFormat()) : "null");
         }
         case VariantType::String:
-            buffer.Append("\"");
+            buffer.AppendAscii("\"");
             _escape(IsUTF8(value) ? value.TextBytes() : value.StringValue(), buffer);
-            return buffer.Append("\"");
+            return buffer.AppendAscii("\"");
         case VariantType::Object:
             return serialise(*value.ObjectAddress(), level, buffer, depth);
         default:
@@ -135,7 +135,7 @@ class JSONItem::Entries {
         // A document that contains itself is recognised by its depth.
         if (depth == kMaxDepth)
             throw JSONException("Circular Reference Detected", 14, std::string());
-        buffer.Append(isArray ? "[" : "{");
+        buffer.AppendAscii(isArray ? "[" : "{");
         const int64_t blanks = std::max<int64_t>(0, level + options.IndentSpacing);
         if (!options.Compact)
             start_.append(EndOfLine::Platform).append(static_cast<size_t>(blanks), ' ');
@@ -144,21 +144,21 @@ class JSONItem::Entries {
 
     void Add(std::string_view key, const Variant& value) {
         // The first entry has no comma.
-        buffer_.Append(std::string_view(start_).substr(isEmpty_ ? 1 : 0));
+        buffer_.AppendAscii(std::string_view(start_).substr(isEmpty_ ? 1 : 0));
         isEmpty_ = false;
         if (!isArray_) {
             options_._escape(key, buffer_);
-            buffer_.Append(options_._RenderAsJavascript ? ":" : "\":");
+            buffer_.AppendAscii(options_._RenderAsJavascript ? ":" : "\":");
         }
         options_.serialise(value, level_ + options_.IndentSpacing, buffer_, depth_ + 1);
     }
 
     void End() {
         if (!isEmpty_ && !options_.Compact) {
-            buffer_.Append(EndOfLine::Platform);
+            buffer_.AppendAscii(EndOfLine::Platform);
             indentBuffer(level_, buffer_);
         }
-        buffer_.Append(isArray_ ? "]" : "}");
+        buffer_.AppendAscii(isArray_ ? "]" : "}");
     }
 
  private:
@@ -228,7 +228,7 @@ size_t JSONItem::escapeFirst(std::string_view text, JSONStringBuffer& buffer) co
     const uint32_t needs = NeedsOf(text[0]);
     if (needs == kShort) {
         const bool isPlain = text[0] == '/' && !EscapeSlashes;
-        buffer.Append(isPlain ? "/" : ShortEscape(text[0]));
+        buffer.AppendAscii(isPlain ? "/" : ShortEscape(text[0]));
         return 1;
     }
     const std::string_view character =
@@ -254,7 +254,7 @@ std::string JSONItem::_escapeRange(std::string text, int64_t first, int64_t last
 }
 
 void JSONItem::indentBuffer(int64_t count, JSONStringBuffer& buffer) {
-    if (count > 0) buffer.Append(std::string(static_cast<size_t>(count), ' '));
+    if (count > 0) buffer.AppendAscii(std::string(static_cast<size_t>(count), ' '));
 }
 
 }  // namespace dunvey
