@@ -27,7 +27,7 @@ constexpr const char* kPlugin = "libDunveyQt.so";
 std::unique_ptr<Desktop> LoadDesktop() {
     const Ref<FolderItem> contents = Application::ExecutableFile()->Parent()->Parent();
     const std::string path = contents->Child("PlugIns")->Child(kPlugin)->NativePath();
-    void* const plugin = dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL);
+    void* const plugin = dlopen(path.c_str(), RTLD_LAZY | RTLD_LOCAL);
     if (plugin == nullptr) RefusePlugin();
     void* const make = dlsym(plugin, "DunveyMakeDesktop");
     if (make == nullptr) RefusePlugin();
