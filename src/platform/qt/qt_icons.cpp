@@ -10,6 +10,11 @@ namespace {
 
 /// The image in the middle of a bitmap of that size, as large as fits.
 Bitmap Fitted(const QImage& image, const QSize& size) {
+    if (image.size() == size) {
+        const QImage same = image.convertToFormat(QImage::Format_ARGB32_Premultiplied);
+        const auto* first = reinterpret_cast<const uint32_t*>(same.constBits());
+        return {size.width(), size.height(), {first, first + same.sizeInBytes() / 4}};
+    }
     std::vector<uint32_t> pixels(static_cast<size_t>(size.width()) *
                                  static_cast<size_t>(size.height()));
     QImage fitted(reinterpret_cast<uchar*>(pixels.data()), size.width(), size.height(),
