@@ -23,17 +23,24 @@ class JSONStringBuffer final {
 
     // Inline, since most pieces are a few bytes.
     virtual void Append(std::string_view text) {
-        AppendBytes(text);
         uint64_t characters = 0;
-        for (const char c : text)
-            characters += static_cast<signed char>(c) >= -0x40;
+        for (const char byte : text)
+            characters += BeginsCharacter(byte);
+        AppendCounted(text, characters);
+    }
+    /// Appends a text of as many characters as are given.
+    [[gnu::always_inline]] void AppendCounted(std::string_view text, uint64_t characters) {
+        MemoryBlock& block = *data;
+        const uint64_t needed = binaryLength + text.size();
+        if (block.Size() < needed) Grow(needed);
+        block.SetStringValue(binaryLength, text.size(), text);
+        binaryLength = needed;
         length += characters;
     }
-    /// Appends a text whose bytes are one character each, without counting them.
-    void AppendAscii(std::string_view text) {
-        AppendBytes(text);
-        length += text.size();
-    }
+    /// Appends a text whose bytes are one character each.
+    void AppendAscii(std::string_view text) { AppendCounted(text, text.size()); }
+    /// Whether the byte is the first one of a character in UTF-8.
+    static bool BeginsCharacter(char byte) { return static_cast<signed char>(byte) >= -0x40; }
     /// Starts with a text.
     explicit JSONStringBuffer(std::string_view text);
     /// Starts with a block of `capacity` bytes.
@@ -48,12 +55,6 @@ class JSONStringBuffer final {
     ~JSONStringBuffer() = default;
 
  private:
-    void AppendBytes(std::string_view text) {
-        const uint64_t needed = binaryLength + text.size();
-        if (data->Size() < needed) Grow(needed);
-        data->SetStringValue(binaryLength, text.size(), text);
-        binaryLength = needed;
-    }
     void Grow(uint64_t needed);
 };
 

@@ -214,9 +214,10 @@ void JSONItem::serialiseElements(Entries& entries) const {
 void JSONItem::_escape(std::string_view text, JSONStringBuffer& buffer) const {
     for (;;) {
         size_t plain = 0;
-        while (plain < text.size() && NeedsOf(text[plain]) == 0)
-            ++plain;
-        buffer.Append(text.substr(0, plain));
+        uint64_t characters = 0;
+        for (; plain < text.size() && NeedsOf(text[plain]) == 0; ++plain)
+            characters += JSONStringBuffer::BeginsCharacter(text[plain]);
+        buffer.AppendCounted(text.substr(0, plain), characters);
         if (plain == text.size()) return;
         text.remove_prefix(plain);
         text.remove_prefix(escapeFirst(text, buffer));
