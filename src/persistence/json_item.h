@@ -1,7 +1,7 @@
 #pragma once
 
 #include <cstdint>
-#include <optional>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -30,7 +30,9 @@ class JSONItem : public Object {
     std::string_view DecimalFormat() const {
         return decimalFormat_ ? std::string_view(*decimalFormat_) : "-0.0##############";
     }
-    void SetDecimalFormat(std::string format) { decimalFormat_ = std::move(format); }
+    void SetDecimalFormat(std::string format) {
+        decimalFormat_ = std::make_unique<std::string>(std::move(format));
+    }
     bool EscapeSlashes = true;  ///< "/" as "\/"
     int64_t IndentSpacing = 2;  ///< blanks per nesting level
 
@@ -163,7 +165,7 @@ class JSONItem : public Object {
     size_t escapeFirst(std::string_view text, JSONStringBuffer& buffer) const;
     void serialiseElements(Entries& entries) const;
 
-    std::optional<std::string> decimalFormat_;  // few items have one of their own
+    std::unique_ptr<const std::string> decimalFormat_;  // nullptr for the default
 };
 
 }  // namespace dunvey

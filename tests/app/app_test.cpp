@@ -252,6 +252,10 @@ TEST_F(ExceptionReport, IsWrittenToStandardErrorWithoutADisplayToo) {
     const std::string report = Report([] { throw KeyNotFoundException("nothing there"); });
     EXPECT_NE(report.find("KeyNotFoundException: nothing there ("), std::string::npos) << report;
     EXPECT_NE(report.find("app_test.cpp:"), std::string::npos) << report;
+    EXPECT_EQ(Report([] { throw std::out_of_range("too far"); }),
+              "Dunvey: unhandled std::exception: too far (unknown place)\n");
+    EXPECT_EQ(Report([] { throw DesktopUnavailableException("No display."); }),
+              "Dunvey: No display.\n");
     InstallDesktop();
 }
 

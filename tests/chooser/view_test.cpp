@@ -5,6 +5,7 @@
 #include "icons/icon.h"
 #include "menus/main_menu_bar.h"
 #include "support/application.h"
+#include "version/installed_apps.h"
 
 namespace dunvey {
 namespace {
@@ -47,6 +48,8 @@ TEST_F(Chooser, ShowsWhyItAsks) {
         commandKey_ = row.commandKey;
         Look([&](Window1& window) {
             EXPECT_EQ(window.idx, 0);
+            for (int kind = NSWindow::kCloseButton; kind <= NSWindow::kZoomButton; ++kind)
+                EXPECT_TRUE(window.Handle()->standardWindowButton(kind)->isHidden());
             std::string flags;
             for (const bool flag : {window.IsBootingApp, window.IsBootingOtherApp,
                                     window.IsInstalled, window.NeedJudgment})
@@ -117,6 +120,14 @@ TEST_F(Chooser, HeightFollowsTheRows) {
             EXPECT_EQ(window.Height(), height);
         });
     }
+    Look([&](Window1& window) {
+        InstallOnly({{"CC", "9.0.0"}});
+        InDesign::GetInstalledApps();
+        Running({"CC"});
+        window.ReView();
+        EXPECT_EQ(window.Height(), 356) << "fewer rows";
+        EXPECT_TRUE(window.IsBootingOtherApp) << "started since the chooser was shown";
+    });
 }
 
 TEST_F(Chooser, PaintsCellsByRowColumnSelectionAndWhetherTheyCanOpenTheDocument) {

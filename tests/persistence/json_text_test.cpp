@@ -206,6 +206,17 @@ TEST(JSONWrite, IndentsByTheOptionsOfTheItemThatIsAsked) {
     EXPECT_EQ(item.Serialize(nullptr), "");
 }
 
+TEST(JSONStringBuffer, DoublesItsBlockWhenATextNeedsMore) {
+    JSONStringBuffer buffer(uint64_t{4});
+    for (const auto& [text, size] : {std::pair("abcd", 4u), {"efgh", 8u}, {"日本", 16u}}) {
+        buffer.Append(text);
+        EXPECT_EQ(buffer.data->Size(), size) << text;
+    }
+    EXPECT_EQ(buffer.length, 10u);
+    EXPECT_EQ(buffer.Len(), 10u);
+    EXPECT_EQ(buffer.StringValue().Bytes, "abcdefgh日本");
+}
+
 TEST(JSONWrite, TakesDictionariesCollectionsAndNamesWithoutQuotes) {
     const Ref<Dictionary> dictionary = New<Dictionary>();
     dictionary->SetValue("k/y", 1);

@@ -6,6 +6,7 @@
 #include "platform/controls/check_box.h"
 #include "platform/controls/label.h"
 #include "platform/controls/listbox.h"
+#include "platform/controls/message_dialog.h"
 #include "platform/controls/reg_ex_xojo.h"
 #include "platform/text/reg_ex.h"
 #include "platform/values/exceptions.h"
@@ -80,6 +81,18 @@ TEST(ListboxTest, TypedTextPrefersWholeNamesAndTheSelectedRow) {
         list.SetListIndex(selected);
         EXPECT_EQ(list.RowWithWord(text), row) << text << selected;
     }
+}
+
+class DialogTest : public test::World {};
+
+TEST_F(DialogTest, TakesTheFirstPressOfAVisibleButton) {
+    MessageDialog dialog;
+    dialog.AlternateActionButton->Visible = true;
+    user_->ExpectMessage("", {}, [&](const MessageDialog&) {
+        dialog.Press(User::ByUser(), dialog.CancelButton);
+        dialog.Press(User::ByUser(), dialog.AlternateActionButton);
+    });
+    EXPECT_EQ(dialog.ShowModal(), dialog.AlternateActionButton);
 }
 
 class RegExXojoTest : public test::World {};

@@ -100,6 +100,13 @@ TEST(NumberText, ReadsTheNumberAtTheBeginning) {
     EXPECT_EQ(Truncate(9223372036854775808.0), INT64_MAX);
 }
 
+TEST(NumberText, FormatFillsWithZerosAfterTheSign) {
+    const std::pair<double, const char*> numbers[] = {
+        {0, "00"}, {7.9, "07"}, {-7, "-07"}, {10, "10"}, {-123, "-123"}};
+    for (const auto& [number, text] : numbers)
+        EXPECT_EQ(Format(number, "00"), text);
+}
+
 TEST(NumberText, APatternRoundsToItsPlaces) {
     const char* const usual = "-0.0##############";
     const std::tuple<const char*, double, const char*> cases[] = {

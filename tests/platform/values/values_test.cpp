@@ -87,6 +87,11 @@ TEST(Dictionary, TakesKeysOfAllTypes) {
         EXPECT_EQ(dictionary.Value(1.0).Int32Value(), 3) << "numbers are compared by value";
         EXPECT_FALSE(dictionary.HasKey(New<Dictionary>()));
     }
+    Dictionary list;
+    for (int i = 0; i < 3; ++i)
+        list.SetValue(i, i);
+    list.Remove(1);
+    EXPECT_EQ(list.Lookup(2, Variant()).Int32Value(), 2) << "no longer the whole numbers from 0";
     EXPECT_EQ(dictionary.Lookup("key", "else").StringValue(), "else");
     EXPECT_THROW(dictionary.Value(New<Dictionary>()), KeyNotFoundException);
     try {
