@@ -149,6 +149,11 @@ TEST_F(PreferencesTest, LeavesAFileAloneThatIsTooLarge) {
         EXPECT_EQ(Started(), size <= kLimit ? storedValues_ : kDefaults);
         EXPECT_EQ(Preferences::Prefs->Save(), size <= kLimit);
     }
+    MakeFile(stored_);
+    EXPECT_EQ(Started(), storedValues_);
+    Preferences::Prefs->Set("Large", std::string(size_t{kLimit}, 'x'));
+    EXPECT_FALSE(Preferences::Prefs->Save()) << "the next run couldn't read it";
+    EXPECT_EQ(Contents(), stored_);
 }
 
 TEST_F(PreferencesTest, ValuesOfAnotherTypeAreConverted) {

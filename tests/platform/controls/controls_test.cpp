@@ -54,6 +54,7 @@ TEST(ListboxTest, SortIsStableAndMovesWholeRows) {
     EXPECT_EQ(list.Cell(0, 0), "9b") << "no column has a direction";
     EXPECT_THROW(list.SetColumnSortDirection(2, Listbox::kSortAscending), OutOfBoundsException);
     EXPECT_THROW(list.SetColumnAlignment(2, Listbox::kAlignCentre), OutOfBoundsException);
+    EXPECT_THROW(list.SetRowPicture(4, nullptr), OutOfBoundsException);
     list.SetColumnSortDirection(0, Listbox::kSortAscending);
     list.Sort();
     const char* const sorted[] = {"7c", "9b", "9a", "14a"};

@@ -81,6 +81,10 @@ TEST_F(MenuBarTest, ShortcutsAreValidatedWhenTheyArePressed) {
     Open(window_);
     Key(Qt::Key_M, Qt::ControlModifier);
     EXPECT_FALSE(Shown().isMinimized()) << "it has no such button";
+    window_.MinimizeButton = true;
+    Key(Qt::Key_M, Qt::ControlModifier);
+    EXPECT_TRUE(Shown().isMinimized());
+    Shown().showNormal();
     // An open menu disables its items until it closes.
     copy->AutoEnable = copy->Enabled = false;
     EXPECT_NE(ItemsOf(1).find("Copy(Ctrl+C)!"), std::string::npos);
