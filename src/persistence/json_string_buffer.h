@@ -38,7 +38,9 @@ class JSONStringBuffer final {
         length += characters;
     }
     /// Appends a text whose bytes are one character each.
-    void AppendAscii(std::string_view text) { AppendCounted(text, text.size()); }
+    [[gnu::always_inline]] void AppendAscii(std::string_view text) {
+        AppendCounted(text, text.size());
+    }
     /// Whether the byte is the first one of a character in UTF-8.
     static bool BeginsCharacter(char byte) { return static_cast<signed char>(byte) >= -0x40; }
     /// Starts with a text.
