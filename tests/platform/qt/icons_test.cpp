@@ -93,8 +93,11 @@ TEST_F(Icons, ABundlesIconIsTheReadablePartThatFitsBest) {
 TEST_F(Icons, ADamagedIconFileGivesWayToTheTheme) {
     MakeTheme({"application-x-executable"});
     const std::string png = Png(64, 64, kRed);
+    std::vector<std::string> tooManyParts(64, IconPart("junk", ""));
+    tooManyParts.push_back(IconPart("ic12", png));
     for (const std::string& file :
          {std::string(), std::string("no icon file"), IconFile({IconPart("ic12", "")}),
+          IconFile(tooManyParts), IconFile({IconPart("ic12", Png(2049, 64, kRed))}),
           IconFile({IconPart("ic12", png.substr(0, 40))}), "icns" + test::BigEndian(0xFFFFFFFF),
           IconFile({"ic12" + test::BigEndian(0x7FFFFFFF) + "x"})}) {
         EXPECT_EQ(Middle(QtIconForFile(App(file)), 64), kBlue) << file.substr(0, 20);

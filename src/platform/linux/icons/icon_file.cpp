@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <bit>
+#include <optional>
 #include <string_view>
 
 #include "platform/files/file_descriptor.h"
@@ -14,9 +15,9 @@ namespace {
 
 constexpr int kHeaderSize = 8;
 /// Real files have up to 20 parts. More would only take time.
-constexpr size_t kMostParts = 64;
+constexpr int kMostParts = 64;
 constexpr uint32_t kMostBytes = 16 << 20;
-/// Qt reads larger ones and limits the memory that they take.
+/// The largest type of part has 1,024.
 constexpr uint32_t kMostPixelsOnASide = 2048;
 
 /// Pixels on a side of a part, by its type; 0 for an unknown type. The types are listed in
@@ -30,15 +31,19 @@ int SideOf(const std::string& type) {
     return 0;
 }
 
-/// Reads a type and a length, which includes these eight bytes.
-bool ReadHeader(const FileDescriptor& file, int64_t offset, std::string& type, uint32_t& length) {
-    unsigned char bytes[kHeaderSize];
-    if (pread(file.Get(), bytes, kHeaderSize, offset) != kHeaderSize) return false;
-    type.assign(bytes, bytes + 4);
-    length = 0;
-    for (int i = 4; i < 8; ++i)
+/// The part whose header of type and length is at the offset.
+std::optional<IconFilePart> PartAt(const FileDescriptor& file, int64_t offset) {
+    unsigned char bytes[2 * kHeaderSize];
+    const ssize_t count = pread(file.Get(), bytes, sizeof bytes, offset);
+    if (count < kHeaderSize) return std::nullopt;
+    uint32_t length = 0;
+    for (int i = 4; i < kHeaderSize; ++i)
         length = length << 8 | bytes[i];
-    return length >= kHeaderSize;
+    if (length < kHeaderSize) return std::nullopt;  // it includes the header
+    const std::string type(bytes, bytes + 4);
+    const bool isPng =
+        count == sizeof bytes && png_sig_cmp(bytes + kHeaderSize, 0, kHeaderSize) == 0;
+    return IconFilePart{type, SideOf(type), isPng, offset + kHeaderSize, length - kHeaderSize};
 }
 
 uint32_t Premultiplied(uint32_t pixel) {
@@ -54,13 +59,12 @@ uint32_t Premultiplied(uint32_t pixel) {
 IconFile::IconFile(std::string path) : path_(std::move(path)) {
     int error = 0;
     const FileDescriptor file = OpenRegularFile(path_, error);
-    std::string type;
-    uint32_t length = 0;
-    if (!ReadHeader(file, 0, type, length) || type != "icns") return;
-    for (int64_t offset = kHeaderSize;
-         parts_.size() < kMostParts && ReadHeader(file, offset, type, length); offset += length) {
-        const IconFilePart part{type, SideOf(type), offset + kHeaderSize, length - kHeaderSize};
-        if (part.Side > 0 && part.Length <= kMostBytes) parts_.push_back(part);
+    std::optional<IconFilePart> part = PartAt(file, 0);
+    if (!part || part->Type != "icns") return;
+    int64_t offset = kHeaderSize;
+    for (int i = 0; i < kMostParts && (part = PartAt(file, offset)); ++i) {
+        if (part->Side > 0 && part->Length <= kMostBytes) parts_.push_back(*part);
+        offset = part->Offset + part->Length;
     }
 }
 

@@ -12,6 +12,7 @@ namespace dunvey {
 struct IconFilePart {
     std::string Type;  ///< four characters
     int Side = 0;      ///< pixels
+    bool IsPng = false;
     int64_t Offset = 0;
     uint32_t Length = 0;  ///< bytes
 };
@@ -27,7 +28,8 @@ class IconFile {
     /// The parts in the order in which they suit `side` pixels: the smallest that has at least as
     /// many, then larger ones, then smaller ones, the largest of them first.
     std::vector<IconFilePart> PartsFor(int side) const;
-    /// The pixels of a PNG part; none for a damaged part or one of another format.
+    /// The pixels of a PNG part; none for a damaged part and for one that is far larger than its
+    /// type says.
     Bitmap ReadPng(const IconFilePart& part) const;
 
  private:

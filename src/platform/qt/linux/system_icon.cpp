@@ -23,15 +23,18 @@ QImage ReadByQt(const IconFile& file, const IconFilePart& part) {
     return {};
 }
 
+QImage ReadByLibpng(const IconFile& file, const IconFilePart& part) {
+    const Bitmap bitmap = file.ReadPng(part);
+    if (bitmap.Pixels.empty()) return {};
+    const auto* pixels = reinterpret_cast<const uchar*>(bitmap.Pixels.data());
+    return QImage(pixels, static_cast<int>(bitmap.Width), static_cast<int>(bitmap.Height),
+                  QImage::Format_ARGB32_Premultiplied)
+        .copy();
+}
+
 QImage ReadIcon(const IconFile& file, int side) {
     for (const IconFilePart& part : file.PartsFor(side)) {
-        const Bitmap bitmap = file.ReadPng(part);
-        const auto* pixels = reinterpret_cast<const uchar*>(bitmap.Pixels.data());
-        const QImage image = bitmap.Pixels.empty() ? ReadByQt(file, part)
-                                                   : QImage(pixels, static_cast<int>(bitmap.Width),
-                                                            static_cast<int>(bitmap.Height),
-                                                            QImage::Format_ARGB32_Premultiplied)
-                                                         .copy();
+        const QImage image = part.IsPng ? ReadByLibpng(file, part) : ReadByQt(file, part);
         if (!image.isNull()) return image;
     }
     return {};
