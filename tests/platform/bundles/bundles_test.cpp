@@ -142,7 +142,7 @@ class BundleIcon : public ::testing::Test {
 
 TEST_F(BundleIcon, IsTheOneThePropertyListNamesElseTheFirst) {
     EXPECT_EQ(BundleIconPath(FolderItem(folder_ / "missing.app")), "");
-    Resource("readme.txt");
+    Resource("About.txt");
     ASSERT_EQ(symlink("nowhere", (folder_ / "A.app/Contents/Resources/Gone.icns").c_str()), 0);
     EXPECT_EQ(Found(), "");
     Resource("Zebra.icns");
