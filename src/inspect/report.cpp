@@ -78,9 +78,8 @@ Row RowOf(const Finding& finding, bool forPeople = false) {
 /// The columns that a text takes on a terminal: two for each character from U+3000 on.
 size_t WidthOf(const std::string& text) {
     size_t width = 0;
-    for (const char c : text) {
-        const auto byte = static_cast<unsigned char>(c);
-        if (byte < 0x80 || byte >= 0xC0) width += byte >= 0xE3 ? 2 : 1;
+    for (const char byte : text) {
+        if (BeginsCharacter(byte)) width += static_cast<unsigned char>(byte) >= 0xE3 ? 2 : 1;
     }
     return width;
 }

@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "platform/text/encoding.h"
+#include "platform/text/text.h"
 #include "platform/values/memory_block.h"
 #include "platform/values/reference.h"
 
@@ -41,8 +42,6 @@ class JSONStringBuffer final {
     [[gnu::always_inline]] void AppendAscii(std::string_view text) {
         AppendCounted(text, text.size());
     }
-    /// Whether the byte is the first one of a character in UTF-8.
-    static bool BeginsCharacter(char byte) { return static_cast<signed char>(byte) >= -0x40; }
     /// Starts with a text.
     explicit JSONStringBuffer(std::string_view text);
     /// Starts with a block of `capacity` bytes.

@@ -216,7 +216,7 @@ void JSONItem::_escape(std::string_view text, JSONStringBuffer& buffer) const {
         size_t plain = 0;
         uint64_t characters = 0;
         for (; plain < text.size() && NeedsOf(text[plain]) == 0; ++plain)
-            characters += JSONStringBuffer::BeginsCharacter(text[plain]);
+            characters += BeginsCharacter(text[plain]);
         buffer.AppendCounted(text.substr(0, plain), characters);
         if (plain == text.size()) return;
         text.remove_prefix(plain);

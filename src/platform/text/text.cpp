@@ -9,10 +9,6 @@ bool IsASCII(char byte) {
     return static_cast<unsigned char>(byte) < 0x80;
 }
 
-bool IsContinuation(char byte) {
-    return (static_cast<unsigned char>(byte) & 0xC0) == 0x80;
-}
-
 /// The length in bytes of the character at the position; 1 for a byte in no valid sequence.
 size_t CharacterLength(std::string_view text, size_t position) {
     const auto lead = static_cast<unsigned char>(text[position]);
@@ -22,7 +18,7 @@ size_t CharacterLength(std::string_view text, size_t position) {
                                                          : 1;
     if (position + length > text.size()) return 1;
     for (size_t i = 1; i < length; ++i) {
-        if (!IsContinuation(text[position + i])) return 1;
+        if (BeginsCharacter(text[position + i])) return 1;
     }
     return length;
 }

@@ -60,6 +60,10 @@ std::string DecodeHex(std::string_view digits);
 /// The text without the white space (blank, tab, line ends, form feed) at both ends.
 std::string_view Trim(std::string_view text);
 
+/// Whether the byte is the first one of a character in UTF-8.
+constexpr bool BeginsCharacter(char byte) {
+    return (static_cast<unsigned char>(byte) & 0xC0) != 0x80;
+}
 /// The length in bytes of the text's first `characters` characters.
 int64_t BytesOfCharacters(std::string_view text, int64_t characters);
 
