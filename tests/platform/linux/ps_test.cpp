@@ -68,6 +68,8 @@ TEST_F(PsTest, ShowsAProgramUnderTheInstalledNameOfItsBundle) {
             End(process);
         }
     }
+    Start({"/bin/sh", "script"}, [&] { (void)!chdir(elsewhere.c_str()); });
+    EXPECT_TRUE(EventuallyShows({installed + "script"}));
 }
 
 // A path on a network mount that doesn't answer would block the helper.

@@ -51,6 +51,9 @@ std::string BundleScript(pid_t id, const std::vector<std::string>& arguments) {
     for (size_t i = 1; i < arguments.size(); ++i) {
         std::string path = arguments[i];
         if (path.empty() || path[0] == '-') continue;
+        // Most relative arguments are no scripts. A script's path nearly always has a slash; only
+        // `sh script` is commonly typed without one.
+        if (path.find('/') == path.npos && !arguments[0].ends_with("sh")) continue;
         if (path[0] != '/') {
             if (folder.empty()) folder = ProgramLink(FileOf(id, "cwd"));
             path = folder + "/" + path.substr(path.starts_with("./") ? 2 : 0);
